@@ -6,6 +6,7 @@
 /// Each operation is defined in the folder of its subject: interface, cashunits or mix.
 
 #include "ObjectLayout.h"
+#include "Records.h"
 
 class CMixAlgorithm final : public IMixAlgorithm, public MixAlgorithmFields {
 public:

@@ -5,7 +5,7 @@
 /// They follow the slot-table pointer without a gap. The offsets hold where pointers have four
 /// bytes; where they are wider, the fields keep their order and stay packed.
 
-#include "../cashunits/Records.h"
+#include "LittleEndian.h"
 #include "MixAlgorithm.h"
 
 #include <cstddef>
