@@ -1,0 +1,81 @@
+#include "CMixAlgorithm.h"
+#include "CountDown.h"
+#include "Refusal.h"
+#include "SingleUnit.h"
+
+namespace {
+
+/// Takes the first combination within the limit; the unit that holds the most money comes first.
+struct FirstFitRule : CountDownRule {
+    bool isFound = false;
+    Counts found{};
+    Refusal refusal;
+
+    explicit FirstFitRule(const SearchUnits& searched) noexcept : CountDownRule{searched} {}
+
+    // On purpose: no loop is left out and none ends at 0. After 0 a counter goes on at 2^32 - 1,
+    // and products and rests wrap with it. With three and more units only a combination ends the
+    // search: it can pay far too much, and it can run for ever. A host has to set a deadline.
+    static bool SkipsLoop(std::uint32_t) noexcept { return false; }
+    static bool IsLowest(std::uint32_t) noexcept {
+        asm volatile("");  // the compiler might otherwise assume that the loop ends
+        return false;
+    }
+
+    Verdict Visit(const Counts& combination, std::uint32_t unpaid) noexcept {
+        return unpaid == 0 ? Take(combination) : Verdict::GoOn;
+    }
+
+    Verdict Take(const Counts& combination) noexcept {
+        if (!units.IsWithinLimit(combination)) {
+            refusal.Remember(
+                combination);  // on purpose no end of the search, with two units either
+            return Verdict::GoOn;
+        }
+        found = combination;
+        isFound = true;
+        return Verdict::EndSearch;
+    }
+};
+
+/// The fallback: the first combination below the amount, normally the greedy one.
+struct FirstShortRule : FirstFitRule {
+    using FirstFitRule::FirstFitRule;
+
+    Verdict Visit(const Counts& combination, std::uint32_t unpaid) noexcept {
+        const std::uint32_t paid = units.amount - unpaid;
+        return paid < units.amount ? Take(combination) : Verdict::GoOn;
+    }
+};
+
+}  // namespace
+
+std::int32_t CMixAlgorithm::CalcFirstFitEmptying(const MixRequest& request,
+                                                 const LcuTable& table,
+                                                 LcuNotes& notes) noexcept {
+    if (table.aLCUs[0].ulValues == 0) {
+        return kNotDispensable;  // nothing recorded
+    }
+    if (!HasSearchableSize(table)) {
+        return Fail(Failure::TooManyUnits);
+    }
+    const SearchUnits units(request, table);
+    if (units.HaveZeroValue()) {
+        return Fail(Failure::NotDispensable);
+    }
+    if (units.n == 1) {
+        return PayFromSingleUnit(units, notes);
+    }
+    FirstShortRule search(units);
+    CountDown<FirstFitRule>(search);
+    // On purpose for two units alone: with more, only a combination ends the loops above.
+    if (!search.isFound && units.n == 2 && units.allowsPartial) {
+        CountDown(search);
+    }
+    if (!search.isFound) {
+        return Fail(Failure::NotDispensable);
+    }
+    search.refusal.Record(request, table, units);
+    StoreNotes(units, search.found, notes);
+    return kSuccess;
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "Failure.h"
+#include "ResultCodes.h"
+#include "SearchUnits.h"
+
+/// Pays from the only unit of a table: the whole amount, or with a partial amount allowed what the
+/// unit can pay of it, even nothing. Equal notes, equal emptying and first-fit emptying share it.
+///
+/// @return 0, or kNotDispensable after recording "971A2"; over the limit too, where that code
+///   overwrites the limit's own.
+inline std::int32_t PayFromSingleUnit(const SearchUnits& units, LcuNotes& notes) noexcept {
+    Counts combination{};
+    const bool isExact = TakeGreedily(units, combination) == 0;
+    if (!(isExact || units.allowsPartial) || !units.IsWithinLimit(combination)) {
+        return Fail(Failure::NotDispensable);
+    }
+    StoreNotes(units, combination, notes);
+    return kSuccess;
+}
