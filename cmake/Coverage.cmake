@@ -1,0 +1,5 @@
+option(QXMIX_COVERAGE "Count executed lines and branches" OFF)
+if(QXMIX_COVERAGE)
+  add_compile_options(--coverage -O0 -g)
+  add_link_options(--coverage)
+endif()
