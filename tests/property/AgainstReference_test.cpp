@@ -1,0 +1,121 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <iostream>
+
+#include "Describe.h"
+#include "ModuleUnderTest.h"
+#include "RandomRequests.h"
+#include "Settings.h"
+
+namespace property {
+namespace {
+
+constexpr std::uint64_t kStepBudget = 100000;
+constexpr unsigned kMostDifferencesShown = 5;
+
+/// Share of a kind in all cases, in hundredths.
+std::uint64_t ShareOf(Kind kind) {
+    switch (kind) {
+    case Kind::Realistic:
+    case Kind::Adversarial:
+        return 30;
+    case Kind::Extreme:
+        return 20;
+    case Kind::Wrapping:
+    case Kind::AnyBytes:
+        return 10;
+    }
+    return 0;
+}
+
+/// What became of the cases of one kind.
+struct Tally {
+    std::uint64_t equal = 0;
+    std::uint64_t exceeded = 0;
+    std::uint64_t different = 0;
+    std::uint64_t paid = 0;
+    std::array<std::uint64_t, 11> equalByMix{};  // by mix number; 0 stands for all invalid ones
+};
+
+void Count(const Answer& answer, Tally& tally) {
+    ++tally.equal;
+    if (answer.returned == 0 && std::any_of(answer.result.begin(), answer.result.end(),
+                                            [](std::uint8_t byte) { return byte != 0; })) {
+        ++tally.paid;
+    }
+    const unsigned mix = reference::ReadU16(answer.request.data());
+    ++tally.equalByMix[mix <= 10 ? mix : 0];
+}
+
+class AgainstReference : public testing::TestWithParam<Kind> {
+protected:
+    void RunCase(std::uint64_t number) {
+        Draw draw(seed_, number);
+        const RandomCase random = MakeRandomCase(GetParam(), draw);
+        Answer expected;
+        std::copy_n(random.request.Bytes(), reference::kRequestBytes, expected.request.begin());
+        Answer actual = expected;
+        const reference::Outcome outcome = reference::MixCalculate(
+            random.object, expected.request.data(), expected.result.data(), kStepBudget);
+        if (!outcome.finished) {
+            ++tally_.exceeded;
+            return;
+        }
+        expected.returned = outcome.returned;
+        expected.lastCode = outcome.lastCode;
+        const bool intact =
+            module_.Calculate(random.object, static_cast<unsigned>(number % 8), actual);
+        const std::string difference = Difference(expected, actual);
+        if (intact && difference.empty()) {
+            Count(actual, tally_);
+            return;
+        }
+        ++tally_.different;
+        if (tally_.different <= kMostDifferencesShown) {
+            ADD_FAILURE() << NameOf(GetParam()) << ", seed " << seed_ << ", case " << number << ": "
+                          << (intact ? "" : "wrote beside its records; ") << difference
+                          << "\nobject: mixes " << random.object.first << " to "
+                          << random.object.last << ", minimum " << random.object.cstMinimum << "\n"
+                          << Describe(random.request.Bytes());
+        }
+    }
+
+    std::uint64_t seed_ = Setting("QXMIX_SEED", 1);
+    std::uint64_t first_ = Setting("QXMIX_FIRST", 0);
+    std::uint64_t cases_ =
+        std::max<std::uint64_t>(1, Setting("QXMIX_CASES", 1200000) * ShareOf(GetParam()) / 100);
+    Tally tally_;
+    ModuleUnderTest module_;
+};
+
+TEST_P(AgainstReference, AnswersEveryRequestAlike) {
+    for (std::uint64_t number = first_; number < first_ + cases_; ++number) {
+        RunCase(number);
+    }
+    std::cout << NameOf(GetParam()) << ": seed " << seed_ << ", " << cases_ << " cases from "
+              << first_ << ": " << tally_.equal << " equal (" << tally_.paid << " paid), "
+              << tally_.different << " different, " << tally_.exceeded << " not run (more than "
+              << kStepBudget << " steps)\n  equal by mix (0: invalid):";
+    for (const std::uint64_t equal : tally_.equalByMix) {
+        std::cout << ' ' << equal;
+    }
+    std::cout << std::endl;
+    EXPECT_EQ(0U, tally_.different);
+    if (cases_ >= 1000) {  // enough to tell that the cases are worth something
+        EXPECT_LT(tally_.exceeded, cases_ / 5);
+        EXPECT_GT(tally_.paid, cases_ / 30);
+        EXPECT_GT(*std::min_element(tally_.equalByMix.begin(), tally_.equalByMix.end()), 0U);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Random,
+                         AgainstReference,
+                         testing::ValuesIn(kAllKinds),
+                         [](const testing::TestParamInfo<Kind>& one) {
+                             return std::string(NameOf(one.param));
+                         });
+
+}  // namespace
+}  // namespace property

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <cstdint>
+
+namespace property {
+
+/// Number in an environment variable, or the default when the variable is missing or no number.
+///
+/// QXMIX_SEED   seed of the random requests
+/// QXMIX_CASES  random requests in all
+/// QXMIX_FULL   1: every small table instead of a part of them
+std::uint64_t Setting(const char* name, std::uint64_t byDefault);
+
+}  // namespace property

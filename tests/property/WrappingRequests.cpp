@@ -1,0 +1,55 @@
+#include "RandomRequests.h"
+
+namespace property {
+namespace {
+
+/// Two kinds of which one is taken by the ten thousand: the spread of their counts wraps.
+void FillManyItems(Draw& draw, RandomCase& random) {
+    const std::uint32_t small = draw.Between(1, 3);
+    const std::uint32_t amount = small * draw.Between(40000, 65000);
+    random.request.Coin(small, draw.Between(40000, 140000));
+    const std::uint32_t value = draw.Between(amount / 60, amount / 2);
+    random.request.Bill(value, draw.Between(1, 40000));
+    if (draw.Percent(50)) {
+        const std::uint32_t third = draw.Between(amount / 8, amount);
+        random.request.Bill(third, draw.Between(1, 40000));
+    }
+    random.request.Amount(amount).Limit(static_cast<std::uint16_t>(draw.Between(40000, 65535)));
+}
+
+/// A few items of units that hold so many that the products of their counts wrap.
+void FillFullUnits(Draw& draw, RandomCase& random) {
+    constexpr std::uint32_t kMost[] = {600, 3000, 70000, 20000000};
+    const std::uint32_t most = draw.Pick(kMost);
+    const std::uint32_t number = draw.Between(2, 5);
+    std::uint32_t amount = 0;
+    for (std::uint32_t index = 0; index < number; ++index) {
+        const std::uint32_t value = draw.Between(1, 30);
+        const std::uint32_t count = draw.Between(most / 4, most);
+        if (draw.Percent(85)) {
+            random.request.Bill(value, count);
+        } else {
+            random.request.Coin(value, count);
+        }
+        amount += value * draw.Below(6);
+    }
+    random.request.Amount(amount).Limit(static_cast<std::uint16_t>(draw.Between(5, 60)));
+}
+
+}  // namespace
+
+void FillWrapping(Draw& draw, RandomCase& random) {
+    constexpr std::uint16_t kScoringMixes[] = {2, 3, 7, 8};
+    if (draw.Percent(80)) {
+        random.request.Mix(draw.Pick(kScoringMixes));
+    }
+    random.request.Currency("EUR").Exponent(0).Partial(draw.Below(3));
+    if (draw.Percent(30)) {
+        FillManyItems(draw, random);
+    } else {
+        FillFullUnits(draw, random);
+    }
+    random.object.cstMinimum = draw.Below(2);
+}
+
+}  // namespace property
