@@ -1,0 +1,4 @@
+#pragma once
+
+/// Makes the handles of all events unknown.
+void ForgetEvents();

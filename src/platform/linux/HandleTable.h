@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstdint>
+#include <unordered_map>
+#include <utility>
+
+/// Objects that callers hold by a handle: a number that is never an address, so that a foreign or
+/// an old handle can be looked up, and refused, without touching memory.
+///
+/// Not safe under threads by itself.
+template <typename Object>
+class HandleTable {
+public:
+    /// @param first  number of the first handle; the next ones follow in steps of four.
+    explicit HandleTable(std::uint32_t first) noexcept : first_(first), next_(first) {}
+
+    void* Insert(Object object) {
+        while (objects_.count(next_) != 0) {
+            Advance();
+        }
+        const std::uintptr_t number = next_;
+        objects_.emplace(number, std::move(object));
+        // A number comes round again only after millions of others: an old handle stays wrong.
+        Advance();
+        return reinterpret_cast<void*>(number);
+    }
+
+    /// @return the object, valid until the next Insert or Erase, or null for an unknown handle.
+    Object* Find(const void* handle) noexcept {
+        const auto found = objects_.find(reinterpret_cast<std::uintptr_t>(handle));
+        return found == objects_.end() ? nullptr : &found->second;
+    }
+
+    bool Erase(const void* handle) noexcept {
+        return objects_.erase(reinterpret_cast<std::uintptr_t>(handle)) != 0;
+    }
+
+    std::uint32_t Size() const noexcept { return static_cast<std::uint32_t>(objects_.size()); }
+
+    /// Forgets every object; the numbers go on, so that the old handles stay wrong.
+    void Clear() noexcept { objects_.clear(); }
+
+private:
+    static constexpr std::uintptr_t kStep = 4;
+    static constexpr std::uintptr_t kRange = 0x04000000;
+
+    void Advance() noexcept { next_ = next_ - first_ < kRange ? next_ + kStep : first_; }
+
+    std::uintptr_t first_;
+    std::uintptr_t next_;
+    std::unordered_map<std::uintptr_t, Object> objects_;
+};
