@@ -1,5 +1,6 @@
 #include "CMixAlgorithm.h"
 #include "MostEven.h"
+#include "SpreadBound.h"
 
 namespace {
 
@@ -7,7 +8,8 @@ namespace {
 /// all, which is k * sum of (n(i) - n(j))^2 over all pairs. Everything wraps at 32 bits.
 class Spread {
 public:
-    explicit Spread(const SearchUnits& units) noexcept : units_(units) {}
+    explicit Spread(const SearchUnits& units) noexcept
+        : units_(units), mostItems_(units.HaveCoins() ? 2 * units.limit : units.limit) {}
 
     std::uint32_t Score(const Counts& combination) const noexcept {
         const unsigned k = units_.n;
@@ -25,20 +27,36 @@ public:
 
     void Walk(const ExactWalk& walk, MostEven<Spread>& search) const noexcept;
 
+    /// Whether combinations whose counts differ by more than `width` all score above `score`: two
+    /// counts that differ by w give at least k * k * w * w / 2.
+    bool LeavesOnlyWorse(std::uint64_t width, std::uint64_t score) const noexcept {
+        const std::uint64_t scaled = units_.n * (width + 1);
+        return scaled * scaled > 2 * score;
+    }
+
 private:
-    bool MayWrap() const noexcept;
+    /// Whether no score of a combination within the limit wraps: it is below k * k * S * S.
+    bool IsTrue() const noexcept {
+        const std::uint64_t most = std::uint64_t{units_.n} * mostItems_;
+        return most * most <= 0xFFFFFFFFU;
+    }
 
     const SearchUnits& units_;
+    std::uint32_t mostItems_;  ///< that the limit allows, of both kinds together
+
+    friend struct BandRule;
 };
 
-/// Shows only combinations whose counts lie within a band, and leaves those that are already too
-/// uneven. Scores do not wrap here.
+/// Shows only combinations whose counts differ by no more than the width of a band, and of those
+/// only what may score as low as the best so far.
 struct BandRule : WithinLimitRule<Spread> {
-    std::uint32_t width;                              ///< most that two counts may differ
+    std::uint32_t width;
+    SpreadBound bound;
     std::array<std::uint64_t, kMaxCashUnits> sums{};  ///< of the values of the levels from here on
 
     BandRule(MostEven<Spread>& search, const ExactWalk& exactWalk, std::uint32_t bandWidth) noexcept
-        : WithinLimitRule(search, exactWalk), width(bandWidth) {
+        : WithinLimitRule(search, exactWalk), width(bandWidth),
+          bound(search.units, search.evenness.mostItems_) {
         for (unsigned unit = most.units.n; unit-- > 0;) {
             sums[unit] = sums[unit + 1] + most.units.values[unit];
         }
@@ -51,69 +69,43 @@ struct BandRule : WithinLimitRule<Spread> {
         WithinLimitRule::Narrow(level, combination, rest, range);
         for (unsigned before = 0; before < level; ++before) {
             const std::uint32_t count = combination[before];
-            NarrowTo(range, count > width ? count - width : 0, std::uint64_t{count} + width);
+            NarrowTo(range, count > width ? count - width : 0, count + width);
         }
-        // The units after take at most `width` more or fewer than this one, each.
+        // The units after take at most `width` items more or fewer than this one, each.
         const std::uint64_t slack = sums[level + 1] * width;
         const std::uint64_t unpayable = slack + walk.MostShortfall();
-        NarrowTo(range, rest > unpayable ? (rest - unpayable + sums[level] - 1) / sums[level] : 0,
+        NarrowTo(range, rest > unpayable ? (rest - unpayable - 1) / sums[level] + 1 : 0,
                  (rest + slack) / sums[level]);
     }
 
-    /// The score is at least what the chosen counts alone give, the others being at their mean.
-    bool Enters(unsigned level, const Counts& combination, std::uint32_t) const noexcept {
-        if (!most.isFound) {
-            return true;
-        }
-        const std::uint64_t k = most.units.n;
-        const std::uint64_t chosen = level + 1;
-        std::uint64_t total = 0;
-        std::uint64_t squares = 0;
-        for (unsigned unit = 0; unit <= level; ++unit) {
-            total += combination[unit];
-            squares += std::uint64_t{combination[unit]} * combination[unit];
-        }
-        return k * k * (chosen * squares - total * total) <= chosen * most.best;
+    bool Enters(unsigned level, const Counts& combination, std::uint32_t rest) const noexcept {
+        return !most.isFound || walk.MostShortfall() != 0 ||
+               !bound.IsAbove(most.best, level, combination, rest);
     }
 
     static void NarrowTo(CountRange& range, std::uint64_t low, std::uint64_t high) noexcept {
-        range.low = static_cast<std::uint32_t>(std::max(std::uint64_t{range.low}, low));
-        range.high = static_cast<std::uint32_t>(std::min(std::uint64_t{range.high}, high));
+        range.low = static_cast<std::uint32_t>(std::max<std::uint64_t>(range.low, low));
+        range.high = static_cast<std::uint32_t>(std::min<std::uint64_t>(range.high, high));
     }
 };
 
-/// Whether the score of a combination within the limit may wrap: it is below k * k * S * S.
-bool Spread::MayWrap() const noexcept {
-    const std::uint64_t kinds =
-        std::find(units_.areCoins.begin(), units_.areCoins.end(), true) != units_.areCoins.end()
-            ? 2
-            : 1;
-    const std::uint64_t most = units_.n * kinds * units_.limit;
-    return most * most > 0xFFFFFFFFU;
-}
-
-/// Searches in a narrow band first. Two counts that differ by w give a score of at least
-/// k * k * w * w / 2: once a wider band could only hold greater scores, the answer is final.
+/// Searches in a narrow band first and widens it until what lies outside could only score worse.
 void Spread::Walk(const ExactWalk& walk, MostEven<Spread>& search) const noexcept {
-    if (MayWrap()) {
+    if (!IsTrue() || !SpreadBound::Fits(units_)) {
         WithinLimitRule<Spread> rule(search, walk);
         walk.Run<Direction::Downwards>(rule);
         return;
     }
-    const std::uint64_t k = units_.n;
-    std::uint64_t width = 2;
-    for (;;) {
-        BandRule rule(search, walk, static_cast<std::uint32_t>(width));
+    for (std::uint32_t width = 2;;) {
+        BandRule rule(search, walk, width);
         walk.Run<Direction::Downwards>(rule);
-        if (width >= units_.limit) {
+        if (width >= units_.limit || (search.isFound && LeavesOnlyWorse(width, search.best))) {
             return;
         }
         if (!search.isFound) {
-            width = std::min(width * 4, std::uint64_t{units_.limit});
-        } else if (k * k * (width + 1) * (width + 1) > 2 * std::uint64_t{search.best}) {
-            return;
+            width *= 4;
         } else {
-            while (k * k * (width + 1) * (width + 1) <= 2 * std::uint64_t{search.best}) {
+            while (!LeavesOnlyWorse(width, search.best)) {
                 ++width;
             }
         }

@@ -67,6 +67,30 @@ private:
     CountRange RangeAt(unsigned level, std::uint32_t rest) const noexcept;
     void KeepDivisible(unsigned level, std::uint32_t rest, CountRange& range) const noexcept;
 
+    template <typename Rule>
+    CountRange NarrowedRange(const Rule& rule,
+                             unsigned level,
+                             const Counts& combination,
+                             std::uint32_t rest) const noexcept {
+        CountRange range = RangeAt(level, rest);
+        rule.Narrow(level, combination, rest, range);
+        KeepDivisible(level, rest, range);
+        return range;
+    }
+
+    /// How many counts a level has.
+    std::uint32_t Steps(unsigned level, const CountRange& range) const noexcept {
+        return range.low <= range.high ? (range.high - range.low) / strides_[level] + 1 : 0;
+    }
+
+    template <Direction kDirection>
+    static std::uint32_t Step(std::uint32_t items) noexcept {
+        return kDirection == Direction::Downwards ? 0U - items : items;
+    }
+
+    template <Direction kDirection, typename Rule>
+    Verdict RunLastPair(Rule& rule, Counts& combination, std::uint32_t rest) const noexcept;
+
     std::uint32_t amount_;
     unsigned last_;       ///< the level whose count follows from the others
     unsigned shortfall_;  ///< entry of the additional unit
@@ -82,40 +106,57 @@ private:
 
 template <Direction kDirection, typename Rule>
 void ExactWalk::Run(Rule& rule) const noexcept {
+    if (amount_ % divisors_[0] != 0 || amount_ > capacities_[0]) {
+        return;
+    }
     Counts combination{};
     Counts rests{};  // by level: what it and the levels after have to pay,
     Counts nexts{};  // the count that it takes next,
     Counts turns{};  // and how many counts it still has
-    const auto open = [&](unsigned level, std::uint32_t rest) {
-        CountRange range = RangeAt(level, rest);
-        rule.Narrow(level, combination, rest, range);
-        KeepDivisible(level, rest, range);
-        rests[level] = rest;
-        nexts[level] = kDirection == Direction::Downwards ? range.high : range.low;
-        turns[level] = range.low <= range.high ? (range.high - range.low) / strides_[level] + 1 : 0;
-    };
-    if (amount_ % divisors_[0] == 0 && amount_ <= capacities_[0]) {
-        open(0, amount_);
-    }
+    std::uint32_t rest = amount_;
     for (unsigned level = 0;;) {
-        while (turns[level] == 0) {
+        if (level + 1 == last_) {
+            if (RunLastPair<kDirection>(rule, combination, rest) == Verdict::EndSearch) {
+                return;
+            }
+        } else {
+            const CountRange range = NarrowedRange(rule, level, combination, rest);
+            rests[level] = rest;
+            nexts[level] = kDirection == Direction::Downwards ? range.high : range.low;
+            turns[level] = Steps(level, range);
+            ++level;
+        }
+        do {
+            while (level > 0 && turns[level - 1] == 0) {
+                --level;
+            }
             if (level == 0) {
                 return;
             }
-            --level;
-        }
-        --turns[level];
-        combination[level] = nexts[level];
-        nexts[level] += kDirection == Direction::Downwards ? 0U - strides_[level] : strides_[level];
-        const std::uint32_t left = rests[level] - values_[level] * combination[level];
-        if (level + 1 == last_) {
-            combination[last_] = left / values_[last_];
-            if (rule.Visit(combination) == Verdict::EndSearch) {
-                return;
-            }
-        } else if (rule.Enters(level, combination, left)) {
-            ++level;
-            open(level, left);
-        }
+            const unsigned before = level - 1;
+            --turns[before];
+            combination[before] = nexts[before];
+            nexts[before] += Step<kDirection>(strides_[before]);
+            rest = rests[before] - values_[before] * combination[before];
+        } while (!rule.Enters(level - 1, combination, rest));
     }
+}
+
+/// The last level that is walked: each step exchanges items of its unit for items of the last one.
+template <Direction kDirection, typename Rule>
+Verdict ExactWalk::RunLastPair(Rule& rule, Counts& combination, std::uint32_t rest) const noexcept {
+    const unsigned level = last_ - 1;
+    const CountRange range = NarrowedRange(rule, level, combination, rest);
+    const std::uint32_t first = kDirection == Direction::Downwards ? range.high : range.low;
+    const std::uint32_t exchanged = values_[level] / divisors_[level];
+    combination[level] = first;
+    combination[last_] = (rest - values_[level] * first) / values_[last_];
+    for (std::uint32_t turns = Steps(level, range); turns != 0; --turns) {
+        if (rule.Visit(combination) == Verdict::EndSearch) {
+            return Verdict::EndSearch;
+        }
+        combination[level] += Step<kDirection>(strides_[level]);
+        combination[last_] -= Step<kDirection>(exchanged);
+    }
+    return Verdict::GoOn;
 }

@@ -23,15 +23,16 @@ public:
             refusal.Remember(combination);
             return units.n == 2 ? Verdict::EndSearch : Verdict::GoOn;
         }
-        // Of equal scores the one stays that the loops meet first, whatever order they came in
-        // here.
-        const std::uint32_t score = evenness.Score(combination);
-        if (!isFound || score < best || (score == best && combination > found)) {
-            isFound = true;
-            best = score;
-            found = combination;
-        }
+        Keep(combination, evenness.Score(combination));
         return Verdict::GoOn;
+    }
+
+    /// Judges a combination of three and more units; those over the limit are recalled afterwards.
+    void ConsiderOfMany(const Counts& combination) noexcept {
+        const std::uint32_t score = evenness.Score(combination);
+        if ((!isFound || score <= best) && units.IsWithinLimit(combination)) {
+            Keep(combination, score);
+        }
     }
 
     /// One pass over the combinations that make the whole amount, or over those that fall short.
@@ -54,6 +55,15 @@ private:
             return (unpaid != 0) == wantsShort ? most.Consider(combination) : Verdict::GoOn;
         }
     };
+
+    /// Of equal scores the one stays that the loops meet first, whatever order they came in here.
+    void Keep(const Counts& combination, std::uint32_t score) noexcept {
+        if (!isFound || score < best || (score == best && combination > found)) {
+            isFound = true;
+            best = score;
+            found = combination;
+        }
+    }
 
     /// For two units the walk stays whole, since the first combination over the limit ends it.
     struct TwoUnitRule : WalkRule {
@@ -110,7 +120,7 @@ struct WithinLimitRule : WalkRule {
     /// Nothing replaces a score of 0, since only a smaller one would, or an equal one met earlier.
     Verdict Visit(const Counts& combination) noexcept {
         if (walk.Regards(combination)) {
-            most.Consider(combination);
+            most.ConsiderOfMany(combination);
         }
         return most.isFound && most.best == 0 ? Verdict::EndSearch : Verdict::GoOn;
     }

@@ -38,6 +38,10 @@ struct SearchUnits {
         return std::find(values.begin(), values.begin() + n, 0U) != values.begin() + n;
     }
 
+    bool HaveCoins() const noexcept {
+        return std::find(areCoins.begin(), areCoins.begin() + n, true) != areCoins.begin() + n;
+    }
+
     /// Whether the amount or a count is 2^31 or more: read as a signed number it is negative, and
     /// the searches follow that reading only in their plain loops.
     bool ReachSignBit() const noexcept {
