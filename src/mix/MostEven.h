@@ -86,12 +86,14 @@ private:
             walk.Run<Direction::Downwards>(rule);
         } else {
             evenness.Walk(walk, *this);
-            RecallRefusal(walk);
+            if (isFound || units.allowsPartial) {
+                RecallRefusal(walk);
+            }
         }
     }
 
     /// A narrowed walk does not see every combination over the limit, and of a search that succeeds
-    /// the last one's code stays behind.
+    /// the last one's code stays behind. (A search that fails leaves a code of its own.)
     void RecallRefusal(const ExactWalk& walk) noexcept {
         OverLimitRule rule(units, walk, refusal);
         if (rule.MayExceed()) {
