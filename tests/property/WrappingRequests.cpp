@@ -21,11 +21,13 @@ void FillManyItems(Draw& draw, RandomCase& random) {
 void FillFullUnits(Draw& draw, RandomCase& random) {
     constexpr std::uint32_t kMost[] = {600, 3000, 70000, 20000000};
     const std::uint32_t most = draw.Pick(kMost);
+    const bool powersOfTwo = draw.Percent(25);  // scores that wrap to exactly 2^31 or 0
     const std::uint32_t number = draw.Between(2, 5);
     std::uint32_t amount = 0;
     for (std::uint32_t index = 0; index < number; ++index) {
-        const std::uint32_t value = draw.Between(1, 30);
-        const std::uint32_t count = draw.Between(most / 4, most);
+        const std::uint32_t value = draw.Between(1, powersOfTwo ? 6 : 30);
+        const std::uint32_t count =
+            powersOfTwo ? 1U << draw.Between(27, 30) : draw.Between(most / 4, most);
         if (draw.Percent(85)) {
             random.request.Bill(value, count);
         } else {
