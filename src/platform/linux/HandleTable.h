@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <new>
 #include <unordered_map>
 #include <utility>
 
@@ -11,16 +12,22 @@
 template <typename Object>
 class HandleTable {
 public:
-    /// @param first  number of the first handle; the next ones follow in steps of four.
-    explicit HandleTable(std::uint32_t first) noexcept : first_(first), next_(first) {}
+    /// @param first    number of the first handle; the next ones follow in steps of four.
+    /// @param handles  how many there are before the first comes again.
+    explicit HandleTable(std::uint32_t first, std::uint32_t handles = 0x01000000) noexcept
+        : first_(first), handles_(handles), next_(first) {}
 
+    /// @throws std::bad_alloc also when every handle is in use.
     void* Insert(Object object) {
+        if (objects_.size() == handles_) {
+            throw std::bad_alloc();
+        }
         while (objects_.count(next_) != 0) {
             Advance();
         }
         const std::uintptr_t number = next_;
         objects_.emplace(number, std::move(object));
-        // A number comes round again only after millions of others: an old handle stays wrong.
+        // A number comes again only after all others: an old handle stays wrong for long.
         Advance();
         return reinterpret_cast<void*>(number);
     }
@@ -42,11 +49,14 @@ public:
 
 private:
     static constexpr std::uintptr_t kStep = 4;
-    static constexpr std::uintptr_t kRange = 0x04000000;
 
-    void Advance() noexcept { next_ = next_ - first_ < kRange ? next_ + kStep : first_; }
+    void Advance() noexcept {
+        next_ += kStep;
+        next_ = next_ == first_ + handles_ * kStep ? first_ : next_;
+    }
 
     std::uintptr_t first_;
+    std::uintptr_t handles_;
     std::uintptr_t next_;
     std::unordered_map<std::uintptr_t, Object> objects_;
 };

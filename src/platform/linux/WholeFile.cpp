@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <filesystem>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -62,16 +63,13 @@ bool WriteAll(const File& file, std::string_view bytes) noexcept {
 }
 
 /// Creates a file of its own beside another one.
-///
-/// @param mode  rights of the new file, less those that the process never gives.
 /// @param path  receives its path.
-int CreateBeside(const char* other, mode_t mode, std::string* path) {
+int CreateBeside(const std::string& other, std::string* path) {
     static std::atomic<unsigned> last{0};
     int descriptor = -1;
     do {
-        *path =
-            std::string(other) + ".new-" + std::to_string(getpid()) + "-" + std::to_string(++last);
-        descriptor = open(path->c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+        *path = other + ".new-" + std::to_string(getpid()) + "-" + std::to_string(++last);
+        descriptor = open(path->c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     } while (descriptor < 0 && errno == EEXIST);
     return descriptor;
 }
@@ -112,12 +110,16 @@ void ReplaceFile(const char* path, std::string_view bytes) {
         WriteDirectly(path, bytes);
         return;
     }
+    // A link stays, and what it points to is replaced.
+    const std::string target = exists ? std::filesystem::canonical(path).string() : path;
     std::string beside;
-    File file(CreateBeside(path, exists ? old.st_mode & 07777U : 0666U, &beside));
+    File file(CreateBeside(target, &beside));
     if (!file.IsOpen()) {
         FailWriting();
     }
-    if (!WriteAll(file, bytes) || !file.Close() || rename(beside.c_str(), path) != 0) {
+    const bool hasRights = !exists || fchmod(file.Descriptor(), old.st_mode & 07777U) == 0;
+    if (!hasRights || !WriteAll(file, bytes) || !file.Close() ||
+        rename(beside.c_str(), target.c_str()) != 0) {
         const int number = errno;
         unlink(beside.c_str());
         FailWith("cannot be written", number);

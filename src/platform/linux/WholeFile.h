@@ -12,6 +12,7 @@ struct FileFailure {
 /// @return the bytes of the file. @throws FileFailure
 std::string ReadWholeFile(const char* path);
 
-/// Replaces a file by a new one that is written beside it first. What is no ordinary file, such as
-/// a pipe or a device, is written to directly. @throws FileFailure, the old file being whole
+/// Replaces a file by a new one that is written beside it first and gets its rights. What is no
+/// ordinary file, such as a pipe or a device, is written to directly.
+/// @throws FileFailure, the old file being whole
 void ReplaceFile(const char* path, std::string_view bytes);
