@@ -68,7 +68,7 @@ HRESULT AppendMixType(WFSCDMMIXTYPE** list, unsigned index) noexcept {
 
 std::int32_t CMixAlgorithm::GetMixTypes(WFSCDMMIXTYPE*** list) noexcept {
     const unsigned count = usNumMixTypes;
-    const auto size = static_cast<ULONG>((count + 1) * sizeof(WFSCDMMIXTYPE*));
+    const auto size = static_cast<ULONG>((count + 1) * sizeof(void*));
     HRESULT result =
         WFMAllocateBuffer(size, WFS_MEM_SHARE | WFS_MEM_ZEROINIT, reinterpret_cast<void**>(list));
     for (unsigned index = 0; index < count && result == kSuccess; ++index) {

@@ -32,5 +32,5 @@ inline void* ReleaseStorage(void* object, std::uint32_t flags) noexcept {
     if ((flags & kFreeStorage) != 0) {
         std::free(object);
     }
-    return object;
+    return object;  // NOLINT(clang-analyzer-unix.Malloc): the address, not what was there
 }

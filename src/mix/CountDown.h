@@ -7,6 +7,8 @@
 ///
 /// Every search adds `Verdict Visit(const Counts& combination, std::uint32_t unpaid)`.
 struct CountDownRule {
+    explicit CountDownRule(const SearchUnits& searched) noexcept : units(searched) {}
+
     const SearchUnits& units;
 
     /// Whether a loop that starts at `start` is left out: the counters are signed.

@@ -78,24 +78,13 @@ private:
         return range;
     }
 
-    /// How many counts a level has.
-    std::uint32_t Steps(unsigned level, const CountRange& range) const noexcept {
-        return range.low <= range.high ? (range.high - range.low) / strides_[level] + 1 : 0;
-    }
-
-    template <Direction kDirection>
-    static std::uint32_t Step(std::uint32_t items) noexcept {
-        return kDirection == Direction::Downwards ? 0U - items : items;
-    }
-
     template <Direction kDirection, typename Rule>
-    Verdict RunLastPair(Rule& rule, Counts& combination, std::uint32_t rest) const noexcept;
+    class Walker;
 
     std::uint32_t amount_;
-    unsigned last_;       ///< the level whose count follows from the others
-    unsigned shortfall_;  ///< entry of the additional unit
-    bool passesOverWhole_ =
-        false;  ///< whether combinations that leave nothing are to be passed over
+    unsigned last_;                 ///< the level whose count follows from the others
+    unsigned shortfall_;            ///< entry of the additional unit
+    bool passesOverWhole_ = false;  ///< whether only combinations that fall short count
     Counts values_;
     Counts counts_;
     Counts capacities_{};  ///< what the levels from here on can pay, at most 2^32 - 1
@@ -104,59 +93,98 @@ private:
     Counts factors_{};     ///< which one: see KeepDivisible
 };
 
+/// One walk under way: by level, the rest that it and the levels after have to pay, the count that
+/// it takes next, and how many counts it still has.
+template <Direction kDirection, typename Rule>
+class ExactWalk::Walker {
+public:
+    Walker(const ExactWalk& units, Rule& searchRule, Counts& counts) noexcept
+        : walk_(units), rule_(searchRule), combination_(counts) {
+        rests_[0] = walk_.amount_;
+    }
+
+    void Run() noexcept {
+        do {
+            if (level_ + 1 < walk_.last_) {
+                Open();
+            } else if (RunLastPair() == Verdict::EndSearch) {
+                return;
+            }
+        } while (TakeNext());
+    }
+
+private:
+    /// Starts with the counts of the level that the walk has come to.
+    void Open() noexcept {
+        const CountRange range = walk_.NarrowedRange(rule_, level_, combination_, rests_[level_]);
+        nexts_[level_] = FirstOf(range);
+        turns_[level_] = CountsIn(range);
+        ++level_;
+    }
+
+    /// Goes back to the deepest level that has a count left, and on from that count.
+    bool TakeNext() noexcept {
+        do {
+            while (level_ > 0 && turns_[level_ - 1] == 0) {
+                --level_;
+            }
+            if (level_ == 0) {
+                return false;
+            }
+            const unsigned taken = level_ - 1;
+            --turns_[taken];
+            combination_[taken] = nexts_[taken];
+            nexts_[taken] += Step(walk_.strides_[taken]);
+            rests_[level_] = rests_[taken] - walk_.values_[taken] * combination_[taken];
+        } while (!rule_.Enters(level_ - 1, combination_, rests_[level_]));
+        return true;
+    }
+
+    /// The last two units: each step exchanges items of the one for items of the other.
+    Verdict RunLastPair() noexcept {
+        const CountRange range = walk_.NarrowedRange(rule_, level_, combination_, rests_[level_]);
+        const std::uint32_t taken = Step(walk_.strides_[level_]);
+        const std::uint32_t given = Step(walk_.values_[level_] / walk_.divisors_[level_]);
+        const std::uint32_t left = rests_[level_] - walk_.values_[level_] * FirstOf(range);
+        std::uint32_t& count = combination_[level_];
+        std::uint32_t& lastCount = combination_[walk_.last_];
+        count = FirstOf(range);
+        lastCount = left / walk_.values_[walk_.last_];
+        for (std::uint32_t counts = CountsIn(range); counts != 0; --counts) {
+            if (rule_.Visit(combination_) == Verdict::EndSearch) {
+                return Verdict::EndSearch;
+            }
+            count += taken;
+            lastCount -= given;
+        }
+        return Verdict::GoOn;
+    }
+
+    std::uint32_t CountsIn(const CountRange& range) const noexcept {
+        return range.low <= range.high ? (range.high - range.low) / walk_.strides_[level_] + 1 : 0;
+    }
+
+    static std::uint32_t FirstOf(const CountRange& range) noexcept {
+        return kDirection == Direction::Downwards ? range.high : range.low;
+    }
+
+    static std::uint32_t Step(std::uint32_t items) noexcept {
+        return kDirection == Direction::Downwards ? 0U - items : items;
+    }
+
+    const ExactWalk& walk_;
+    Rule& rule_;
+    Counts& combination_;  // apart from the rest, which the compiler then keeps in registers
+    unsigned level_ = 0;
+    Counts rests_{};
+    Counts nexts_{};
+    Counts turns_{};
+};
+
 template <Direction kDirection, typename Rule>
 void ExactWalk::Run(Rule& rule) const noexcept {
-    if (amount_ % divisors_[0] != 0 || amount_ > capacities_[0]) {
-        return;
+    if (amount_ % divisors_[0] == 0 && amount_ <= capacities_[0]) {
+        Counts combination{};
+        Walker<kDirection, Rule>(*this, rule, combination).Run();
     }
-    Counts combination{};
-    Counts rests{};  // by level: what it and the levels after have to pay,
-    Counts nexts{};  // the count that it takes next,
-    Counts turns{};  // and how many counts it still has
-    std::uint32_t rest = amount_;
-    for (unsigned level = 0;;) {
-        if (level + 1 == last_) {
-            if (RunLastPair<kDirection>(rule, combination, rest) == Verdict::EndSearch) {
-                return;
-            }
-        } else {
-            const CountRange range = NarrowedRange(rule, level, combination, rest);
-            rests[level] = rest;
-            nexts[level] = kDirection == Direction::Downwards ? range.high : range.low;
-            turns[level] = Steps(level, range);
-            ++level;
-        }
-        do {
-            while (level > 0 && turns[level - 1] == 0) {
-                --level;
-            }
-            if (level == 0) {
-                return;
-            }
-            const unsigned before = level - 1;
-            --turns[before];
-            combination[before] = nexts[before];
-            nexts[before] += Step<kDirection>(strides_[before]);
-            rest = rests[before] - values_[before] * combination[before];
-        } while (!rule.Enters(level - 1, combination, rest));
-    }
-}
-
-/// The last level that is walked: each step exchanges items of its unit for items of the last one.
-template <Direction kDirection, typename Rule>
-Verdict ExactWalk::RunLastPair(Rule& rule, Counts& combination, std::uint32_t rest) const noexcept {
-    const unsigned level = last_ - 1;
-    const CountRange range = NarrowedRange(rule, level, combination, rest);
-    const std::uint32_t first = kDirection == Direction::Downwards ? range.high : range.low;
-    const std::uint32_t exchanged = values_[level] / divisors_[level];
-    combination[level] = first;
-    combination[last_] = (rest - values_[level] * first) / values_[last_];
-    for (std::uint32_t turns = Steps(level, range); turns != 0; --turns) {
-        if (rule.Visit(combination) == Verdict::EndSearch) {
-            return Verdict::EndSearch;
-        }
-        combination[level] += Step<kDirection>(strides_[level]);
-        combination[last_] -= Step<kDirection>(exchanged);
-    }
-    return Verdict::GoOn;
 }

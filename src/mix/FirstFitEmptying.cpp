@@ -11,7 +11,7 @@ struct FirstFitRule : CountDownRule {
     Counts found{};
     Refusal refusal;
 
-    explicit FirstFitRule(const SearchUnits& searched) noexcept : CountDownRule{searched} {}
+    explicit FirstFitRule(const SearchUnits& searched) noexcept : CountDownRule(searched) {}
 
     // On purpose: no loop is left out and none ends at 0. After 0 a counter goes on at 2^32 - 1,
     // and products and rests wrap with it. With three and more units only a combination ends the

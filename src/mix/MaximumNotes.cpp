@@ -13,7 +13,7 @@ struct FirstWithinLimitRule : CountDownRule, WalkRule {
     Counts found{};
 
     FirstWithinLimitRule(const SearchUnits& searched, const LimitBound& limitBound) noexcept
-        : CountDownRule{searched}, bound(limitBound) {}
+        : CountDownRule(searched), bound(limitBound) {}
 
     // On purpose: with two units the loop does not start at the limit. It tells only for a count
     // that is negative as a signed number: with more units the limit has lowered it by then.

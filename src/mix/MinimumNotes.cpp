@@ -12,7 +12,7 @@ struct FirstExactRule : CountDownRule, WalkRule {
     bool isFound = false;
     Counts found{};
 
-    explicit FirstExactRule(const SearchUnits& searched) noexcept : CountDownRule{searched} {}
+    explicit FirstExactRule(const SearchUnits& searched) noexcept : CountDownRule(searched) {}
 
     // On purpose: here the counters are unsigned and only the need of the last unit is signed.
     static bool SkipsLoop(std::uint32_t) noexcept { return false; }

@@ -51,6 +51,8 @@ private:
         MostEven& most;
         bool wantsShort;
 
+        LoopRule(MostEven& search, bool shortOnes) noexcept
+            : CountDownRule(search.units), most(search), wantsShort(shortOnes) {}
         Verdict Visit(const Counts& combination, std::uint32_t unpaid) noexcept {
             return (unpaid != 0) == wantsShort ? most.Consider(combination) : Verdict::GoOn;
         }
@@ -79,7 +81,7 @@ private:
 
     void Search(const ExactWalk& walk, bool wantsShort) noexcept {
         if (units.ReachSignBit()) {
-            LoopRule loops{{units}, *this, wantsShort};
+            LoopRule loops(*this, wantsShort);
             CountDown(loops);
         } else if (units.n == 2) {
             TwoUnitRule rule(*this, walk);

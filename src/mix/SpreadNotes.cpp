@@ -25,6 +25,15 @@ void EmptyInOrder(const LogicalCashUnit& unit, std::uint32_t items, MixResult& r
     }
 }
 
+bool GiveOne(const PhysicalCashUnit& cassette, MixResult& result) noexcept {
+    u32le& given = result.aulNotes[cassette.usPosition];
+    if (given >= cassette.ulCount) {
+        return false;
+    }
+    given = given + 1;
+    return true;
+}
+
 void DealInTurn(const LogicalCashUnit& unit, std::uint32_t items, MixResult& result) noexcept {
     const unsigned cassettes = unit.usNumPhysicalCUs;
     std::uint32_t before = 0;
@@ -32,12 +41,8 @@ void DealInTurn(const LogicalCashUnit& unit, std::uint32_t items, MixResult& res
         before = items;
         for (unsigned index = 0; index < cassettes && items != 0; ++index) {
             const PhysicalCashUnit& cassette = unit.aPhysicalCUs[index];
-            if (GivesItems(cassette)) {
-                u32le& given = result.aulNotes[cassette.usPosition];
-                if (given < cassette.ulCount) {
-                    given = given + 1;
-                    --items;
-                }
+            if (GivesItems(cassette) && GiveOne(cassette, result)) {
+                --items;
             }
         }
     } while (items != before);  // until a whole turn gave nothing
