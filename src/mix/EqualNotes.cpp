@@ -1,3 +1,4 @@
+#include "Band.h"
 #include "CMixAlgorithm.h"
 #include "MostEven.h"
 #include "SpreadBound.h"
@@ -27,6 +28,9 @@ public:
 
     void Walk(const ExactWalk& walk, MostEven<Spread>& search) const noexcept;
 
+    /// Items that the limit allows, of both kinds together.
+    std::uint32_t MostItems() const noexcept { return mostItems_; }
+
     /// Whether combinations whose counts differ by more than `width` all score above `score`: two
     /// counts that differ by w give at least k * k * w * w / 2.
     bool LeavesOnlyWorse(std::uint64_t width, std::uint64_t score) const noexcept {
@@ -42,50 +46,31 @@ private:
     }
 
     const SearchUnits& units_;
-    std::uint32_t mostItems_;  ///< that the limit allows, of both kinds together
-
-    friend struct BandRule;
+    std::uint32_t mostItems_;
 };
 
-/// Shows only combinations whose counts differ by no more than the width of a band, and of those
-/// only what may score as low as the best so far.
+/// Shows only combinations within a band, and of those only what may score as low as the best so
+/// far.
 struct BandRule : WithinLimitRule<Spread> {
-    std::uint32_t width;
-    SpreadBound bound;
-    std::array<std::uint64_t, kMaxCashUnits> sums{};  ///< of the values of the levels from here on
+    Band band;
+    SpreadBound spreadBound;
 
-    BandRule(MostEven<Spread>& search, const ExactWalk& exactWalk, std::uint32_t bandWidth) noexcept
-        : WithinLimitRule(search, exactWalk), width(bandWidth),
-          bound(search.units, search.evenness.mostItems_) {
-        for (unsigned unit = most.units.n; unit-- > 0;) {
-            sums[unit] = sums[unit + 1] + most.units.values[unit];
-        }
-    }
+    BandRule(MostEven<Spread>& search, const ExactWalk& exactWalk, std::uint32_t width) noexcept
+        : WithinLimitRule(search, exactWalk), band(search.units, exactWalk.MostShortfall(), width),
+          spreadBound(search.units, search.evenness.MostItems()) {}
 
     void Narrow(unsigned level,
                 const Counts& combination,
                 std::uint32_t rest,
                 CountRange& range) const noexcept {
         WithinLimitRule::Narrow(level, combination, rest, range);
-        for (unsigned before = 0; before < level; ++before) {
-            const std::uint32_t count = combination[before];
-            NarrowTo(range, count > width ? count - width : 0, count + width);
-        }
-        // The units after take at most `width` items more or fewer than this one, each.
-        const std::uint64_t slack = sums[level + 1] * width;
-        const std::uint64_t unpayable = slack + walk.MostShortfall();
-        NarrowTo(range, rest > unpayable ? (rest - unpayable - 1) / sums[level] + 1 : 0,
-                 (rest + slack) / sums[level]);
+        band.Narrow(level, combination, rest, range);
     }
 
+    /// The bound knows what the rest is to the last item only where nothing may stay unpaid.
     bool Enters(unsigned level, const Counts& combination, std::uint32_t rest) const noexcept {
         return !most.isFound || walk.MostShortfall() != 0 ||
-               !bound.IsAbove(most.best, level, combination, rest);
-    }
-
-    static void NarrowTo(CountRange& range, std::uint64_t low, std::uint64_t high) noexcept {
-        range.low = static_cast<std::uint32_t>(std::max<std::uint64_t>(range.low, low));
-        range.high = static_cast<std::uint32_t>(std::min<std::uint64_t>(range.high, high));
+               !spreadBound.IsAbove(most.best, level, combination, rest);
     }
 };
 
