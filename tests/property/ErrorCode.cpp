@@ -12,17 +12,14 @@ constexpr char kName[] = "CDM";
 
 }  // namespace
 
-void ClearErrorCode() {
-    QxmixRegistryDeleteValue(kKey, kName);
-}
-
-std::string RecordedErrorCode() {
+std::string TakeErrorCode() {
     char bytes[16];
     std::uint32_t size = sizeof bytes;
     const std::int32_t result = QxmixRegistryGetValue(kKey, kName, nullptr, bytes, &size);
     if (result == kQxmixErrorFileNotFound) {
         return "";
     }
+    QxmixRegistryDeleteValue(kKey, kName);
     return result == 0 ? std::string(bytes, size) : "unreadable";
 }
 

@@ -4,10 +4,9 @@
 
 namespace property {
 
-/// Removes the value in which the module records the code of a failure.
-void ClearErrorCode();
-
-/// Code recorded since it was cleared; empty when none was.
-std::string RecordedErrorCode();
+/// Takes the code that the module has recorded since the last time out of the registry.
+///
+/// @return the bytes of the value "CDM"; empty when there is none.
+std::string TakeErrorCode();
 
 }  // namespace property

@@ -67,6 +67,7 @@ std::string Difference(const Answer& expected, const Answer& actual) {
 
 ModuleUnderTest::ModuleUnderTest() {
     outer_ = CreateMixAlgorithm(this);
+    TakeErrorCode();  // whatever another test has left
 }
 
 ModuleUnderTest::~ModuleUnderTest() {
@@ -88,10 +89,9 @@ bool ModuleUnderTest::Calculate(const reference::Object& object, unsigned shift,
     GuardedRecord<reference::kResultBytes> result(shift);
     std::copy(answer.request.begin(), answer.request.end(), request.Bytes());
     std::fill_n(result.Bytes(), reference::kResultBytes, kOldResult);
-    ClearErrorCode();
     answer.returned = outer_->MixCalculate(reinterpret_cast<MixRequest*>(request.Bytes()),
                                            reinterpret_cast<MixResult*>(result.Bytes()));
-    answer.lastCode = RecordedErrorCode();
+    answer.lastCode = TakeErrorCode();
     std::copy_n(request.Bytes(), reference::kRequestBytes, answer.request.begin());
     std::copy_n(result.Bytes(), reference::kResultBytes, answer.result.begin());
     return request.GuardsAreIntact() && result.GuardsAreIntact();

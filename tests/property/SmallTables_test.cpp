@@ -7,8 +7,7 @@
 #include <vector>
 
 #include "CMixAlgorithm.h"
-#include "ErrorCode.h"
-#include "HostControl.h"
+#include "LastCode.h"
 #include "Settings.h"
 #include "SmallGrid.h"
 
@@ -143,10 +142,9 @@ private:
         moduleRequest_.usMaxDispenseItems = question.limit;
         LcuNotes notes;
         std::fill(std::begin(notes.aulNotes), std::end(notes.aulNotes), u32le(kUntouched));
-        const std::uint32_t writesBefore = QxmixCallCount(kQxmixRegSetValueExW);
+        lastCode.clear();
         actual_.returned = GetParam().operation(moduleRequest_, moduleTable_, notes);
-        const bool recorded = QxmixCallCount(kQxmixRegSetValueExW) != writesBefore;
-        actual_.lastCode = recorded ? RecordedErrorCode() : "";
+        actual_.lastCode = lastCode;
         actual_.notes.assign(reference::kMaxUnits, kUntouched);
         if (actual_.returned == 0) {
             std::copy(std::begin(notes.aulNotes), std::end(notes.aulNotes), actual_.notes.begin());
