@@ -1,0 +1,64 @@
+#include "Dispenser.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace qxmix {
+
+namespace {
+
+constexpr std::uint64_t kMaxAmount = 0xFFFFFFFFU;
+
+bool IsCoin(std::uint16_t type) {
+    return type == 4 || type == 5;
+}
+
+/// The value of an item in the unit of an amount, held to the largest amount. Coins keep theirs.
+std::uint64_t ValueInAmountUnits(const Cassette& cassette, int exponent) {
+    std::uint64_t value = cassette.value;
+    if (IsCoin(cassette.type) || value == 0) {
+        return value;
+    }
+    for (int power = exponent; power < 0 && value < kMaxAmount; ++power) {
+        value = std::min(value * 10, kMaxAmount);
+    }
+    return value;
+}
+
+}  // namespace
+
+std::string CassetteLabel(const Dispenser& dispenser, std::size_t index) {
+    const std::string& label = dispenser.cassettes[index].label;
+    return label.empty() ? std::to_string(index) : label;
+}
+
+Money AskedMoney(const Dispenser& dispenser, std::uint32_t amount) {
+    return Money::Of(amount, dispenser.exponent);
+}
+
+unsigned AmountDecimals(const Dispenser& dispenser) {
+    return dispenser.exponent < 0 ? static_cast<unsigned>(-dispenser.exponent) : 0;
+}
+
+Amounts AmountsWithDefaults(const Dispenser& dispenser) {
+    std::uint64_t divisor = 0;
+    std::uint64_t largest = 0;
+    for (const Cassette& cassette : dispenser.cassettes) {
+        if (cassette.currency == dispenser.currency) {
+            const std::uint64_t value = ValueInAmountUnits(cassette, dispenser.exponent);
+            divisor = std::gcd(divisor, value);
+            largest = std::max(largest, value);
+        }
+    }
+    divisor = std::max<std::uint64_t>(divisor, 1);
+    largest = std::max<std::uint64_t>(largest, 1);
+
+    Amounts amounts = dispenser.amounts;
+    amounts.min = amounts.min.value_or(static_cast<std::uint32_t>(divisor));
+    amounts.step = amounts.step.value_or(static_cast<std::uint32_t>(divisor));
+    amounts.max =
+        amounts.max.value_or(static_cast<std::uint32_t>(std::min(largest * 10, kMaxAmount)));
+    return amounts;
+}
+
+}  // namespace qxmix

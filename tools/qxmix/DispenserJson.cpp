@@ -1,0 +1,60 @@
+#include "DispenserJson.h"
+
+#include "StoredValues.h"
+#include "UnitNames.h"
+
+namespace qxmix {
+
+namespace {
+
+Json CodeJson(std::uint16_t code, const UnitNames& names) {
+    const std::optional<std::string> name = names.Name(code);
+    return name ? Json(*name) : Json(code);
+}
+
+Json CassetteJson(const Cassette& cassette) {
+    Json json = Json::object();
+    if (!cassette.label.empty()) {
+        json["label"] = cassette.label;
+    }
+    json["position"] = cassette.position;
+    json["type"] = CodeJson(cassette.type, TypeNames());
+    json["status"] = CodeJson(cassette.status, StatusNames());
+    json["currency"] = cassette.currency;
+    json["value"] = cassette.value;
+    json["count"] = cassette.count;
+    json["worth"] = cassette.Worth().ShortText();
+    json["lowThreshold"] = cassette.lowThreshold;
+    json["emptyThreshold"] = cassette.emptyThreshold;
+    return json;
+}
+
+Json AmountsJson(const Amounts& amounts) {
+    return {{"min", *amounts.min},
+            {"max", *amounts.max},
+            {"step", *amounts.step},
+            {"buttons", amounts.buttons}};
+}
+
+}  // namespace
+
+Json DispenserJson(const Dispenser& dispenser) {
+    Json json = Json::object();
+    if (!dispenser.name.empty()) {
+        json["name"] = dispenser.name;
+    }
+    json["currency"] = dispenser.currency;
+    json["exponent"] = dispenser.exponent;
+    json["partial"] = dispenser.partial;
+    json["maxDispenseItems"] = dispenser.maxDispenseItems;
+    json["mix"] = dispenser.MixOrDefault();
+    json["amounts"] = AmountsJson(AmountsWithDefaults(dispenser));
+    json["cassettes"] = Json::array();
+    for (const Cassette& cassette : dispenser.cassettes) {
+        json["cassettes"].push_back(CassetteJson(cassette));
+    }
+    json["registry"] = StoredValuesJson(dispenser.registry);
+    return json;
+}
+
+}  // namespace qxmix

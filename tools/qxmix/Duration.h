@@ -1,0 +1,18 @@
+#pragma once
+
+#include <chrono>
+#include <optional>
+#include <string>
+
+namespace qxmix {
+
+/// Reads "2s" or "100ms"; not 0, at most a day.
+std::optional<std::chrono::milliseconds> ParseDuration(const std::string& text);
+
+/// As it is read: whole seconds in seconds, anything else in milliseconds.
+std::string DurationText(std::chrono::milliseconds duration);
+
+/// For people: "2 s" or "100 ms".
+std::string DurationWords(std::chrono::milliseconds duration);
+
+}  // namespace qxmix

@@ -1,0 +1,58 @@
+#include "Interrupt.h"
+
+#include "Errors.h"
+
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace qxmix {
+
+namespace {
+
+volatile std::sig_atomic_t interrupted = 0;
+int wakeUp[2] = {-1, -1};
+
+void OnInterrupt(int) {
+    if (interrupted != 0) {
+        _exit(static_cast<int>(ExitStatus::Interrupted));
+    }
+    interrupted = 1;
+    const int error = errno;
+    const char byte = 0;
+    // A full pipe is readable already, so the result does not matter.
+    const ssize_t ignored = write(wakeUp[1], &byte, 1);
+    static_cast<void>(ignored);
+    errno = error;
+}
+
+void HandleWith(void (*handler)(int)) {
+    struct sigaction action {};
+    action.sa_handler = handler;
+    action.sa_flags = SA_RESTART;
+    sigaction(SIGINT, &action, nullptr);
+}
+
+}  // namespace
+
+void CatchInterrupts() {
+    if (wakeUp[0] >= 0) {
+        return;
+    }
+    if (pipe2(wakeUp, O_CLOEXEC | O_NONBLOCK) != 0) {
+        throw WorkError(std::string("no pipe: ") + std::strerror(errno));
+    }
+    HandleWith(&OnInterrupt);
+}
+
+int InterruptDescriptor() {
+    return wakeUp[0];
+}
+
+void IgnoreInterrupts() {
+    HandleWith(SIG_IGN);
+}
+
+}  // namespace qxmix

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+namespace qxmix {
+
+/// The library's file, by order: the one named on the command line, QXMIX_LIBRARY, beside the tool,
+/// the installed place, and last the system's own search.
+///
+/// @param named  --library; empty: not given.
+/// @throw WorkError when a named file is not there.
+std::string FindLibrary(const std::string& named);
+
+/// The last part of a file name: what answers call the library.
+std::string FileNameOf(const std::string& path);
+
+}  // namespace qxmix

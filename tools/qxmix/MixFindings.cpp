@@ -1,0 +1,93 @@
+#include "MixFindings.h"
+
+#include "Duration.h"
+#include "MixList.h"
+#include "TextList.h"
+
+#include <algorithm>
+
+namespace qxmix {
+
+namespace {
+
+constexpr Milliseconds kOtherMixDeadline{100};
+
+bool PaysExactly(const MixQuestions& questions,
+                 const std::vector<MixAnswer>& answers,
+                 std::uint16_t mix,
+                 Asker& asker) {
+    const auto known = std::find_if(answers.begin(), answers.end(),
+                                    [mix](const MixAnswer& answer) { return answer.mix == mix; });
+    if (known != answers.end()) {
+        return known->judgement.outcome == Outcome::Paid;
+    }
+    MixRequest request = questions.requests.front();
+    request.usMixNumber = mix;
+    const Reply reply = asker.Ask(request, kOtherMixDeadline, Asker::Tracing::Silent);
+    return Judge(questions.dispenser, questions.amount, reply).outcome == Outcome::Paid;
+}
+
+std::vector<std::string>
+ExactPayers(const MixQuestions& questions, const std::vector<MixAnswer>& answers, Asker& asker) {
+    std::vector<std::string> payers;
+    for (const std::uint16_t mix : AllMixes()) {
+        if (PaysExactly(questions, answers, mix, asker)) {
+            payers.push_back(std::to_string(mix));
+        }
+    }
+    return payers;
+}
+
+std::string Advice(const std::vector<std::string>& payers, const std::string& amount) {
+    if (payers.empty()) {
+        return "ask another amount: no mix pays " + amount + " exactly";
+    }
+    const bool isOne = payers.size() == 1;
+    return (isOne ? "mix " : "mixes ") + Join(payers, " ") + (isOne ? " pays " : " pay ") + amount +
+           " exactly";
+}
+
+std::string MessageOf(Outcome outcome, Milliseconds deadline) {
+    switch (outcome) {
+    case Outcome::NoAnswer:
+        return "no answer within " + DurationWords(deadline) +
+               ": never call this mix without a watchdog";
+    case Outcome::Overpaid:
+        return "more is paid than asked: do not hand out this answer";
+    default:
+        return "more items are taken than allowed: do not hand out this answer";
+    }
+}
+
+}  // namespace
+
+std::vector<Finding>
+DangersOf(const MixQuestions& questions, const std::vector<MixAnswer>& answers, Asker& asker) {
+    const bool isHarmless =
+        std::none_of(answers.begin(), answers.end(),
+                     [](const MixAnswer& answer) { return answer.judgement.IsDangerous(); });
+    if (isHarmless) {
+        return {};
+    }
+    const std::string amount =
+        answers.front().judgement.asked.Text(AmountDecimals(questions.dispenser));
+    const std::string advice = Advice(ExactPayers(questions, answers, asker), amount);
+    std::vector<Finding> findings;
+    for (const MixAnswer& answer : answers) {
+        if (!answer.judgement.IsDangerous()) {
+            continue;
+        }
+        Finding finding;
+        finding.id = answer.judgement.IsAnswered() ? "QX401" : "QX402";
+        finding.severity = Severity::Error;
+        finding.mix = answer.mix;
+        finding.pointer = "/mix";
+        finding.message = (questions.asksList ? "mix " + std::to_string(answer.mix) + ": " : "") +
+                          MessageOf(answer.judgement.outcome, questions.deadline);
+        finding.advice = advice;
+        findings.push_back(finding);
+    }
+    return findings;
+}
+
+}  // namespace qxmix

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace qxmix {
+
+/// Reads mix numbers: "all", "4" or "1,3-5".
+///
+/// @param option  its name for errors.
+/// @return the numbers in order, each once.
+/// @throw InputError
+std::vector<std::uint16_t> ParseMixList(const std::string& text, const std::string& option);
+
+std::vector<std::uint16_t> AllMixes();
+
+}  // namespace qxmix

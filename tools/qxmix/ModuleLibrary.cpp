@@ -1,0 +1,57 @@
+#include "ModuleLibrary.h"
+
+#include "Errors.h"
+
+#include <dlfcn.h>
+
+namespace qxmix {
+
+namespace {
+
+/// The fields stand right behind the pointer to the slots.
+void* FieldsOf(IMixAlgorithm* object) {
+    return reinterpret_cast<char*>(object) + sizeof(void*);
+}
+
+void* FindExport(void* library, const std::string& file, const char* name) {
+    void* const address = dlsym(library, name);
+    if (address == nullptr) {
+        throw WorkError(file + ": exports no " + name);
+    }
+    return address;
+}
+
+}  // namespace
+
+std::int32_t ModuleHost::OnObjectCreated(IMixAlgorithm* object) noexcept {
+    if (outer_ == nullptr) {
+        outer_ = object;
+        // The event is the host's to set up, and what stands there otherwise is arbitrary.
+        static_cast<MixAlgorithmProxyFields*>(FieldsOf(object))->hMixTypesEvent = nullptr;
+    } else {
+        inner_ = object;
+    }
+    return 0;
+}
+
+ModuleLibrary::ModuleLibrary(const std::string& file) {
+    void* const library = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (library == nullptr) {
+        throw WorkError(std::string(dlerror()));
+    }
+    using CreateFunction = IMixAlgorithm* (*)(MixAlgorithmHost*);
+    void* const create = FindExport(library, file, "CreateMixAlgorithm");
+    FindExport(library, file, "DeleteMixAlgorithm");
+    algorithm_ = reinterpret_cast<CreateFunction>(create)(&host_);
+    if (algorithm_ == nullptr) {
+        throw WorkError(file + ": CreateMixAlgorithm gave no object");
+    }
+}
+
+const MixAlgorithmFields* ModuleLibrary::Configuration() const {
+    return host_.Inner() == nullptr
+               ? nullptr
+               : static_cast<const MixAlgorithmFields*>(FieldsOf(host_.Inner()));
+}
+
+}  // namespace qxmix

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "Dispenser.h"
+#include "Json.h"
+#include "Judgement.h"
+#include "Worker.h"
+
+#include <string>
+
+namespace qxmix {
+
+/// The result of one calculation; what a missing answer leaves unknown is null.
+Json ResultJson(const Dispenser& dispenser, const Judgement& judgement, const Reply& reply);
+
+/// The answer of a calculation as a recorded line holds it.
+Json RecordedAnswer(const Reply& reply);
+
+/// The error code that a calculation left, or null.
+Json WrittenCodeJson(const Calculation& calculation);
+
+}  // namespace qxmix

@@ -1,0 +1,92 @@
+#include "Worker.h"
+
+#include "Errors.h"
+#include "WorkerLoop.h"
+
+namespace qxmix {
+
+namespace {
+
+// What is not the module's own work is quick; these bounds only keep the tool from waiting for
+// ever on a machine that is out of order.
+constexpr Milliseconds kOpenDeadline{30000};
+constexpr Milliseconds kRegistryDeadline{30000};
+
+}  // namespace
+
+Worker::Worker(const OpenOrder& order, const TraceSink& trace) : child_(&RunWorker) {
+    Message answer;
+    const Ending ending = Exchange(ToMessage(order), kOpenDeadline, trace, answer);
+    if (ending.kind == Ending::Kind::NoAnswer) {
+        throw WorkError(order.library + ": no answer within 30 s while it was opened");
+    }
+    if (ending.kind == Ending::Kind::Crashed) {
+        throw WorkError(order.library + ": crashed while it was opened: " + ending.crash);
+    }
+    if (KindOf(answer) == MessageKind::Broken) {
+        throw WorkError(answer.bytes);
+    }
+    opening_ = ReadOpening(answer);
+}
+
+Reply Worker::Calculate(const MixRequest& request, Milliseconds deadline, const TraceSink& trace) {
+    CalculateOrder order;
+    order.request = request;
+    order.trace = trace != nullptr;
+    Message answer;
+    Reply reply;
+    reply.ending = Exchange(ToMessage(order), deadline, trace, answer);
+    if (reply.ending.kind == Ending::Kind::Answered) {
+        reply.calculation = ReadCalculation(answer);
+    }
+    return reply;
+}
+
+Ending Worker::ListTypes(Catalogue& catalogue, Milliseconds deadline) {
+    Message answer;
+    Ending ending = Exchange(ToMessage(MessageKind::ListTypes), deadline, nullptr, answer);
+    if (ending.kind == Ending::Kind::Answered) {
+        catalogue = ReadCatalogue(answer);
+    }
+    return ending;
+}
+
+std::string Worker::SaveRegistry() {
+    Message answer;
+    const Ending ending =
+        Exchange(ToMessage(MessageKind::SaveRegistry), kRegistryDeadline, nullptr, answer);
+    return ending.kind == Ending::Kind::Answered ? answer.bytes : "";
+}
+
+Ending Worker::Exchange(const Message& order,
+                        Milliseconds deadline,
+                        const TraceSink& trace,
+                        Message& answer) {
+    const Clock::time_point until = Clock::now() + deadline;
+    if (!child_.Connection().Send(order)) {
+        return Crash();
+    }
+    for (;;) {
+        switch (child_.Connection().Receive(answer, until)) {
+        case Channel::State::Closed:
+            return Crash();
+        case Channel::State::Waiting:
+            child_.Kill();
+            return {Ending::Kind::NoAnswer, ""};
+        case Channel::State::Received:
+            break;
+        }
+        if (KindOf(answer) != MessageKind::TraceLine) {
+            return {Ending::Kind::Answered, ""};
+        }
+        if (trace != nullptr) {
+            trace(answer.bytes);
+        }
+    }
+}
+
+Ending Worker::Crash() {
+    return {Ending::Kind::Crashed, child_.WaitForEnd()};
+}
+
+}  // namespace qxmix

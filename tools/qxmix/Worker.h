@@ -1,0 +1,61 @@
+#pragma once
+
+#include "ChildProcess.h"
+#include "WorkerMessages.h"
+
+#include <chrono>
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace qxmix {
+
+using Milliseconds = std::chrono::milliseconds;
+
+/// How one call of the module came to its end.
+struct Ending {
+    enum class Kind { Answered, NoAnswer, Crashed };
+    Kind kind = Kind::NoAnswer;
+    std::string crash;  ///< Crashed: "signal 11 (Segmentation fault)"
+};
+
+/// A calculation and how it ended; the calculation's content counts only when it was answered.
+struct Reply {
+    Ending ending;
+    Calculation calculation;
+};
+
+/// Takes the module's trace lines one by one.
+using TraceSink = std::function<void(const std::string& line)>;
+
+/// A child process that has one library open and asks it, one call at a time.
+///
+/// After a missed deadline or a crash it is of no further use. All functions throw Interruption
+/// when Ctrl-C was pressed while they waited.
+class Worker {
+public:
+    /// @param trace  hears the lines of the library's objects while they are created.
+    /// @throw WorkError when the library cannot be used.
+    Worker(const OpenOrder& order, const TraceSink& trace);
+
+    const Opening& Opened() const { return opening_; }
+
+    /// @param trace  hears the lines of this calculation; without it none are made.
+    Reply Calculate(const MixRequest& request, Milliseconds deadline, const TraceSink& trace);
+
+    /// @param catalogue  filled when the call was answered.
+    Ending ListTypes(Catalogue& catalogue, Milliseconds deadline);
+
+    /// The registry as the library left it; empty when the worker is gone.
+    std::string SaveRegistry();
+
+private:
+    Ending
+    Exchange(const Message& order, Milliseconds deadline, const TraceSink& trace, Message& answer);
+    Ending Crash();
+
+    ChildProcess child_;
+    Opening opening_;
+};
+
+}  // namespace qxmix

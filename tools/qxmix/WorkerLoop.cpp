@@ -1,0 +1,117 @@
+#include "WorkerLoop.h"
+
+#include "Errors.h"
+#include "HostControl.h"
+#include "ModuleLibrary.h"
+#include "RegistryImage.h"
+#include "WorkerMessages.h"
+
+#include <memory>
+
+namespace qxmix {
+
+namespace {
+
+void SendTraceLine(void* channel, const char* line) {
+    static_cast<Channel*>(channel)->Send(ToMessage(MessageKind::TraceLine, line));
+}
+
+/// Hears the module's lines as long as it lives.
+class TraceListening {
+public:
+    TraceListening(Channel& channel, bool wanted) {
+        QxmixSetTraceListener(wanted ? &SendTraceLine : nullptr, &channel);
+    }
+    TraceListening(const TraceListening&) = delete;
+    TraceListening& operator=(const TraceListening&) = delete;
+    ~TraceListening() { QxmixSetTraceListener(nullptr, nullptr); }
+};
+
+Opening OpeningOf(const ModuleLibrary& library) {
+    Opening opening;
+    if (const MixAlgorithmFields* fields = library.Configuration()) {
+        opening.traceLevel = fields->ulTraceLevel;
+        opening.minimum = fields->ulCstMinimum4Mix6;
+        opening.mixTypeCount = fields->usNumMixTypes;
+    }
+    return opening;
+}
+
+Calculation Calculate(ModuleLibrary& library, const CalculateOrder& order) {
+    Calculation calculation;
+    calculation.request = order.request;
+    // An earlier code would hide whether this call writes one.
+    const std::optional<StoredValue> before = TakeErrorCode();
+    calculation.returned =
+        library.Algorithm().MixCalculate(&calculation.request, &calculation.result);
+    calculation.written = ErrorCodeBytes();
+    if (calculation.written.empty()) {
+        RestoreErrorCode(before);
+    }
+    return calculation;
+}
+
+Catalogue ListTypes(ModuleLibrary& library) {
+    WFSCDMMIXTYPE** list = nullptr;
+    Catalogue catalogue;
+    catalogue.returned = library.Algorithm().GetMixTypes(&list);
+    for (WFSCDMMIXTYPE** entry = list; entry != nullptr && *entry != nullptr; ++entry) {
+        ++catalogue.recordCount;
+        if (catalogue.returned == 0) {
+            const WFSCDMMIXTYPE& type = **entry;
+            const char* const name = type.lpszName == nullptr ? "" : type.lpszName;
+            catalogue.entries.push_back({type.usMixNumber, type.usMixType, type.usSubType, name});
+        }
+    }
+    WFMFreeBuffer(list);
+    return catalogue;
+}
+
+Message CarryOut(ModuleLibrary& library, const Message& order, Channel& channel) {
+    switch (KindOf(order)) {
+    case MessageKind::Calculate: {
+        const CalculateOrder calculate = ReadCalculateOrder(order);
+        const TraceListening listening(channel, calculate.trace);
+        return ToMessage(Calculate(library, calculate));
+    }
+    case MessageKind::ListTypes:
+        return ToMessage(ListTypes(library));
+    case MessageKind::SaveRegistry:
+        return ToMessage(MessageKind::Registry, SaveRegistry());
+    default:
+        throw WorkError("an order that no worker knows");
+    }
+}
+
+/// @return null after having told that the library cannot be used.
+std::unique_ptr<ModuleLibrary> Open(const OpenOrder& order, Channel& channel) {
+    try {
+        LoadRegistry(order.registry);
+        const TraceListening listening(channel, true);
+        auto library = std::make_unique<ModuleLibrary>(order.library);
+        return library;
+    } catch (const ToolError& error) {
+        channel.Send(ToMessage(MessageKind::Broken, error.what()));
+        return nullptr;
+    }
+}
+
+}  // namespace
+
+void RunWorker(Channel& channel) {
+    Message order;
+    if (channel.Receive(order, std::nullopt) != Channel::State::Received) {
+        return;
+    }
+    const std::unique_ptr<ModuleLibrary> library = Open(ReadOpenOrder(order), channel);
+    if (library == nullptr || !channel.Send(ToMessage(OpeningOf(*library)))) {
+        return;
+    }
+    while (channel.Receive(order, std::nullopt) == Channel::State::Received) {
+        if (!channel.Send(CarryOut(*library, order, channel))) {
+            return;
+        }
+    }
+}
+
+}  // namespace qxmix

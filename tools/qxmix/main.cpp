@@ -1,0 +1,5 @@
+#include "Tool.h"
+
+int main(int argumentCount, char** arguments) {
+    return qxmix::RunTool(argumentCount, arguments);
+}
