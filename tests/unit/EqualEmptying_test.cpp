@@ -1,0 +1,133 @@
+#include "TableBuilder.h"
+
+namespace {
+
+Found Pay(const Table& table) {
+    return table.Run(CMixAlgorithm::CalcEqualEmptying);
+}
+
+const Found kNotDispensed = Failed(-306, "971A2");
+
+/// 100 can be made of five twenties first, or of two fifties later.
+Table SmallFirst() {
+    return Table().Bill(20, 10).Bill(50, 10).Amount(100);
+}
+
+TEST(CalcEqualEmptying, PaysFromOneUnit) {
+    EXPECT_EQ(Pay(Table().Bill(20, 10).Amount(40)), Chosen({2}));
+    EXPECT_EQ(Pay(Table().Bill(20, 10).Amount(50)), kNotDispensed);
+    EXPECT_EQ(Pay(Table().Bill(20, 10).Amount(50).Partial()), Chosen({2}));
+    EXPECT_EQ(Pay(Table().Bill(20, 2).Amount(100).Partial()), Chosen({2}));
+    EXPECT_EQ(Pay(Table().Bill(20, 2).Amount(10).Partial()), Chosen({0}));
+}
+
+TEST(CalcEqualEmptying, NeverReportsTheLimitForOneUnit) {
+    EXPECT_EQ(Pay(Table().Bill(20, 50).Amount(820).Limit(40)), kNotDispensed);
+    EXPECT_EQ(Pay(Table().Coin(20, 50).Amount(830).Limit(40).Partial()), kNotDispensed);
+}
+
+TEST(CalcEqualEmptying, ChoosesTheMostEqualShares) {
+    EXPECT_EQ(Pay(Table().Bill(50, 100).Bill(20, 50).Amount(200)), Chosen({4, 0}));
+    EXPECT_EQ(Pay(Table().Bill(50, 20).Bill(20, 20).Bill(10, 40).Amount(100)), Chosen({1, 1, 3}));
+}
+
+TEST(CalcEqualEmptying, ComparesNeighboursAroundTheTableForFourAndFiveUnits) {
+    EXPECT_EQ(Pay(Table().Bill(7, 9).Bill(5, 5).Bill(3, 7).Bill(2, 4).Amount(60)),
+              Chosen({5, 3, 2, 2}));
+    EXPECT_EQ(Pay(Table().Bill(7, 5).Bill(5, 9).Bill(3, 4).Bill(2, 7).Amount(60)),
+              Chosen({3, 5, 2, 4}));
+    EXPECT_EQ(Pay(Table().Bill(11, 9).Bill(7, 5).Bill(5, 7).Bill(3, 4).Bill(2, 6).Amount(90)),
+              Chosen({4, 2, 4, 2, 3}));
+    EXPECT_EQ(Pay(Table().Bill(11, 6).Bill(7, 4).Bill(5, 7).Bill(3, 5).Bill(2, 9).Amount(90)),
+              Chosen({3, 2, 4, 3, 7}));
+}
+
+TEST(CalcEqualEmptying, KeepsTheFirstOfEqualShares) {
+    EXPECT_EQ(Pay(Table().Bill(10, 9).Coin(10, 9).Amount(10)), Chosen({1, 0}));
+    EXPECT_EQ(Pay(Table().Bill(10, 9).Bill(10, 9).Bill(10, 9).Amount(10)), Chosen({1, 0, 0}));
+    EXPECT_EQ(Pay(Table().Bill(9, 9).Bill(9, 9).Bill(9, 9).Bill(9, 9).Amount(9)),
+              Chosen({1, 0, 0, 0}));
+    EXPECT_EQ(Pay(Table().Bill(9, 9).Bill(9, 9).Bill(9, 9).Bill(9, 9).Bill(9, 9).Amount(9)),
+              Chosen({1, 0, 0, 0, 0}));
+}
+
+TEST(CalcEqualEmptying, LeavesTheCodeOfALaterRefusalOnSuccess) {
+    const Table table = Table().Bill(50, 10).Bill(20, 10).Amount(140);
+    EXPECT_EQ(Pay(Table(table).Limit(5)), Chosen({2, 2}, "971A3"));  // 0 and 7 is refused
+    EXPECT_EQ(Pay(Table(table).Limit(7)), Chosen({2, 2}));
+    EXPECT_EQ(Pay(Table().Bill(50, 10).Coin(20, 10).Amount(140).Limit(5)), Chosen({2, 2}, "971A4"));
+}
+
+TEST(CalcEqualEmptying, EndsThePassAtTheFirstRefusalOfTwoUnits) {
+    EXPECT_EQ(Pay(SmallFirst().Limit(2)), kNotDispensed);
+    EXPECT_EQ(Pay(SmallFirst().Amount(105).Limit(2).Partial()), kNotDispensed);
+}
+
+TEST(CalcEqualEmptying, SkipsRefusalsOfThreeToFiveUnits) {
+    EXPECT_EQ(Pay(SmallFirst().Bill(1000, 1).Limit(2)), Chosen({0, 2, 0}, "971A3"));
+    EXPECT_EQ(Pay(SmallFirst().Bill(1000, 1).Bill(2000, 1).Limit(2)),
+              Chosen({0, 2, 0, 0}, "971A3"));
+    EXPECT_EQ(Pay(SmallFirst().Bill(1000, 1).Bill(2000, 1).Bill(3000, 1).Limit(2)),
+              Chosen({0, 2, 0, 0, 0}, "971A3"));
+}
+
+TEST(CalcEqualEmptying, FallsBackToTheMostEqualSharesBelowTheAmount) {
+    const Table table = Table().Bill(50, 10).Bill(20, 10).Amount(135);
+    EXPECT_EQ(Pay(table), kNotDispensed);
+    EXPECT_EQ(Pay(Table(table).Partial()), Chosen({2, 1}));  // not 1 and 4, which pays more
+    EXPECT_EQ(Pay(Table(table).Partial(2)), kNotDispensed);
+    EXPECT_EQ(Pay(SmallFirst().Bill(1000, 1).Amount(105).Partial()), Chosen({0, 0, 0}));
+}
+
+TEST(CalcEqualEmptying, FallsBackWhereExactCombinationsAreRefused) {
+    EXPECT_EQ(Pay(Table().Bill(50, 10).Bill(20, 10).Amount(60).Limit(2).Partial()),
+              Chosen({1, 0}, "971A3"));
+    EXPECT_EQ(Pay(Table().Bill(50, 10).Bill(20, 10).Amount(60).Limit(0).Partial()), kNotDispensed);
+}
+
+TEST(CalcEqualEmptying, HasNoRuleForSixUnitsOrNone) {
+    Table six = Table().Bill(6, 9).Bill(5, 9).Bill(4, 9).Bill(3, 9).Bill(2, 9).Bill(1, 9);
+    EXPECT_EQ(Pay(six.Amount(6)), Failed(-315, "97194"));
+    EXPECT_EQ(Pay(Table().Amount(6)), Failed(-315, "97194"));
+}
+
+TEST(CalcEqualEmptying, FailsWhereItWouldDivideByZero) {
+    EXPECT_EQ(Pay(Table().Bill(0, 9).Amount(0).Partial()), kNotDispensed);
+    EXPECT_EQ(Pay(Table().Bill(0, 9).Bill(50, 9).Amount(50)), kNotDispensed);
+    EXPECT_EQ(Pay(Table().Bill(50, 9).Bill(20, 9).Bill(0, 9).Amount(50).Partial()), kNotDispensed);
+    EXPECT_EQ(Pay(Table().Bill(0, 1).Bill(1, 1).Bill(2, 1).Bill(3, 1).Bill(4, 1).Bill(5, 1)),
+              Failed(-315, "97194"));
+}
+
+TEST(CalcEqualEmptying, LeavesOutLoopsThatStartAt2To31) {
+    const Table first = Table().Bill(1, 0xFFFFFFFF).Bill(7, 5).Amount(0x80000000);
+    EXPECT_EQ(Pay(first), kNotDispensed);
+    EXPECT_EQ(Pay(Table(first).Partial()), kNotDispensed);
+    EXPECT_EQ(
+        Pay(Table().Bill(0x80000001, 1).Bill(1, 0xFFFFFFFF).Bill(0x40000000, 2).Amount(0x80000000)),
+        kNotDispensed);
+}
+
+TEST(CalcEqualEmptying, ComparesWrappedSharesOfTwoUnits) {
+    // 131072 * 32768 is 2^32: taking everything from one unit scores 0, like taking equal shares.
+    EXPECT_EQ(Pay(Table().Bill(1, 131072).Bill(2, 131072).Amount(32768).Limit(65535)),
+              Chosen({32768, 0}));
+    EXPECT_EQ(Pay(Table().Bill(1, 131072).Bill(2, 131072).Amount(32766).Limit(65535)),
+              Chosen({10922, 10922}));
+}
+
+TEST(CalcEqualEmptying, ReadsWrappedDifferencesAsSignedNumbers) {
+    // 131072 * 30000 is 0xEA600000 and counts as 0x15A00000; 131072 * 14998 is 0x752C0000.
+    EXPECT_EQ(Pay(Table().Bill(1, 131072).Bill(15001, 131072).Amount(30000).Limit(65535)),
+              Chosen({30000, 0}));
+}
+
+TEST(CalcEqualEmptying, ComparesWrappedSharesOfThreeUnits) {
+    // Unwrapped, 1, 2 and 1 would be the most equal shares of all the combinations that make 100.
+    EXPECT_EQ(Pay(Table().Bill(50, 20000).Bill(20, 20000).Bill(10, 20000).Amount(100)),
+              Chosen({0, 2, 6}));
+    EXPECT_EQ(Pay(Table().Bill(50, 9000).Bill(20, 10000).Bill(10, 11000).Amount(260)),
+              Chosen({0, 1, 24}));
+}
+
+}  // namespace

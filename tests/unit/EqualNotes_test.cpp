@@ -1,0 +1,161 @@
+#include "TableBuilder.h"
+
+namespace {
+
+Found Pay(const Table& table) {
+    return table.Run(CMixAlgorithm::CalcEqualNotes);
+}
+
+const Found kNotDispensed = Failed(-306, "971A2");
+
+/// 100 can be made of five twenties first, or of two fifties later.
+Table SmallFirst() {
+    return Table().Bill(20, 10).Bill(50, 10).Amount(100);
+}
+
+/// The same with a third unit, worth too much to be used.
+Table SmallFirstOfThree() {
+    return SmallFirst().Bill(1000, 1);
+}
+
+TEST(CalcEqualNotes, PaysFromOneUnit) {
+    EXPECT_EQ(Pay(Table().Bill(20, 10).Amount(60)), Chosen({3}));
+    EXPECT_EQ(Pay(Table().Bill(20, 10).Amount(70)), kNotDispensed);
+    EXPECT_EQ(Pay(Table().Bill(20, 10).Amount(70).Partial()), Chosen({3}));
+    EXPECT_EQ(Pay(Table().Bill(20, 2).Amount(70).Partial()), Chosen({2}));
+    EXPECT_EQ(Pay(Table().Bill(20, 2).Amount(10).Partial()), Chosen({0}));
+    EXPECT_EQ(Pay(Table().Bill(20, 2).Amount(10).Partial(2)), kNotDispensed);
+}
+
+TEST(CalcEqualNotes, NeverReportsTheLimitForOneUnit) {
+    EXPECT_EQ(Pay(Table().Bill(20, 50).Amount(820).Limit(40)), kNotDispensed);
+    EXPECT_EQ(Pay(Table().Bill(20, 50).Amount(830).Limit(40).Partial()), kNotDispensed);
+}
+
+TEST(CalcEqualNotes, ChoosesTheSmallerSpread) {
+    EXPECT_EQ(Pay(Table().Bill(50, 10).Bill(20, 10).Amount(100)), Chosen({2, 0}));  // not 0 and 5
+    EXPECT_EQ(Pay(Table().Bill(50, 10).Bill(20, 10).Amount(140)), Chosen({2, 2}));  // not 0 and 7
+    EXPECT_EQ(Pay(Table().Bill(50, 10).Bill(20, 10).Bill(10, 10).Amount(160)), Chosen({2, 2, 2}));
+    EXPECT_EQ(Pay(Table().Bill(50, 10).Bill(20, 10).Bill(10, 10).Bill(5, 10).Amount(85)),
+              Chosen({1, 1, 1, 1}));
+    EXPECT_EQ(Pay(Table().Bill(100, 9).Bill(50, 9).Bill(20, 9).Bill(10, 9).Bill(5, 9).Amount(370)),
+              Chosen({2, 2, 2, 2, 2}));
+}
+
+TEST(CalcEqualNotes, KeepsTheFirstOfEqualSpreads) {
+    EXPECT_EQ(Pay(Table().Bill(10, 9).Coin(10, 9).Amount(10)), Chosen({1, 0}));
+    EXPECT_EQ(Pay(Table().Bill(10, 9).Coin(10, 9).Unit(5, 10, 9).Amount(10)), Chosen({1, 0, 0}));
+    EXPECT_EQ(Pay(Table().Bill(9, 9).Bill(9, 9).Bill(9, 9).Bill(9, 9).Amount(18)),
+              Chosen({1, 1, 0, 0}));
+    EXPECT_EQ(Pay(Table().Bill(9, 9).Bill(9, 9).Bill(9, 9).Bill(9, 9).Bill(9, 9).Amount(27)),
+              Chosen({1, 1, 1, 0, 0}));
+}
+
+TEST(CalcEqualNotes, EndsThePassAtTheFirstRefusalOfTwoUnits) {
+    EXPECT_EQ(Pay(SmallFirst().Limit(2)), kNotDispensed);
+    EXPECT_EQ(Pay(SmallFirst().Amount(105).Limit(2).Partial()), kNotDispensed);
+}
+
+TEST(CalcEqualNotes, SkipsRefusalsOfThreeToFiveUnits) {
+    EXPECT_EQ(Pay(SmallFirstOfThree().Limit(2)), Chosen({0, 2, 0}, "971A3"));
+    EXPECT_EQ(Pay(SmallFirstOfThree().Bill(2000, 1).Limit(2)), Chosen({0, 2, 0, 0}, "971A3"));
+    EXPECT_EQ(Pay(SmallFirstOfThree().Bill(2000, 1).Bill(3000, 1).Limit(2)),
+              Chosen({0, 2, 0, 0, 0}, "971A3"));
+}
+
+TEST(CalcEqualNotes, LeavesTheCodeOfALaterRefusalOnSuccess) {
+    const Table table = Table().Bill(50, 10).Bill(20, 10).Amount(100);
+    EXPECT_EQ(Pay(Table(table).Limit(5)), Chosen({2, 0}));
+    EXPECT_EQ(Pay(Table(table).Limit(4)), Chosen({2, 0}, "971A3"));
+    EXPECT_EQ(Pay(Table().Bill(50, 10).Coin(20, 10).Amount(100).Limit(4)), Chosen({2, 0}, "971A4"));
+}
+
+TEST(CalcEqualNotes, LeavesTheCodeOfTheLastRefusal) {
+    // In order: five coins of 20 (971A4), then two notes of 50, then ten notes of 10 (971A3).
+    EXPECT_EQ(Pay(Table().Coin(20, 5).Bill(50, 9).Bill(10, 10).Amount(100).Limit(4)),
+              Chosen({2, 1, 1}, "971A3"));
+    // In order: ten notes of 10 (971A3), ..., at last five coins of 20 (971A4).
+    EXPECT_EQ(Pay(Table().Bill(10, 10).Bill(50, 1).Coin(20, 5).Amount(100).Limit(4)),
+              Chosen({1, 1, 2}, "971A4"));
+}
+
+TEST(CalcEqualNotes, FailsWithItsOwnCodeOverThoseOfRefusals) {
+    EXPECT_EQ(Pay(SmallFirstOfThree().Limit(1)), kNotDispensed);
+    EXPECT_EQ(Pay(SmallFirst().Limit(1)), kNotDispensed);
+}
+
+TEST(CalcEqualNotes, PaysTheMostEqualCombinationBelowTheAmount) {
+    const Table table = Table().Bill(50, 10).Bill(20, 10).Amount(135);
+    EXPECT_EQ(Pay(table), kNotDispensed);
+    EXPECT_EQ(Pay(Table(table).Partial()), Chosen({2, 1}));  // not 1 and 4, which pays more
+    EXPECT_EQ(Pay(Table(table).Partial(2)), kNotDispensed);
+}
+
+TEST(CalcEqualNotes, PrefersPayingNothingWhenThatIsMoreEqual) {
+    EXPECT_EQ(Pay(SmallFirstOfThree().Amount(105).Partial()), Chosen({0, 0, 0}));
+    EXPECT_EQ(Pay(SmallFirstOfThree().Amount(105).Limit(2).Partial()), Chosen({0, 0, 0}, "971A3"));
+}
+
+TEST(CalcEqualNotes, DoesNotFallBackToExactCombinations) {
+    // Each combination is exact and over the limit; none falls short.
+    EXPECT_EQ(Pay(Table().Bill(50, 9).Bill(20, 9).Bill(10, 9).Amount(50).Limit(0).Partial()),
+              kNotDispensed);
+}
+
+TEST(CalcEqualNotes, FallsShortWhereExactCombinationsAreRefused) {
+    // 3 x 20 is over the limit; 1 x 50 leaves 10.
+    EXPECT_EQ(Pay(Table().Bill(50, 10).Bill(20, 10).Amount(60).Limit(2).Partial()),
+              Chosen({1, 0}, "971A3"));
+    EXPECT_EQ(Pay(Table().Bill(500, 1).Bill(50, 10).Bill(20, 10).Amount(60).Limit(2).Partial()),
+              Chosen({0, 1, 0}, "971A3"));
+}
+
+TEST(CalcEqualNotes, FailsSilentlyWhenTheFirstUnitIsWorthNothing) {
+    const Found silent = Failed(-306, "");
+    EXPECT_EQ(Pay(Table().Bill(0, 9).Amount(0).Partial()), silent);
+    EXPECT_EQ(Pay(Table().Bill(0, 9).Bill(50, 9).Amount(50)), silent);
+    EXPECT_EQ(Pay(Table().Bill(0, 1).Bill(1, 1).Bill(2, 1).Bill(3, 1).Bill(4, 1).Bill(5, 1)),
+              silent);
+}
+
+TEST(CalcEqualNotes, FailsAloudWhenALaterUnitIsWorthNothing) {
+    EXPECT_EQ(Pay(Table().Bill(50, 9).Bill(0, 9).Amount(50)), kNotDispensed);
+    EXPECT_EQ(Pay(Table().Bill(50, 9).Bill(20, 9).Bill(0, 9).Amount(50).Partial()), kNotDispensed);
+}
+
+TEST(CalcEqualNotes, HasNoRuleForSixUnitsOrNone) {
+    Table six = Table().Bill(6, 9).Bill(5, 9).Bill(4, 9).Bill(3, 9).Bill(2, 9).Bill(1, 9);
+    EXPECT_EQ(Pay(six.Amount(6)), Failed(-315, "97194"));
+    six.table.usCount = std::uint16_t{0};
+    EXPECT_EQ(Pay(six.Amount(6)), Failed(-315, "97194"));
+}
+
+TEST(CalcEqualNotes, LeavesOutLoopsThatStartAt2To31) {
+    const Table first = Table().Bill(1, 0xFFFFFFFF).Bill(7, 5).Amount(0x80000000);
+    EXPECT_EQ(Pay(first), kNotDispensed);
+    EXPECT_EQ(Pay(Table(first).Partial()), kNotDispensed);
+    // The loop of the second unit is left out for each count of the first: the 2^30 are not seen.
+    EXPECT_EQ(
+        Pay(Table().Bill(0x80000000, 1).Bill(1, 0xFFFFFFFF).Bill(0x40000000, 2).Amount(0x80000000)),
+        Chosen({1, 0, 0}));
+    EXPECT_EQ(
+        Pay(Table().Bill(0x80000001, 1).Bill(1, 0xFFFFFFFF).Bill(0x40000000, 2).Amount(0x80000000)),
+        kNotDispensed);
+}
+
+TEST(CalcEqualNotes, SearchesAsUsualWhenOnlyACountReaches2To31) {
+    EXPECT_EQ(Pay(Table().Bill(50, 0x80000000).Bill(20, 10).Amount(100)), Chosen({2, 0}));
+    EXPECT_EQ(Pay(Table().Bill(50, 10).Bill(20, 0xFFFFFFFF).Amount(100).Limit(4)),
+              Chosen({2, 0}, "971A3"));
+}
+
+TEST(CalcEqualNotes, ComparesWrappedSpreads) {
+    // 2 * 46341^2 is 2^32 + 9266: as a spread of 9266 it beats all the more equal combinations that
+    // the hundred items of the second unit allow.
+    EXPECT_EQ(Pay(Table().Bill(1, 100000).Bill(2, 100).Amount(46341).Limit(65535)),
+              Chosen({46341, 0}));
+    EXPECT_EQ(Pay(Table().Bill(1, 100000).Bill(2, 100).Amount(46340).Limit(65535)),
+              Chosen({46140, 100}));
+}
+
+}  // namespace
