@@ -65,6 +65,13 @@ TEST_F(RegistryControl, TellsWhenTheRoomIsTooSmall) {
     EXPECT_EQ(bytes[0], 0xEE);
 }
 
+TEST_F(RegistryControl, ReportsMissingValuesAndKeys) {
+    EXPECT_EQ(QxmixRegistryGetValue(kErrorCodeKey, "CDM", nullptr, nullptr, nullptr),
+              kQxmixErrorFileNotFound);
+    EXPECT_EQ(QxmixRegistryGetValue(kNew, "CDM", nullptr, nullptr, nullptr),
+              kQxmixErrorFileNotFound);
+}
+
 TEST_F(RegistryControl, RefusesRoomWithoutSize) {
     std::uint8_t byte = 0;
     EXPECT_EQ(QxmixRegistryGetValue(kErrorCodeKey, "CDM", nullptr, &byte, nullptr),

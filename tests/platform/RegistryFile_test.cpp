@@ -1,12 +1,37 @@
 #include "PlatformTest.h"
 
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
+
+/// Lets every write to a file fail while it lives.
+class NoRoomForFiles {
+public:
+    NoRoomForFiles() {
+        getrlimit(RLIMIT_FSIZE, &before_);
+        rlimit none = before_;
+        none.rlim_cur = 0;
+        setrlimit(RLIMIT_FSIZE, &none);
+        handlerBefore_ = std::signal(SIGXFSZ, SIG_IGN);
+    }
+    NoRoomForFiles(const NoRoomForFiles&) = delete;
+    NoRoomForFiles& operator=(const NoRoomForFiles&) = delete;
+
+    ~NoRoomForFiles() {
+        setrlimit(RLIMIT_FSIZE, &before_);
+        std::signal(SIGXFSZ, handlerBefore_);
+    }
+
+private:
+    rlimit before_ = {};
+    void (*handlerBefore_)(int) = nullptr;
+};
 
 /// Each test has a folder of its own.
 class RegistryFile : public PlatformTest {
@@ -133,6 +158,19 @@ TEST_F(RegistryFile, StaysWholeWhenTheContentCannotBeWritten) {
     QxmixTextError error;
     EXPECT_EQ(QxmixRegistrySaveFile(path.c_str(), &error), kQxmixErrorInvalidData);
     EXPECT_STREQ(error.message, "the name of a key has a line break, which the file cannot hold");
+    EXPECT_EQ(Read(path), "old");
+    EXPECT_EQ(FilesThere(), 1U);
+}
+
+TEST_F(RegistryFile, StaysWholeWhenTheDiskIsFull) {
+    const std::string path = Write("out.reg", "old");
+    QxmixTextError error;
+    const std::int32_t result = [&] {
+        const NoRoomForFiles noRoom;
+        return QxmixRegistrySaveFile(path.c_str(), &error);
+    }();
+    EXPECT_EQ(result, kQxmixErrorWriteFault);
+    EXPECT_STREQ(error.message, "cannot be written: File too large");
     EXPECT_EQ(Read(path), "old");
     EXPECT_EQ(FilesThere(), 1U);
 }

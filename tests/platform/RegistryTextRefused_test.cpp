@@ -65,6 +65,7 @@ INSTANTIATE_TEST_SUITE_P(
                     WrongText{"OverlongForm3", "REGEDIT4\n;\xE0\x80\xAF", 2, kEncoding},
                     WrongText{"Surrogate", "REGEDIT4\n;\xED\xA0\x80", 2, kEncoding},
                     WrongText{"TooLarge", "REGEDIT4\n;\xF4\x90\x80\x80", 2, kEncoding},
+                    WrongText{"NoContinuation", "REGEDIT4\n;\xC3(", 2, kEncoding},
                     WrongText{"CutCharacter", "REGEDIT4\n;\xE2\x82", 2, kEncoding},
                     WrongText{"CharacterCutByALine", "REGEDIT4\n;\xE2\n", 2, kEncoding},
                     WrongText{"NoLeadByte", "REGEDIT4\n;\xFF", 2, kEncoding}),

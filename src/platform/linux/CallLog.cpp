@@ -42,7 +42,7 @@ public:
 
     void AddAccess(std::uint32_t access) {
         char hex[16];
-        std::snprintf(hex, sizeof(hex), "0x%X", access);
+        static_cast<void>(std::snprintf(hex, sizeof(hex), "0x%X", access));
         written_ += std::string(", access ") + hex;
     }
 

@@ -29,10 +29,15 @@ public:
         objects_.emplace(number, std::move(object));
         // A number comes again only after all others: an old handle stays wrong for long.
         Advance();
+        // NOLINTNEXTLINE(performance-no-int-to-ptr): a handle is a number in the shape of a pointer
         return reinterpret_cast<void*>(number);
     }
 
     /// @return the object, valid until the next Insert or Erase, or null for an unknown handle.
+    const Object* Find(const void* handle) const noexcept {
+        const auto found = objects_.find(reinterpret_cast<std::uintptr_t>(handle));
+        return found == objects_.end() ? nullptr : &found->second;
+    }
     Object* Find(const void* handle) noexcept {
         const auto found = objects_.find(reinterpret_cast<std::uintptr_t>(handle));
         return found == objects_.end() ? nullptr : &found->second;

@@ -61,6 +61,7 @@ LONG RegOpenKeyExW(HKEY key,
     });
 }
 
+// NOLINTNEXTLINE(readability-function-size): the arguments are those of Windows
 LONG RegCreateKeyExW(HKEY key,
                      const PlatformChar* subKey,
                      DWORD reserved,
@@ -87,6 +88,7 @@ LONG RegCreateKeyExW(HKEY key,
     });
 }
 
+// NOLINTNEXTLINE(readability-function-size): the arguments are those of Windows
 LONG RegQueryValueExW(HKEY key,
                       const PlatformChar* valueName,
                       DWORD* reserved,
@@ -109,6 +111,7 @@ LONG RegQueryValueExW(HKEY key,
     });
 }
 
+// NOLINTNEXTLINE(readability-function-size): the arguments are those of Windows
 LONG RegSetValueExW(HKEY key,
                     const PlatformChar* valueName,
                     DWORD reserved,

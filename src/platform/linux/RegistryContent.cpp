@@ -1,5 +1,6 @@
 #include "RegistryContent.h"
 
+#include <algorithm>
 #include <atomic>
 #include <iterator>
 
@@ -13,22 +14,22 @@ std::uint64_t NextSerial() noexcept {
 }  // namespace
 
 RegistryContent::RegistryContent() {
-    keys_[KeyPath{kClassesRootName}];
-    keys_[KeyPath{kLocalMachineName}];
+    keys_[KeyPath(kClassesRootName)];
+    keys_[KeyPath(kLocalMachineName)];
 }
 
 RegistryContent RegistryContent::AtStart() {
     RegistryContent content;
-    content.Create({kLocalMachineName, u"SOFTWARE", u"ATM", u"ErrorCode"});
+    content.Create(KeyPath(kLocalMachineName) + u"\\SOFTWARE\\ATM\\ErrorCode");
     return content;
 }
 
-const RegistryKey* RegistryContent::Find(const KeyPath& path) const {
+const RegistryKey* RegistryContent::Find(const KeyPath& path) const noexcept {
     const auto found = keys_.find(path);
     return found == keys_.end() ? nullptr : &found->second;
 }
 
-RegistryKey* RegistryContent::Find(const KeyPath& path) {
+RegistryKey* RegistryContent::Find(const KeyPath& path) noexcept {
     const auto found = keys_.find(path);
     return found == keys_.end() ? nullptr : &found->second;
 }
@@ -44,18 +45,19 @@ const RegistryValue* RegistryContent::FindValue(const KeyPath& path,
 }
 
 RegistryKey& RegistryContent::Create(const KeyPath& path, bool* created) {
-    KeyPath walked;
+    KeyPath spelled = path;
     auto key = keys_.end();
     bool isNew = false;
-    for (const std::u16string& name : path) {
-        walked.push_back(name);
-        key = keys_.find(walked);
+    for (std::size_t end = 0; end != spelled.size();) {
+        end = std::min(spelled.find(u'\\', end + 1), spelled.size());
+        const KeyPath above = spelled.substr(0, end);
+        key = keys_.find(above);
         isNew = key == keys_.end();
         if (isNew) {
-            key = keys_.emplace(walked, RegistryKey{NextSerial(), {}}).first;
+            key = keys_.emplace(above, RegistryKey{NextSerial(), {}}).first;
         }
-        // From here on the names above are spelled as the keys that were there first.
-        walked = key->first;
+        // From here on the names so far are spelled as those of the key that was there first.
+        spelled.replace(0, end, key->first);
     }
     if (created != nullptr) {
         *created = isNew;
@@ -72,7 +74,7 @@ bool RegistryContent::Delete(const KeyPath& path) {
     while (last != keys_.end() && IsAtOrBelow(last->first, path)) {
         ++last;
     }
-    if (path.size() > 1) {
+    if (!IsRoot(path)) {
         keys_.erase(first, last);
     } else {
         first->second.values.clear();

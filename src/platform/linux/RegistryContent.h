@@ -31,8 +31,8 @@ public:
     const RegistryKeys& Keys() const noexcept { return keys_; }
 
     /// @return the key, or null.
-    const RegistryKey* Find(const KeyPath& path) const;
-    RegistryKey* Find(const KeyPath& path);
+    const RegistryKey* Find(const KeyPath& path) const noexcept;
+    RegistryKey* Find(const KeyPath& path) noexcept;
 
     /// @return the value, or null when it or the key is missing.
     const RegistryValue* FindValue(const KeyPath& path, const std::u16string& name) const;

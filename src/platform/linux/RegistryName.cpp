@@ -6,19 +6,30 @@
 
 namespace {
 
-bool CharacterLess(char16_t left, char16_t right) noexcept {
-    return FoldCase(left) < FoldCase(right);
+/// The character as it counts in a path: the backslash before all others, so that the keys below
+/// a key follow it at once.
+char16_t FoldInPath(char16_t character) noexcept {
+    return character == u'\\' ? u'\0' : FoldCase(character);
 }
 
-bool SameName(const std::u16string& left, const std::u16string& right) noexcept {
-    const NameLess less;
-    return !less(left, right) && !less(right, left);
+template <char16_t (*Fold)(char16_t) noexcept>
+bool IsLess(const std::u16string& left, const std::u16string& right) noexcept {
+    const std::size_t both = std::min(left.size(), right.size());
+    for (std::size_t k = 0; k < both; ++k) {
+        const char16_t leftFolded = Fold(left[k]);
+        const char16_t rightFolded = Fold(right[k]);
+        if (leftFolded != rightFolded) {
+            return leftFolded < rightFolded;
+        }
+    }
+    return left.size() < right.size();
+}
+
+bool SameCharacter(char16_t left, char16_t right) noexcept {
+    return FoldCase(left) == FoldCase(right);
 }
 
 }  // namespace
-
-const char16_t kClassesRootName[] = u"HKEY_CLASSES_ROOT";
-const char16_t kLocalMachineName[] = u"HKEY_LOCAL_MACHINE";
 
 char16_t FoldCase(char16_t character) noexcept {
     const bool ascii = character >= u'a' && character <= u'z';
@@ -30,18 +41,21 @@ char16_t FoldCase(char16_t character) noexcept {
 }
 
 bool NameLess::operator()(const std::u16string& left, const std::u16string& right) const noexcept {
-    return std::lexicographical_compare(left.begin(), left.end(), right.begin(), right.end(),
-                                        CharacterLess);
+    return IsLess<FoldCase>(left, right);
 }
 
 bool PathLess::operator()(const KeyPath& left, const KeyPath& right) const noexcept {
-    return std::lexicographical_compare(left.begin(), left.end(), right.begin(), right.end(),
-                                        NameLess());
+    return IsLess<FoldInPath>(left, right);
 }
 
 bool IsAtOrBelow(const KeyPath& path, const KeyPath& above) noexcept {
     return path.size() >= above.size() &&
-           std::equal(above.begin(), above.end(), path.begin(), SameName);
+           std::equal(above.begin(), above.end(), path.begin(), SameCharacter) &&
+           (path.size() == above.size() || path[above.size()] == u'\\');
+}
+
+bool IsRoot(const KeyPath& path) noexcept {
+    return path.find(u'\\') == KeyPath::npos;
 }
 
 std::int32_t AppendSubKey(std::u16string_view subKey, KeyPath* path) {
@@ -54,7 +68,8 @@ std::int32_t AppendSubKey(std::u16string_view subKey, KeyPath* path) {
             return kQxmixErrorInvalidParameter;
         }
         if (length != 0) {
-            path->emplace_back(subKey.substr(0, length));
+            *path += u'\\';
+            *path += subKey.substr(0, length);
         }
         subKey.remove_prefix(std::min(length + 1, subKey.size()));
     }
@@ -63,26 +78,15 @@ std::int32_t AppendSubKey(std::u16string_view subKey, KeyPath* path) {
 
 std::int32_t ReadFullPath(std::u16string_view text, KeyPath* path) {
     const std::size_t length = std::min(text.find(u'\\'), text.size());
-    const std::u16string written(text.substr(0, length));
+    const std::u16string_view written = text.substr(0, length);
     path->clear();
-    for (const char16_t* root : {kClassesRootName, kLocalMachineName}) {
-        if (SameName(written, root)) {
-            path->emplace_back(root);
+    for (const std::u16string_view root : {kClassesRootName, kLocalMachineName}) {
+        if (std::equal(root.begin(), root.end(), written.begin(), written.end(), SameCharacter)) {
+            *path = root;
         }
     }
     if (path->empty()) {
         return kQxmixErrorInvalidParameter;
     }
     return AppendSubKey(text.substr(std::min(length + 1, text.size())), path);
-}
-
-std::u16string PathText(const KeyPath& path) {
-    std::u16string text;
-    for (const std::u16string& name : path) {
-        if (!text.empty()) {
-            text += u'\\';
-        }
-        text += name;
-    }
-    return text;
 }

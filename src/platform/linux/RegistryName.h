@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
 
 /// Longest name of a key between two backslashes, and of a value, in 16-bit characters.
 /// Source: the limit of Windows CE; the desktop allows longer value names.
@@ -19,8 +18,8 @@ struct NameLess {
     bool operator()(const std::u16string& left, const std::u16string& right) const noexcept;
 };
 
-/// Name of the root, then the names of the keys below it, outermost first.
-using KeyPath = std::vector<std::u16string>;
+/// Names from the root inwards, with one backslash between each two and none at the end.
+using KeyPath = std::u16string;
 
 /// Order of paths without regard to case: a key stands directly before everything below it.
 struct PathLess {
@@ -30,9 +29,12 @@ struct PathLess {
 /// Whether one path is the other or lies below it.
 bool IsAtOrBelow(const KeyPath& path, const KeyPath& above) noexcept;
 
+/// Whether the path has no key above it.
+bool IsRoot(const KeyPath& path) noexcept;
+
 /// The roots that the registry keeps, in the order in which they are written to files.
-extern const char16_t kClassesRootName[];
-extern const char16_t kLocalMachineName[];
+constexpr std::u16string_view kClassesRootName = u"HKEY_CLASSES_ROOT";
+constexpr std::u16string_view kLocalMachineName = u"HKEY_LOCAL_MACHINE";
 
 /// Appends a sub-key as callers write it: names between backslashes, of which several in a row
 /// count as one and one at the end as none; '/' is a character like any other.
@@ -45,6 +47,3 @@ std::int32_t AppendSubKey(std::u16string_view subKey, KeyPath* path);
 ///
 /// @return 0, kQxmixErrorInvalidParameter when there is no such root, or as AppendSubKey.
 std::int32_t ReadFullPath(std::u16string_view text, KeyPath* path);
-
-/// The path with its backslashes.
-std::u16string PathText(const KeyPath& path);

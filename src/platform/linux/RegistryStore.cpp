@@ -3,6 +3,9 @@
 #include "HostControl.h"
 #include "TextEncoding.h"
 
+#include <string_view>
+#include <utility>
+
 namespace {
 
 constexpr std::uint32_t kFirstKeyHandle = 0x0A000004;
@@ -26,13 +29,18 @@ REGSAM RightsOf(REGSAM access) noexcept {
     return rights;
 }
 
-std::u16string TextOf(const PlatformChar* text) {
-    return text == nullptr ? std::u16string() : std::u16string(text);
+std::u16string_view TextOf(const PlatformChar* text) noexcept {
+    return text == nullptr ? std::u16string_view() : std::u16string_view(text);
 }
 
 }  // namespace
 
-RegistryStore::RegistryStore() : content_(RegistryContent::AtStart()), openKeys_(kFirstKeyHandle) {
+RegistryStore::RegistryStore()
+    : content_(RegistryContent::AtStart()), classesRoot_{KeyPath(kClassesRootName), 0,
+                                                         kMaximumAllowed,
+                                                         KeyPath(kClassesRootName)},
+      localMachine_{KeyPath(kLocalMachineName), 0, kMaximumAllowed, KeyPath(kLocalMachineName)},
+      openKeys_(kFirstKeyHandle) {
 }
 
 RegistryStore& RegistryStore::Instance() {
@@ -42,42 +50,40 @@ RegistryStore& RegistryStore::Instance() {
 }
 
 /// Finds what a handle stands for, whether or not its key is still there.
-LONG RegistryStore::FindOpenKey(HKEY key, OpenKey* found) {
-    if (key == HKEY_CLASSES_ROOT || key == HKEY_LOCAL_MACHINE) {
-        const std::u16string root = key == HKEY_CLASSES_ROOT ? kClassesRootName : kLocalMachineName;
-        *found = {{root}, 0, kMaximumAllowed, root};
-        return ERROR_SUCCESS;
+/// @return null for a handle that is no open key.
+const RegistryStore::OpenKey* RegistryStore::FindOpenKey(HKEY key) const noexcept {
+    if (key == HKEY_CLASSES_ROOT) {
+        return &classesRoot_;
     }
-    const OpenKey* open = openKeys_.Find(key);
-    if (open == nullptr) {
-        return kQxmixErrorInvalidHandle;
-    }
-    *found = *open;
-    return ERROR_SUCCESS;
+    return key == HKEY_LOCAL_MACHINE ? &localMachine_ : openKeys_.Find(key);
 }
 
 /// Finds a key that is still there and was opened with the rights needed.
-LONG RegistryStore::FindForUse(HKEY key, REGSAM needed, OpenKey* found) {
-    const LONG result = FindOpenKey(key, found);
-    if (result != ERROR_SUCCESS) {
-        return result;
+LONG RegistryStore::FindForUse(HKEY key, REGSAM needed, const OpenKey** found) const noexcept {
+    const OpenKey* const open = FindOpenKey(key);
+    if (open == nullptr) {
+        return kQxmixErrorInvalidHandle;
     }
-    const RegistryKey* stored = content_.Find(found->path);
-    if (stored == nullptr || stored->serial != found->serial) {
+    const RegistryKey* stored = content_.Find(open->path);
+    if (stored == nullptr || stored->serial != open->serial) {
         return kQxmixErrorKeyDeleted;
     }
-    return (RightsOf(found->access) & needed) == needed ? ERROR_SUCCESS : kQxmixErrorAccessDenied;
+    *found = open;
+    return (RightsOf(open->access) & needed) == needed ? ERROR_SUCCESS : kQxmixErrorAccessDenied;
 }
 
 /// Finds the path of a sub-key, there or not.
-LONG RegistryStore::ResolveSubKey(HKEY key, const PlatformChar* subKey, OpenKey* resolved) {
-    const LONG result = FindForUse(key, 0, resolved);
+LONG RegistryStore::ResolveSubKey(HKEY key, const PlatformChar* subKey, OpenKey* resolved) const {
+    const OpenKey* above = nullptr;
+    const LONG result = FindForUse(key, 0, &above);
     if (result != ERROR_SUCCESS) {
         return result;
     }
-    const std::u16string text = TextOf(subKey);
+    *resolved = *above;
+    const std::u16string_view text = TextOf(subKey);
     if (!text.empty()) {
-        resolved->written += u'\\' + text;
+        resolved->written += u'\\';
+        resolved->written += text;
     }
     return AppendSubKey(text, &resolved->path);
 }
@@ -124,12 +130,12 @@ LONG RegistryStore::Query(HKEY key,
                           std::uint8_t* bytes,
                           DWORD* size) {
     const std::lock_guard<std::mutex> lock(mutex_);
-    OpenKey open;
+    const OpenKey* open = nullptr;
     const LONG result = FindForUse(key, kQueryValueRight, &open);
     if (result != ERROR_SUCCESS) {
         return result;
     }
-    const RegistryValue* value = content_.FindValue(open.path, TextOf(name));
+    const RegistryValue* value = content_.FindValue(open->path, std::u16string(TextOf(name)));
     if (value == nullptr) {
         return kQxmixErrorFileNotFound;
     }
@@ -138,16 +144,16 @@ LONG RegistryStore::Query(HKEY key,
 
 LONG RegistryStore::Set(HKEY key, const PlatformChar* name, RegistryValue value) {
     const std::lock_guard<std::mutex> lock(mutex_);
-    OpenKey open;
+    const OpenKey* open = nullptr;
     const LONG result = FindForUse(key, kSetValueRight, &open);
     if (result != ERROR_SUCCESS) {
         return result;
     }
-    std::u16string text = TextOf(name);
+    const std::u16string_view text = TextOf(name);
     if (text.size() > kMaxRegistryName) {
         return kQxmixErrorInvalidParameter;
     }
-    content_.Find(open.path)->values[std::move(text)] = std::move(value);
+    content_.Find(open->path)->values[std::u16string(text)] = std::move(value);
     return ERROR_SUCCESS;
 }
 
@@ -162,8 +168,8 @@ LONG RegistryStore::Close(HKEY key) {
 
 std::string RegistryStore::DescribeKey(HKEY key) {
     const std::lock_guard<std::mutex> lock(mutex_);
-    OpenKey open;
-    return FindOpenKey(key, &open) == ERROR_SUCCESS ? EncodeUtf8(open.written) : "?";
+    const OpenKey* const open = FindOpenKey(key);
+    return open == nullptr ? "?" : EncodeUtf8(open->written);
 }
 
 std::uint32_t RegistryStore::OpenKeys() {

@@ -6,7 +6,6 @@
 
 #include <mutex>
 #include <string>
-#include <utility>
 
 /// The registry of the process: its content and the keys that the module has open.
 ///
@@ -55,17 +54,19 @@ private:
         KeyPath path;
         std::uint64_t serial;
         REGSAM access;
-        std::u16string written;
+        std::u16string written;  ///< the path as it was written when the key was opened
     };
 
     RegistryStore();
 
-    LONG FindOpenKey(HKEY key, OpenKey* found);
-    LONG FindForUse(HKEY key, REGSAM needed, OpenKey* found);
-    LONG ResolveSubKey(HKEY key, const PlatformChar* subKey, OpenKey* resolved);
+    const OpenKey* FindOpenKey(HKEY key) const noexcept;
+    LONG FindForUse(HKEY key, REGSAM needed, const OpenKey** found) const noexcept;
+    LONG ResolveSubKey(HKEY key, const PlatformChar* subKey, OpenKey* resolved) const;
     HKEY KeepOpen(OpenKey key, REGSAM access);
 
     std::mutex mutex_;
     RegistryContent content_;
+    OpenKey classesRoot_;
+    OpenKey localMachine_;
     HandleTable<OpenKey> openKeys_;
 };

@@ -16,7 +16,7 @@ std::u16string Ascii(const char* text) {
 
 std::u16string Hex(const char* format, std::uint32_t number) {
     char digits[32];
-    std::snprintf(digits, sizeof(digits), format, number);
+    static_cast<void>(std::snprintf(digits, sizeof(digits), format, number));
     return Ascii(digits);
 }
 
@@ -86,9 +86,8 @@ void CheckName(const std::u16string& name, const char* what) {
 }
 
 void AppendKey(const KeyPath& path, const RegistryKey& key, std::u16string* text) {
-    const std::u16string name = PathText(path);
-    CheckName(name, "key");
-    *text += u"[" + name + u"]\r\n";
+    CheckName(path, "key");
+    *text += u"[" + path + u"]\r\n";
     for (const auto& [valueName, value] : key.values) {
         CheckName(valueName, "value");
         *text += ValueLine(valueName, value) + u"\r\n";
@@ -102,7 +101,7 @@ std::string WriteRegistryText(const RegistryContent& content) {
     constexpr char16_t kMark = 0xFEFF;
     std::u16string text = kMark + std::u16string(u"Windows Registry Editor Version 5.00\r\n\r\n");
     for (const auto& [path, key] : content.Keys()) {
-        const bool isEmptyRoot = path.size() == 1 && key.values.empty();
+        const bool isEmptyRoot = IsRoot(path) && key.values.empty();
         if (!isEmptyRoot) {
             AppendKey(path, key, &text);
         }
