@@ -16,7 +16,7 @@ public:
         for (unsigned unit = 0; unit < units.n; ++unit) {
             sum += units.values[unit];
         }
-        return sum * units.limit < kLargestProduct;
+        return sum * std::max(units.limit, 1U) < kLargestProduct;
     }
 
     SpreadBound(const SearchUnits& units, std::uint32_t mostItems) noexcept
