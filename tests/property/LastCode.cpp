@@ -15,7 +15,7 @@ LONG RegOpenKeyExW(HKEY key, const PlatformChar*, DWORD, REGSAM, HKEY* opened) {
     return ERROR_SUCCESS;
 }
 
-LONG RegSetValueExW(HKEY,
+LONG RegSetValueExW(HKEY,  // NOLINT(readability-function-size) the shape is the system's
                     const PlatformChar*,
                     DWORD,
                     DWORD,

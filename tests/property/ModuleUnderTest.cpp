@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::uint8_t kGuard = 0xC3;
 constexpr std::uint8_t kOldResult = 0xA5;
-constexpr unsigned kMaxShift = 8;
+constexpr std::size_t kMaxShift = 8;
 
 /// Memory for a record with guard bytes around it, at any distance from an aligned address.
 template <std::size_t Size>

@@ -59,7 +59,7 @@ TEST(RandomRequests, KeepAdversarialNumbersSmall) {
         const unsigned cassettes = ReadU16(random.request.Bytes() + 20);
         EXPECT_LE(cassettes, 6U);
         for (unsigned index = 0; index < cassettes; ++index) {
-            const std::uint8_t* cassette = random.request.Bytes() + 24 + 172 * index;
+            const std::uint8_t* cassette = random.request.Bytes() + 24 + std::size_t{172} * index;
             EXPECT_EQ(index, ReadU16(cassette));
             EXPECT_LE(ReadU32(cassette + 148), 12U);
             EXPECT_LE(ReadU32(cassette + 152), 6U);

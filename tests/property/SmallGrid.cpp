@@ -60,21 +60,30 @@ Table TableOf(const Values& values, std::uint32_t digits, bool withCoins) {
     return table;
 }
 
+/// All tables of these values, each with bank notes only and with coins.
+std::vector<Table> TablesOf(const Values& values) {
+    std::uint32_t combinations = 1;
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        combinations *= kCounts;
+    }
+    std::vector<Table> tables;
+    for (std::uint32_t digits = 0; digits < combinations; ++digits) {
+        tables.push_back(TableOf(values, digits, false));
+        tables.push_back(TableOf(values, digits, true));
+    }
+    return tables;
+}
+
 }  // namespace
 
 void ForEachSmallTable(std::uint64_t every, const std::function<void(const Table&)>& visit) {
     std::uint64_t number = 0;
     for (const Values& values : AllValues()) {
-        std::uint32_t tables = 1;
-        for (std::size_t i = 0; i < values.size(); ++i) {
-            tables *= kCounts;
-        }
-        for (std::uint32_t digits = 0; digits < tables; ++digits) {
-            for (const bool withCoins : {false, true}) {
-                if (number++ % every == 0) {
-                    visit(TableOf(values, digits, withCoins));
-                }
+        for (const Table& table : TablesOf(values)) {
+            if (number % every == 0) {
+                visit(table);
             }
+            ++number;
         }
     }
 }

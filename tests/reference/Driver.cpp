@@ -103,7 +103,7 @@ void WriteRemainder(std::uint8_t* request, const Notes& result) {
 }
 
 void WriteResult(std::uint8_t* result, const Notes& notes) {
-    for (unsigned k = 0; k < kMaxUnits; ++k) {
+    for (std::size_t k = 0; k < kMaxUnits; ++k) {
         WriteU32(result + 4 * k, notes[k]);
     }
 }

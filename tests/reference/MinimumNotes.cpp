@@ -36,8 +36,8 @@ private:
     }
 
     /// Tries the counts of unit k downwards; true when the trial is the solution.
-    bool Level(std::size_t k,
-               std::uint32_t used) {  // NOLINT(misc-no-recursion) four levels at most
+    bool Level(std::size_t k,  // NOLINT(misc-no-recursion) four levels at most
+               std::uint32_t used) {
         const std::size_t last = units_.size() - 1;
         std::uint32_t x = MostOf(units_[k], question_.amount - used);
         while (true) {

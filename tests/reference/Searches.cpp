@@ -49,7 +49,7 @@ RunNamedSearch(Search search, const Question& question, Notes& notes, Journal& j
     return kInvalidMixNumber;
 }
 
-Outcome RunSearch(Search search,
+Outcome RunSearch(Search search,  // NOLINT(readability-function-size) the parts of one question
                   const std::vector<Unit>& units,
                   std::uint32_t amount,
                   std::uint32_t partial,

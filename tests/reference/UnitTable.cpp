@@ -49,7 +49,7 @@ unsigned CassetteCount(const std::uint8_t* request) {
 }
 
 Cassette ReadCassette(const std::uint8_t* request, unsigned index) {
-    const std::uint8_t* record = request + 24 + 172 * index;
+    const std::uint8_t* record = request + 24 + std::size_t{172} * index;
     Cassette cassette;
     cassette.position = ReadU16(record);
     cassette.type = ReadU16(record + 130);
@@ -78,7 +78,7 @@ UnitTable BuildTable(const std::uint8_t* request) {
 bool TakesOver(std::uint16_t groupStatus, std::uint16_t newStatus) {
     // Row: status of the group; column: status of the newcomer.
     // clang-format off
-    constexpr bool kTakes[7][7] = {
+    constexpr int kTakes[7][7] = {
         // 0  1  2  3  4  5  6
         {  0, 0, 0, 0, 0, 0, 0 },  // 0 OK
         {  1, 0, 1, 0, 0, 0, 0 },  // 1 full
@@ -92,7 +92,7 @@ bool TakesOver(std::uint16_t groupStatus, std::uint16_t newStatus) {
     if (groupStatus >= 7 && groupStatus <= 9) {
         return true;
     }
-    return groupStatus <= 6 && newStatus <= 6 && kTakes[groupStatus][newStatus];
+    return groupStatus <= 6 && newStatus <= 6 && kTakes[groupStatus][newStatus] == 1;
 }
 
 }  // namespace reference
