@@ -1,0 +1,189 @@
+/* A host that has registry functions of its own: the module calls these, not the stand-in's, with
+ * exactly the arguments checked here.
+ *
+ * Usage: interposed_contract <path of the library>. Exits with 0 when everything is as it should
+ * be. */
+
+#include <dlfcn.h>
+#include <stdint.h>
+#include <stdio.h>
+#include <string.h>
+
+typedef struct Key {
+    const char* path;
+} Key;
+
+static int failures = 0;
+static unsigned calls = 0;
+static char written[16];
+static Key minimum = {"SOFTWARE\\ATM\\DevInfo\\CDM\\"};
+static Key errors = {"SOFTWARE\\ATM\\ErrorCode"};
+
+#define CHECK(condition)                                                                           \
+    do {                                                                                           \
+        if (!(condition)) {                                                                        \
+            fprintf(stderr, "%s:%d: not so: %s\n", __FILE__, __LINE__, #condition);                \
+            ++failures;                                                                            \
+        }                                                                                          \
+    } while (0)
+
+static int IsText(const uint16_t* text, const char* expected) {
+    size_t index = 0;
+    while (expected[index] != '\0' && text[index] == (unsigned char)expected[index]) {
+        ++index;
+    }
+    return expected[index] == '\0' && text[index] == 0;
+}
+
+int32_t
+RegOpenKeyExW(void* key, const uint16_t* path, uint32_t options, uint32_t access, void** opened);
+int32_t RegCreateKeyExW(void* key,
+                        const uint16_t* path,
+                        uint32_t reserved,
+                        const uint16_t* keyClass,
+                        uint32_t options,
+                        uint32_t access,
+                        const void* security,
+                        void** opened,
+                        const uint32_t* disposition);
+int32_t RegQueryValueExW(void* key,
+                         const uint16_t* name,
+                         const uint32_t* reserved,
+                         const uint32_t* type,
+                         uint8_t* bytes,
+                         uint32_t* size);
+int32_t RegSetValueExW(void* key,
+                       const uint16_t* name,
+                       uint32_t reserved,
+                       uint32_t type,
+                       const uint8_t* bytes,
+                       uint32_t size);
+int32_t RegCloseKey(void* key);
+
+int32_t
+RegOpenKeyExW(void* key, const uint16_t* path, uint32_t options, uint32_t access, void** opened) {
+    CHECK(options == 0);
+    if (calls++ == 0) {
+        CHECK((uintptr_t)key == 0x80000000u);
+        CHECK(IsText(path, "WOSA/XFS_ROOT\\SERVICE_PROVIDERS\\CashDispenser\\"));
+        CHECK(access == 0x20019);
+        return 2;
+    }
+    CHECK((uintptr_t)key == 0x80000002u);
+    CHECK(IsText(path, errors.path));
+    CHECK(access == 0xF003F);
+    *opened = &errors;
+    return 0;
+}
+
+int32_t RegCreateKeyExW(void* key,
+                        const uint16_t* path,
+                        uint32_t reserved,
+                        const uint16_t* keyClass,
+                        uint32_t options,
+                        uint32_t access,
+                        const void* security,
+                        void** opened,
+                        const uint32_t* disposition) {
+    CHECK(calls++ == 1);
+    CHECK((uintptr_t)key == 0x80000002u);
+    CHECK(IsText(path, minimum.path));
+    CHECK(reserved == 0);
+    CHECK(keyClass != NULL && keyClass[0] == 0);
+    CHECK(options == 0);
+    CHECK(access == 0xF003F);
+    CHECK(security == NULL);
+    (void)disposition;
+    *opened = &minimum;
+    return 0;
+}
+
+int32_t RegQueryValueExW(void* key,
+                         const uint16_t* name,
+                         const uint32_t* reserved,
+                         const uint32_t* type,
+                         uint8_t* bytes,
+                         uint32_t* size) {
+    static const uint8_t kZeros[128] = {0};
+    CHECK(calls++ == 2);
+    CHECK(key == &minimum);
+    CHECK(IsText(name, "CSTMinimum4Mix6"));
+    CHECK(reserved == NULL);
+    (void)type;
+    CHECK(*size == 128);
+    CHECK(memcmp(bytes, kZeros, sizeof(kZeros)) == 0);
+    memcpy(bytes, "4\0002\0", 4);
+    return 0;
+}
+
+int32_t RegSetValueExW(void* key,
+                       const uint16_t* name,
+                       uint32_t reserved,
+                       uint32_t type,
+                       const uint8_t* bytes,
+                       uint32_t size) {
+    CHECK(calls++ == 5);
+    CHECK(key == &errors);
+    CHECK(IsText(name, "CDM"));
+    CHECK(reserved == 0);
+    CHECK(type == 1);
+    CHECK(size == 5);
+    memcpy(written, bytes, 5);
+    return 0;
+}
+
+int32_t RegCloseKey(void* key) {
+    const unsigned call = calls++;
+    CHECK((call == 3 && key == &minimum) || (call == 6 && key == &errors));
+    return 0;
+}
+
+typedef struct Slots {
+    void* (*destroy)(void* object, uint32_t flags);
+    int32_t (*getMixTypes)(void* object, void** list);
+    int32_t (*mixCalculate)(void* object, void* request, void* result);
+} Slots;
+
+static void* lastObject = NULL;
+
+static int32_t OnObjectCreated(void* host, void* object) {
+    (void)host;
+    lastObject = object;
+    return 0;
+}
+
+static const Slots* SlotsOf(const void* object) {
+    const Slots* slots = NULL;
+    memcpy(&slots, object, sizeof(slots));
+    return slots;
+}
+
+int main(int count, char** arguments) {
+    static int32_t (*const hostSlots[2])(void*, void*) = {NULL, OnObjectCreated};
+    const void* const host[1] = {(const void*)hostSlots};
+    void* (*create)(const void* host) = NULL;
+    void (*destroy)(void) = NULL;
+    unsigned char request[1060] = {0};
+    unsigned char result[24];
+    uint32_t minimumRead = 0;
+    void* const library = dlopen(count == 2 ? arguments[1] : "", RTLD_NOW);
+    if (library == NULL) {
+        fprintf(stderr, "%s\n", dlerror());
+        return 1;
+    }
+    *(void**)&create = dlsym(library, "CreateMixAlgorithm");
+    *(void**)&destroy = dlsym(library, "DeleteMixAlgorithm");
+
+    void* const outer = create(host);
+    CHECK(calls == 4);
+    memcpy(&minimumRead, (const unsigned char*)lastObject + 2 * sizeof(void*) + 10, 4);
+    CHECK(minimumRead == 42);
+    CHECK(SlotsOf(outer)->mixCalculate(outer, request, result) == -304);
+    CHECK(calls == 7);
+    CHECK(strcmp(written, "971A5") == 0);
+
+    destroy();
+    SlotsOf(lastObject)->destroy(lastObject, 1);
+    dlclose(library);
+    return failures == 0 ? 0 : 1;
+}
