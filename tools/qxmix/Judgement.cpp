@@ -10,39 +10,30 @@ namespace qxmix {
 namespace {
 
 /// Hands the items of each slot to the cassette that has this position: the first one if a careless
-/// file has several.
-///
-/// @return items in slots that belong to no cassette.
-std::uint64_t
-AssignItems(const Dispenser& dispenser, const MixResult& result, Judgement& judgement) {
-    std::uint64_t homeless = 0;
+/// file has several. Items of a slot that no cassette has are taken where nothing is held.
+void AssignItems(const Dispenser& dispenser, const MixResult& result, Judgement& judgement) {
     for (unsigned slot = 0; slot < kMaxCashUnits; ++slot) {
         const auto owner =
             std::find_if(dispenser.cassettes.begin(), dispenser.cassettes.end(),
                          [slot](const Cassette& cassette) { return cassette.position == slot; });
         const std::uint32_t items = result.aulNotes[slot];
         if (owner == dispenser.cassettes.end()) {
-            homeless += items;
+            judgement.notes += items;
+            judgement.isHeld = judgement.isHeld && items == 0;
         } else {
             judgement.taken[static_cast<std::size_t>(owner - dispenser.cassettes.begin())] = items;
         }
     }
-    return homeless;
 }
 
-/// Adds up what is taken.
-///
-/// @return whether no cassette gives more than it holds.
-bool AddUp(const Dispenser& dispenser, Judgement& judgement) {
-    bool held = true;
+void AddUp(const Dispenser& dispenser, Judgement& judgement) {
     for (std::size_t index = 0; index < dispenser.cassettes.size(); ++index) {
         const Cassette& cassette = dispenser.cassettes[index];
         const std::uint32_t taken = judgement.taken[index];
         judgement.paid += cassette.Worth().Times(taken);
         (Contains(kCoinTypes, cassette.type) ? judgement.coins : judgement.notes) += taken;
-        held = held && taken <= cassette.count;
+        judgement.isHeld = judgement.isHeld && taken <= cassette.count;
     }
-    return held;
 }
 
 Outcome OutcomeOfRefusal(std::int32_t returned) {
@@ -83,11 +74,12 @@ Judgement Judge(const Dispenser& dispenser, std::uint32_t amount, const Reply& r
             reply.ending.kind == Ending::Kind::Crashed ? Outcome::Crashed : Outcome::NoAnswer;
         return judgement;
     }
-    const std::uint64_t homeless = AssignItems(dispenser, reply.calculation.result, judgement);
-    const bool held = AddUp(dispenser, judgement) && homeless == 0;
+    AssignItems(dispenser, reply.calculation.result, judgement);
+    AddUp(dispenser, judgement);
     const std::int32_t returned = reply.calculation.returned;
     const std::uint64_t limit = dispenser.maxDispenseItems;
-    const bool isOverdrawn = !held || judgement.notes > limit || judgement.coins > limit;
+    const bool isOverdrawn =
+        !judgement.isHeld || judgement.notes > limit || judgement.coins > limit;
     judgement.outcome = returned == kSuccess ? OutcomeOfSuccess(judgement, isOverdrawn)
                                              : OutcomeOfRefusal(returned);
     return judgement;

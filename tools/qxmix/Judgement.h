@@ -15,9 +15,10 @@ struct Judgement {
     Outcome outcome = Outcome::NoAnswer;
     Money asked;
     Money paid;
-    std::uint64_t notes = 0;  ///< items that count as notes
+    std::uint64_t notes = 0;  ///< items that count as notes, those of no known cassette included
     std::uint64_t coins = 0;
     std::array<std::uint32_t, kMaxCashUnits> taken{};  ///< by cassette of the dispenser
+    bool isHeld = true;  ///< whether no cassette gives more than it holds
 
     std::uint64_t Items() const { return notes + coins; }
 

@@ -40,23 +40,22 @@ ExactPayers(const MixQuestions& questions, const std::vector<MixAnswer>& answers
 
 std::string Advice(const std::vector<std::string>& payers, const std::string& amount) {
     if (payers.empty()) {
-        return "ask another amount: no mix pays " + amount + " exactly";
+        return "ask another amount: no mix paid " + amount + " exactly";
     }
     const bool isOne = payers.size() == 1;
     return (isOne ? "mix " : "mixes ") + Join(payers, " ") + (isOne ? " pays " : " pay ") + amount +
            " exactly";
 }
 
-std::string MessageOf(Outcome outcome, Milliseconds deadline) {
-    switch (outcome) {
-    case Outcome::NoAnswer:
+std::string MessageOf(const Judgement& judgement, Milliseconds deadline) {
+    if (judgement.outcome == Outcome::NoAnswer) {
         return "no answer within " + DurationWords(deadline) +
                ": never call this mix without a watchdog";
-    case Outcome::Overpaid:
-        return "more is paid than asked: do not hand out this answer";
-    default:
-        return "more items are taken than allowed: do not hand out this answer";
     }
+    const std::string what = judgement.outcome == Outcome::Overpaid ? "paid than asked"
+                             : judgement.isHeld                     ? "taken than the limit allows"
+                                                                    : "taken than a cassette holds";
+    return "more is " + what + ": do not hand out this answer";
 }
 
 }  // namespace
@@ -83,7 +82,7 @@ DangersOf(const MixQuestions& questions, const std::vector<MixAnswer>& answers, 
         finding.mix = answer.mix;
         finding.pointer = "/mix";
         finding.message = (questions.asksList ? "mix " + std::to_string(answer.mix) + ": " : "") +
-                          MessageOf(answer.judgement.outcome, questions.deadline);
+                          MessageOf(answer.judgement, questions.deadline);
         finding.advice = advice;
         findings.push_back(finding);
     }

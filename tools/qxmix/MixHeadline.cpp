@@ -129,8 +129,12 @@ MixListHeadline(const MixQuestions& questions, const MixAnswers& answers, const 
     const std::string asked = AskedText(questions);
     const std::string dangers = DangersText(answers);
     if (!dangers.empty()) {
-        return painter.Paint("DANGER", RowOf(Outcome::Overpaid).terminalStyle) + "  " + dangers +
-               " for " + asked;
+        const bool onlyCrashes =
+            std::none_of(answers.answers.begin(), answers.answers.end(),
+                         [](const MixAnswer& answer) { return answer.judgement.IsDangerous(); });
+        return painter.Paint(onlyCrashes ? "CRASH" : "DANGER",
+                             RowOf(Outcome::Overpaid).terminalStyle) +
+               "  " + dangers + " for " + asked;
     }
     const std::size_t paid = MixesWith(answers, Outcome::Paid).size();
     if (paid == 0) {

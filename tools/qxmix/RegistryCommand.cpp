@@ -96,7 +96,7 @@ ExitStatus ExitStatusOf(const std::vector<Finding>& findings) {
 const CommandInfo& RegistryCommand::Info() const {
     static const CommandInfo info = {
         "registry",
-        "Shows what the module takes from a registry file; writes such files.",
+        "Shows what the module takes from a registry file; writes one.",
         {"registry FILE [--set NAME=VALUE] [--clear-error] [--output FILE]"},
         {"registry device.reg",
          "registry device.reg --set CSTMinimum4Mix6=100 --output device.reg"}};

@@ -19,7 +19,7 @@ Json UnansweredJson(const Dispenser& dispenser, const Judgement& judgement) {
             {"asked", judgement.asked.Text(AmountDecimals(dispenser))},
             {"paid", nullptr},
             {"items", {{"notes", nullptr}, {"coins", nullptr}}},
-            {"values", nullptr},
+            {"values", Json(kMaxCashUnits, nullptr)},
             {"returned", nullptr},
             {"errorCode", nullptr},
             {"registry", nullptr},

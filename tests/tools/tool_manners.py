@@ -1,0 +1,257 @@
+#!/usr/bin/env python3
+"""How the tool behaves towards files, pipes, terminals and Ctrl-C."""
+
+import fcntl
+import json
+import os
+import pty
+import re
+import select
+import signal
+import struct
+import subprocess
+import termios
+import time
+
+from tool_runner import Checks, Tool, parse_arguments
+
+HANGING = ["mix", "EUR:50x100,20x100", "--library", "fake.so", "--amount", "1002", "--deadline", "60s"]
+
+
+def children_of(process):
+    path = f"/proc/{process.pid}/task/{process.pid}/children"
+    with open(path, encoding="ascii") as children:
+        return [int(child) for child in children.read().split()]
+
+
+def wait_for_child(process):
+    for _ in range(500):
+        children = children_of(process)
+        if children:
+            return children[0]
+        time.sleep(0.01)
+    raise TimeoutError("the tool started no child")
+
+
+def is_alive(process_id):
+    try:
+        with open(f"/proc/{process_id}/stat", encoding="ascii") as state:
+            return state.read().rsplit(")", 1)[1].split()[0] not in "ZX"
+    except FileNotFoundError:
+        return False
+
+
+def check_interrupts(tool, checks):
+    process = tool.start(HANGING)
+    child = wait_for_child(process)
+    time.sleep(0.3)
+    process.send_signal(signal.SIGINT)
+    output, errors = process.communicate(timeout=20)
+    checks.equal("Ctrl-C: exit status", process.returncode, 130)
+    checks.equal("Ctrl-C: nothing to show", output, b"")
+    checks.equal("Ctrl-C: says so", errors, b"qxmix: interrupted\n")
+    checks.check("Ctrl-C: the child is gone", not is_alive(child))
+
+    process = tool.start(HANGING[:-4] + ["--mixes", "1,2", "--amount", "1002", "--deadline", "60s",
+                                         "--json", "--registry-out", "left.reg"])
+    wait_for_child(process)
+    time.sleep(0.3)
+    process.send_signal(signal.SIGINT)
+    output, _ = process.communicate(timeout=20)
+    answer = json.loads(output)
+    checks.equal("Ctrl-C: complete", answer["complete"], False)
+    checks.equal("Ctrl-C: exit status in the answer", answer["exitStatus"], 130)
+    checks.check("Ctrl-C: output files are written", (tool.folder / "left.reg").exists())
+
+
+def check_end_of_tool(tool, checks):
+    process = tool.start(HANGING)
+    child = wait_for_child(process)
+    process.kill()
+    process.wait()
+    for _ in range(200):
+        if not is_alive(child):
+            break
+        time.sleep(0.01)
+    checks.check("a child ends with the tool", not is_alive(child))
+
+
+def check_pipes(tool, checks):
+    process = tool.start(["types"])
+    process.stdout.close()
+    errors = process.stderr.read()
+    checks.equal("closed pipe: ended by the signal", process.wait(), -signal.SIGPIPE)
+    checks.equal("closed pipe: silent", errors, b"")
+    with open("/dev/full", "wb") as full:
+        process = tool.start(["types"], stdout=full)
+        _, errors = process.communicate()
+    checks.equal("full disk: exit status", process.returncode, 4)
+    checks.equal("full disk: said", errors,
+                 b"qxmix: standard output: cannot be written: No space left on device\n")
+
+
+def run_at_terminal(tool, words, columns=80, environment=None):
+    """Runs the tool with a terminal as standard output; what it shows there."""
+    master, slave = pty.openpty()
+    fcntl.ioctl(slave, termios.TIOCSWINSZ, struct.pack("HHHH", 24, columns, 0, 0))
+    process = tool.start(words, stdout=slave,
+                         env={**tool.environment, "TERM": "xterm", **(environment or {})})
+    os.close(slave)
+    shown = b""
+    while select.select([master], [], [], 20)[0]:
+        try:
+            block = os.read(master, 4096)
+        except OSError:
+            break
+        if not block:
+            break
+        shown += block
+    process.wait()
+    os.close(master)
+    return shown.decode().replace("\r\n", "\n")
+
+
+def check_colors(tool, checks):
+    words = ["mix", "examples/euro.json", "--amount", "280"]
+    plain = tool.run(words)[1]
+    colored = run_at_terminal(tool, words)
+    checks.check("terminal: coloured", "\x1b[38;5;74mPAID\x1b[0m" in colored, colored)
+    checks.equal("terminal: the same text", re.sub(r"\x1b\[[0-9;]*m", "", colored), plain)
+    checks.equal("NO_COLOR", run_at_terminal(tool, words, environment={"NO_COLOR": "1"}), plain)
+    checks.equal("NO_COLOR empty", run_at_terminal(tool, words, environment={"NO_COLOR": ""}), colored)
+    checks.equal("TERM=dumb", run_at_terminal(tool, words, environment={"TERM": "dumb"}), plain)
+    checks.equal("--color never", run_at_terminal(tool, words + ["--color", "never"]), plain)
+    checks.equal("--color always", tool.run(words + ["--color", "always"],
+                                            environment={"NO_COLOR": "1"})[1], colored)
+    danger = ["mix", "examples/three-notes.json", "--amount", "110", "--mix", "4", "--color", "always"]
+    checks.check("DANGER is bold", "\x1b[1;38;5;166mDANGER\x1b[0m" in tool.run(danger)[1])
+
+
+def check_widths(tool, checks):
+    words = ["mix", "long-labels.json", "--amount", "60", "--mix", "all"]
+    narrow = tool.run(words)[1]
+    checks.check("80 columns without a terminal", max(map(len, narrow.split("\n"))) <= 80, narrow)
+    checks.check("labels are cut to eight", " the uppe   50 EUR" in narrow, narrow)
+    wide = run_at_terminal(tool, words + ["--color", "never"], columns=132)
+    checks.check("wide terminals show labels whole", " the uppermost cassette of all   50 EUR" in wide, wide)
+    checks.check("no blanks at line ends", not re.search(r" $", narrow, re.M), narrow)
+
+
+def check_files(tool, checks):
+    folder = tool.folder
+    target = folder / "target.bin"
+    target.write_bytes(b"old")
+    target.chmod(0o640)
+    (folder / "link.bin").symlink_to("target.bin")
+    status, _, _ = tool.run(["mix", "EUR:50x10", "--amount", "50", "--raw-out", "link.bin"])
+    checks.equal("output through a link: exit status", status, 0)
+    checks.check("output through a link: the link stays", (folder / "link.bin").is_symlink())
+    checks.equal("output: size", len(target.read_bytes()), 1084)
+    checks.equal("output: mode kept", target.stat().st_mode & 0o777, 0o640)
+    checks.equal("output: nothing left beside it", list(folder.glob("*.part*")), [])
+    status, output, errors = tool.run(
+        ["mix", "EUR:50x10", "--amount", "50", "--raw-out", "target.bin", "--registry-out", "no/such"])
+    checks.equal("unwritable: exit status", status, 4)
+    checks.equal("unwritable: nothing shown", output, "")
+    checks.equal("unwritable: said", errors,
+                 "qxmix: no/such: cannot be written: No such file or directory\n")
+    checks.equal("unwritable: nothing left", list(folder.glob("*.part*")), [])
+
+
+def check_no_answer(tool, checks):
+    started = time.monotonic()
+    status, output, errors = tool.run(
+        ["mix", "EUR:50x100,20x100", "--library", "fake.so", "--amount", "1002", "--deadline", "300ms",
+         "--raw-out", "none.bin"])
+    took = time.monotonic() - started
+    checks.equal("no answer: exit status", status, 3)
+    checks.check("no answer: says for how long",
+                 output.startswith("NO ANSWER  within 300 ms for 1002 EUR, mix 1\n"), output)
+    checks.equal("no answer: no file", (folder_has(tool, "none.bin"), errors),
+                 (False, "qxmix: none.bin: not written: there is no answer\n"))
+    # The nine other mixes are asked for a tenth of a second each.
+    checks.check("no answer: ends in time", 1.0 < took < 20, f"{took} s")
+
+
+def folder_has(tool, name):
+    return (tool.folder / name).exists()
+
+
+def check_raw(tool, checks):
+    tool.run(["mix", "examples/euro.json", "--amount", "280", "--raw-out", "both.bin",
+              "--record", "trace.ndjson"])
+    tool.run(["mix", "EUR:50x1", "--amount", "60", "--record", "trace.ndjson"])
+    both = (tool.folder / "both.bin").read_bytes()
+    (tool.folder / "request.bin").write_bytes(both[:1060])
+    lines = [json.loads(line) for line in (tool.folder / "trace.ndjson").read_text().splitlines()]
+    checks.equal("record: ids", [line["id"] for line in lines], [1, 2])
+    checks.equal("record: request", bytes.fromhex(lines[0]["request"]), both[:1060])
+    checks.equal("record: answers", [line["answer"] for line in lines], [
+        {"returned": 0, "values": [2, 1, 1, 0, 1, 0], "remainder": 0, "registry": None},
+        {"returned": -306, "values": [0] * 6, "remainder": 0, "registry": "971A2"}])
+    checks.equal("raw: result", both[1060:], struct.pack("<6I", 2, 1, 1, 0, 1, 0))
+    _, labelled, _ = tool.run(["mix", "--raw-in", "request.bin", "examples/euro.json"])
+    _, asked, _ = tool.run(["mix", "examples/euro.json", "--amount", "280"])
+    checks.equal("raw: asked again, with labels", labelled, asked)
+    _, unlabelled, _ = tool.run(["mix", "--raw-in", "request.bin"])
+    checks.check("raw: asked again, without", " 0   100 EUR      300" in unlabelled, unlabelled)
+
+
+def check_trace_and_registry(tool, checks):
+    words = ["mix", "EUR:50x1", "--amount", "60", "--registry", "examples/device.reg",
+             "--registry-out", "left.reg", "--trace"]
+    _, _, errors = tool.run(words)
+    checks.equal("trace", errors.splitlines(), [
+        "CMixAlgorithm::CMixAlgorithm() MixAlgorithm.dll Version = V 06.00.02.",
+        "CMixAlgorithm::CMixAlgorithm() CSTMinimum4Mix6 = 0.",
+        "CMixAlgorithm::RegWriteError() Error Code is 971A2."])
+    left = (tool.folder / "left.reg").read_bytes().decode("utf-16")
+    checks.check("registry: the code is left", '"CDM"=hex(1):39,37,31,41,32' in left, left)
+    checks.check("registry: the rest stays", '"TraceLevel"=dword:00000003' in left, left)
+    tool.run(["mix", "EUR:50x1", "--amount", "50", "--registry", "examples/device.reg",
+              "--registry-out", "left.reg"])
+    left = (tool.folder / "left.reg").read_bytes().decode("utf-16")
+    checks.check("registry: success clears nothing", '"CDM"=hex(1):39,37,31,41,33' in left, left)
+    before = (tool.folder / "examples" / "device.reg").read_bytes()
+    tool.run(["registry", "examples/device.reg", "--set", "CSTMinimum4Mix6=250", "--clear-error"])
+    checks.equal("registry: an input stays", (tool.folder / "examples/device.reg").read_bytes(), before)
+    status, _, _ = tool.run(["registry", "examples/device.reg", "--set", "CSTMinimum4Mix6=250",
+                             "--clear-error", "--output", "examples/device.reg"])
+    checks.equal("registry: mended", status, 0)
+    _, shown, _ = tool.run(["registry", "examples/device.reg"])
+    checks.check("registry: written", ' CSTMinimum4Mix6  REG_SZ "250"' in shown, shown)
+
+
+def check_library_order(tool, checks):
+    named = tool.run(["--version", "--library", "fake.so"])[1]
+    checks.equal("--library", named, "qxmix 1.0.0\nmodule names no version (fake.so)\n")
+    configured = tool.run(["--version"], environment={"QXMIX_LIBRARY": "./fake.so"})[1]
+    checks.equal("QXMIX_LIBRARY", configured, named)
+    found = tool.run(["--version"], environment={"QXMIX_LIBRARY": ""})[1]
+    checks.equal("found by itself", found, "qxmix 1.0.0\nmodule V 06.00.02 (libQXMIX.so)\n")
+    status, missing, _ = tool.run(["--version", "--library", "missing.so"])
+    checks.equal("missing", (status, missing),
+                 (0, "qxmix 1.0.0\nmodule not found: missing.so: no such library\n"))
+
+
+def check_input(tool, checks):
+    dispenser = (tool.folder / "examples" / "euro.json").read_bytes()
+    _, from_input, _ = tool.run(["mix", "-", "--amount", "280"], stdin=dispenser)
+    checks.equal("standard input", from_input, tool.run(["mix", "examples/euro.json", "--amount", "280"])[1])
+    status, output, errors = tool.run(["mix", "-", "--amount", "280"], stdin=b"{")
+    checks.equal("standard input: wrong", (status, output), (2, ""))
+    checks.check("standard input: named", errors.startswith("qxmix: standard input:1:2: "), errors)
+
+
+def main():
+    arguments = parse_arguments()
+    checks = Checks()
+    with Tool(arguments) as tool:
+        for part in (check_interrupts, check_end_of_tool, check_pipes, check_colors, check_widths,
+                     check_files, check_no_answer, check_raw, check_trace_and_registry,
+                     check_library_order, check_input):
+            part(tool, checks)
+    checks.finish()
+
+
+main()

@@ -1,0 +1,82 @@
+"""Runs the tool for the test scripts beside this file."""
+
+import argparse
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+
+HERE = pathlib.Path(__file__).parent
+
+
+def parse_arguments():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--source", type=pathlib.Path, required=True, help="root of the project")
+    parser.add_argument("--library", required=True, help="the module")
+    parser.add_argument("--fake", required=True, help="the fake module")
+    parser.add_argument("command", nargs="+", help="the tool, an emulator before it if need be")
+    return parser.parse_args()
+
+
+class Tool:
+    """The tool in a folder of its own that holds the examples and the test files."""
+
+    def __init__(self, arguments):
+        self.arguments = arguments
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="qxmix-"))
+        shutil.copytree(arguments.source / "examples", self.folder / "examples")
+        shutil.copytree(HERE / "files", self.folder, dirs_exist_ok=True)
+        (self.folder / "fake.so").symlink_to(arguments.fake)
+        self.environment = {
+            "PATH": os.environ["PATH"],
+            "QXMIX_LIBRARY": arguments.library,
+            "LC_ALL": "C.UTF-8",
+            # A crash is to be a crash in sanitized builds, too.
+            "ASAN_OPTIONS": "handle_segv=0",
+            "TSAN_OPTIONS": "handle_segv=0",
+        }
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        shutil.rmtree(self.folder)
+
+    def start(self, words, **options):
+        """Starts the tool; streams are pipes unless told otherwise."""
+        options.setdefault("stdin", subprocess.DEVNULL)
+        options.setdefault("stdout", subprocess.PIPE)
+        options.setdefault("stderr", subprocess.PIPE)
+        options.setdefault("env", self.environment)
+        return subprocess.Popen(self.arguments.command + list(words), cwd=self.folder, **options)
+
+    def run(self, words, stdin=b"", environment=None):
+        """Runs the tool to its end: exit status, standard output, standard error."""
+        process = self.start(words, stdin=subprocess.PIPE,
+                             env={**self.environment, **(environment or {})})
+        output, errors = process.communicate(stdin, timeout=120)
+        return process.returncode, output.decode(), errors.decode()
+
+
+class Checks:
+    """Counts what holds and tells what does not."""
+
+    def __init__(self):
+        self.passed = 0
+        self.failed = 0
+
+    def check(self, name, holds, detail=""):
+        if holds:
+            self.passed += 1
+        else:
+            self.failed += 1
+            print(f"FAILED {name}\n{detail}")
+
+    def equal(self, name, actual, expected):
+        self.check(name, actual == expected, f"--- expected\n{expected}\n--- got\n{actual}")
+
+    def finish(self):
+        print(f"{self.passed} passed, {self.failed} failed")
+        sys.exit(1 if self.failed or not self.passed else 0)

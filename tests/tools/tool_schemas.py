@@ -1,0 +1,97 @@
+#!/usr/bin/env python3
+"""Holds the schemas to what the tool accepts and prints.
+
+Each file in dispensers/good is accepted by the tool and by the dispenser schema; each in
+dispensers/bad is refused by both, but for those that only the tool can refuse. Every answer that is
+printed as JSON is valid under the answer schema.
+"""
+
+import json
+import shlex
+
+import jsonschema
+
+from tool_runner import HERE, Checks, Tool, parse_arguments
+
+# What a schema cannot say: names of constants, keys given twice, numbers written as 1.0.
+ONLY_THE_TOOL = {"status-constant.json", "key-twice.json", "type-constant.json", "count-float.json"}
+
+ANSWERS = [
+    "mix examples/euro.json --amount 280",
+    "mix examples/euro.json --amount 280 --mix all",
+    "mix examples/euro.json --amount 285",
+    "mix examples/euro.json --amount 5",
+    "mix examples/euro.json --amount 280 --mixes 3",
+    "mix examples/kiosk.json --amount 38 --registry examples/device.reg",
+    "mix examples/rappen.json --amount 7050",
+    "mix examples/three-notes.json --amount 110 --mix 4",
+    "mix examples/three-notes.json --amount 110 --mix all",
+    "mix examples/four-notes.json --amount 60 --mix 4 --deadline 100ms",
+    "mix EUR:50x100,20x100 --amount 1001 --library fake.so",
+    "mix EUR:50x100,20x100 --amount 1005 --library fake.so",
+    "mix --raw-in request.bin",
+    "mix --raw-in request.bin examples/euro.json",
+    "types",
+    "registry examples/device.reg",
+    "registry empty.reg --set TraceLevel=5 --clear-error",
+    "--version",
+    "--version --library missing.so",
+    "--version --library fake.so",
+]
+
+
+def is_valid(validator, document):
+    return next(validator.iter_errors(document), None) is None
+
+
+def validator_of(arguments, name):
+    schema = json.loads((arguments.source / "schema" / name).read_text())
+    jsonschema.Draft202012Validator.check_schema(schema)
+    return jsonschema.Draft202012Validator(schema)
+
+
+def check_dispensers(arguments, tool, checks):
+    validator = validator_of(arguments, "dispenser.schema.json")
+    for path in sorted((HERE / "dispensers").glob("*/*.json")):
+        is_good = path.parent.name == "good"
+        status, output, errors = tool.run(["mix", str(path), "--amount", "10", "--deadline", "100ms"])
+        checks.equal(f"{path.name}: the tool accepts it", status != 2, is_good)
+        checks.check(f"{path.name}: one line or none", errors.count("\n") == (0 if is_good else 1),
+                     errors)
+        checks.equal(f"{path.name}: prints an answer", bool(output), is_good)
+        expected = is_good or path.name in ONLY_THE_TOOL
+        checks.equal(f"{path.name}: the schema accepts it",
+                     is_valid(validator, json.loads(path.read_text())), expected)
+    for path in sorted((arguments.source / "examples").glob("*.json")):
+        if path.name != "week.json":
+            checks.check(f"examples/{path.name} is valid",
+                         is_valid(validator, json.loads(path.read_text())))
+
+
+def check_answers(arguments, tool, checks):
+    validator = validator_of(arguments, "answer.schema.json")
+    dispenser = validator_of(arguments, "dispenser.schema.json")
+    tool.run(["mix", "EUR:50x10,20x10", "--amount", "60", "--raw-out", "both.bin"])
+    (tool.folder / "request.bin").write_bytes((tool.folder / "both.bin").read_bytes()[:1060])
+    for line in ANSWERS:
+        status, output, errors = tool.run(shlex.split(line) + ["--json"])
+        checks.equal(f"{line}: nothing on standard error", errors, "")
+        answer = json.loads(output)
+        problems = [f"{list(e.absolute_path)}: {e.message}" for e in validator.iter_errors(answer)]
+        checks.equal(f"{line}: valid", problems, [])
+        checks.equal(f"{line}: exit status", answer["exitStatus"], status)
+        checks.equal(f"{line}: one line", output.count("\n"), 1)
+        if "dispenser" in answer["input"]:
+            checks.check(f"{line}: the dispenser is one", is_valid(dispenser, answer["input"]["dispenser"]))
+
+
+def main():
+    arguments = parse_arguments()
+    checks = Checks()
+    with Tool(arguments) as tool:
+        check_dispensers(arguments, tool, checks)
+        check_answers(arguments, tool, checks)
+    checks.finish()
+
+
+main()
