@@ -91,5 +91,7 @@ inline std::uint32_t TakeGreedily(const SearchUnits& units, Counts& combination)
 /// Hands a combination to the driver; entries from n upwards are not written.
 inline void
 StoreNotes(const SearchUnits& units, const Counts& combination, LcuNotes& notes) noexcept {
-    std::copy_n(combination.begin(), units.n, notes.aulNotes);
+    for (unsigned unit = 0; unit < units.n; ++unit) {
+        notes.aulNotes[unit] = combination[unit];
+    }
 }
