@@ -243,13 +243,23 @@ def check_input(tool, checks):
     checks.check("standard input: named", errors.startswith("qxmix: standard input:1:2: "), errors)
 
 
+def check_called_alone(tool, checks):
+    status, output, errors = tool.run([])
+    checks.equal("called alone: exit status", (status, output), (2, ""))
+    for command in ("mix", "types", "registry"):
+        checks.check(f"called alone: lists {command}", f"\n  {command} " in errors, errors)
+        status, shown, errors_of_help = tool.run([command, "--help"])
+        checks.equal(f"{command} --help", (status, errors_of_help), (0, ""))
+        checks.check(f"{command} --help: usage", f"usage\n  qxmix {command}" in shown, shown)
+
+
 def main():
     arguments = parse_arguments()
     checks = Checks()
     with Tool(arguments) as tool:
         for part in (check_interrupts, check_end_of_tool, check_pipes, check_colors, check_widths,
                      check_files, check_no_answer, check_raw, check_trace_and_registry,
-                     check_library_order, check_input):
+                     check_library_order, check_input, check_called_alone):
             part(tool, checks)
     checks.finish()
 

@@ -66,23 +66,23 @@ Ending Worker::Exchange(const Message& order,
     if (!child_.Connection().Send(order)) {
         return Crash();
     }
-    for (;;) {
-        switch (child_.Connection().Receive(answer, until)) {
-        case Channel::State::Closed:
-            return Crash();
-        case Channel::State::Waiting:
-            child_.Kill();
-            return {Ending::Kind::NoAnswer, ""};
-        case Channel::State::Received:
-            break;
-        }
-        if (KindOf(answer) != MessageKind::TraceLine) {
-            return {Ending::Kind::Answered, ""};
-        }
+    Channel::State state = child_.Connection().Receive(answer, until);
+    while (state == Channel::State::Received && KindOf(answer) == MessageKind::TraceLine) {
         if (trace != nullptr) {
             trace(answer.bytes);
         }
+        // A library that never stops tracing would otherwise keep the tool busy for ever.
+        state = Clock::now() < until ? child_.Connection().Receive(answer, until)
+                                     : Channel::State::Waiting;
     }
+    if (state == Channel::State::Closed) {
+        return Crash();
+    }
+    if (state == Channel::State::Waiting) {
+        child_.Kill();
+        return {Ending::Kind::NoAnswer, ""};
+    }
+    return {Ending::Kind::Answered, ""};
 }
 
 Ending Worker::Crash() {
