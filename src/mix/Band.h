@@ -3,6 +3,9 @@
 #include "ExactWalk.h"
 
 /// Narrows a walk to combinations whose counts differ by no more than the width of the band.
+///
+/// The band is for units that SpreadBound fits: then the largest width times all values stays below
+/// 2^29, and the rest below 2^31, so that no sum here wraps.
 class Band {
 public:
     Band(const SearchUnits& units, std::uint32_t mostShortfall, std::uint32_t bandWidth) noexcept
@@ -21,19 +24,19 @@ public:
             NarrowTo(range, count > width_ ? count - width_ : 0, count + width_);
         }
         // The units after take at most `width_` items more or fewer than this one, each.
-        const std::uint64_t slack = sums_[level + 1] * width_;
-        const std::uint64_t unpayable = slack + mostShortfall_;
+        const std::uint32_t slack = sums_[level + 1] * width_;
+        const std::uint32_t unpayable = slack + mostShortfall_;
         NarrowTo(range, rest > unpayable ? (rest - unpayable - 1) / sums_[level] + 1 : 0,
                  (rest + slack) / sums_[level]);
     }
 
 private:
-    static void NarrowTo(CountRange& range, std::uint64_t low, std::uint64_t high) noexcept {
-        range.low = static_cast<std::uint32_t>(std::max<std::uint64_t>(range.low, low));
-        range.high = static_cast<std::uint32_t>(std::min<std::uint64_t>(range.high, high));
+    static void NarrowTo(CountRange& range, std::uint32_t low, std::uint32_t high) noexcept {
+        range.low = std::max(range.low, low);
+        range.high = std::min(range.high, high);
     }
 
     std::uint32_t mostShortfall_;
     std::uint32_t width_;
-    std::array<std::uint64_t, kMaxCashUnits> sums_{};  ///< of the values of the levels from here on
+    Counts sums_{};  ///< of the values of the levels from here on
 };

@@ -6,7 +6,7 @@
 namespace {
 
 /// How unequal the numbers of items are: the sum of (k * n(i) - S)^2 over k units with S items in
-/// all, which is k * sum of (n(i) - n(j))^2 over all pairs. Everything wraps at 32 bits.
+/// all, which is k * (k * sum of n(i)^2 - S^2). Everything wraps at 32 bits.
 class Spread {
 public:
     explicit Spread(const SearchUnits& units) noexcept
@@ -15,15 +15,13 @@ public:
     std::uint32_t Score(const Counts& combination) const noexcept {
         const unsigned k = units_.n;
         std::uint32_t total = 0;
+        std::uint32_t squares = 0;
         for (unsigned unit = 0; unit < k; ++unit) {
-            total += combination[unit];
+            const std::uint32_t count = combination[unit];
+            total += count;
+            squares += count * count;
         }
-        std::uint32_t score = 0;
-        for (unsigned unit = 0; unit < k; ++unit) {
-            const std::uint32_t deviation = k * combination[unit] - total;
-            score += deviation * deviation;
-        }
-        return score;
+        return k * (k * squares - total * total);
     }
 
     void Walk(const ExactWalk& walk, MostEven<Spread>& search) const noexcept;
@@ -54,6 +52,7 @@ private:
 struct BandRule : WithinLimitRule<Spread> {
     Band band;
     SpreadBound spreadBound;
+    std::uint32_t aimedAt = 0;
 
     BandRule(MostEven<Spread>& search, const ExactWalk& exactWalk, std::uint32_t width) noexcept
         : WithinLimitRule(search, exactWalk), band(search.units, exactWalk.MostShortfall(), width),
@@ -68,9 +67,15 @@ struct BandRule : WithinLimitRule<Spread> {
     }
 
     /// The bound knows what the rest is to the last item only where nothing may stay unpaid.
-    bool Enters(unsigned level, const Counts& combination, std::uint32_t rest) const noexcept {
-        return !most.isFound || walk.MostShortfall() != 0 ||
-               !spreadBound.IsAbove(most.best, level, combination, rest);
+    bool Enters(unsigned level, const Counts& combination, std::uint32_t rest) noexcept {
+        if (!most.isFound || walk.MostShortfall() != 0) {
+            return true;
+        }
+        if (aimedAt != most.best) {
+            aimedAt = most.best;
+            spreadBound.AimAt(aimedAt);
+        }
+        return !spreadBound.IsAbove(level, combination, rest);
     }
 };
 

@@ -21,58 +21,82 @@ public:
 
     SpreadBound(const SearchUnits& units, std::uint32_t mostItems) noexcept
         : n_(units.n), mostItems_(mostItems) {
-        for (unsigned unit = units.n; unit-- > 0;) {
-            const std::int64_t value = units.values[unit];
-            sums_[unit] = sums_[unit + 1] + value;
-            squares_[unit] = squares_[unit + 1] + value * value;
+        std::int64_t sum = 0;
+        std::int64_t square = 0;
+        for (unsigned level = units.n - 1; level-- > 0;) {
+            const std::int64_t value = units.values[level + 1];
+            sum += value;
+            square += value * value;
+            const std::int64_t chosen = level + 1;
+            const std::int64_t free = units.n - chosen;
+            const std::int64_t variance = free * square - sum * sum;
+            after_[level] = {sum,
+                             square,
+                             variance,
+                             sum * sum,
+                             mostItems_ * variance,
+                             free * variance,
+                             chosen * square + sum * sum};
         }
+        AimAt(0);
     }
 
-    /// Whether each way to go on from the counts up to `level` scores above `best`.
+    /// Sets the score that IsAbove compares with. The divisions are done here, since most calls
+    /// compare with the same score and the device has no instruction for them.
+    void AimAt(std::uint32_t score) noexcept {
+        atLimit_ = score / n_ + 1;
+        withinLimit_ = score / (n_ * n_) + 1;
+    }
+
+    /// Whether each way to go on from the counts up to `level` scores above what is aimed at.
     ///
     /// @param rest  what the levels after have to pay exactly.
-    bool IsAbove(std::uint32_t best,
-                 unsigned level,
-                 const Counts& combination,
-                 std::uint32_t rest) const noexcept {
+    bool IsAbove(unsigned level, const Counts& combination, std::uint32_t rest) const noexcept {
+        const Free& after = after_[level];
         const std::int64_t k = n_;
         const std::int64_t chosen = level + 1;
-        const std::int64_t free = k - chosen;
         std::int64_t items = 0;
         std::int64_t squaredItems = 0;
         for (unsigned unit = 0; unit <= level; ++unit) {
-            const std::int64_t count = combination[unit];
-            items += count;
-            squaredItems += count * count;
+            const std::uint64_t count = combination[unit];
+            items += static_cast<std::int64_t>(count);
+            squaredItems += static_cast<std::int64_t>(count * count);
         }
-        const std::int64_t sum = sums_[level + 1];
-        const std::int64_t square = squares_[level + 1];
-        const std::int64_t variance = free * square - sum * sum;
         const std::int64_t left = mostItems_ - items;
-        // With `left` more items: what they pay beyond, or short of, the rest when all are equal.
-        const std::int64_t excess = free * rest - left * sum;
-        const std::int64_t slope =
-            k * (left * variance - sum * excess) - mostItems_ * free * variance;
-        if (variance > 0 && slope < 0) {
-            // Fewer items than the limit allows are only more uneven: take all of them.
-            const std::int64_t scale = free * variance;
+        const std::int64_t demand = after.sum * rest;
+        if (after.variance > 0 && k * (left * after.square - demand) < after.mostVariance) {
+            // Fewer items than the limit allows are only more uneven: take all of them. They would
+            // pay `excess` beyond, or short of, the rest if all counts were equal.
+            const std::int64_t excess = (k - chosen) * rest - left * after.sum;
             const std::int64_t least =
-                k * (squaredItems * scale + left * left * variance + excess * excess) -
-                mostItems_ * mostItems_ * scale;
-            return least / scale > best / k;
+                k * (squaredItems * after.scale + left * left * after.variance + excess * excess) -
+                mostItems_ * mostItems_ * after.scale;
+            return least >= atLimit_ * after.scale;
         }
         // The limit does not bind: the best number of items lies within it.
-        const std::int64_t least = (chosen * squaredItems - items * items) * square +
-                                   squaredItems * sum * sum - 2 * items * rest * sum +
+        const std::int64_t least = (chosen * squaredItems - items * items) * after.square +
+                                   squaredItems * after.sumSquared - 2 * items * demand +
                                    chosen * std::int64_t{rest} * rest;
-        return least / (chosen * square + sum * sum) > best / (k * k);
+        return least >= withinLimit_ * after.divisor;
     }
 
 private:
     static constexpr std::uint64_t kLargestProduct = std::uint64_t{1} << 26U;
 
+    /// The units whose counts are still free after a level, and products of their numbers.
+    struct Free {
+        std::int64_t sum;       ///< of their values
+        std::int64_t square;    ///< of the squares of their values
+        std::int64_t variance;  ///< how far apart the values are: 0 when all are equal
+        std::int64_t sumSquared;
+        std::int64_t mostVariance;  ///< variance times the most items
+        std::int64_t scale;         ///< of the least score when the limit binds, less its factor k
+        std::int64_t divisor;       ///< of the least score when it does not, less k * k
+    };
+
     unsigned n_;
     std::int64_t mostItems_;
-    std::array<std::int64_t, kMaxCashUnits> sums_{};  ///< of the values of the levels from here on
-    std::array<std::int64_t, kMaxCashUnits> squares_{};  ///< of their squares
+    std::int64_t atLimit_ = 0;      ///< least score to be above, by the first formula
+    std::int64_t withinLimit_ = 0;  ///< and by the second
+    std::array<Free, kMaxSearchUnits> after_{};
 };

@@ -87,13 +87,14 @@ std::uint32_t SpreadOf(const SearchUnits& units, const Counts& combination) {
 TEST(SpreadBound, IsNeverAboveTheSpreadOfACombinationThatFollows) {
     ForEachSmallTable([](const SearchUnits& all) {
         ForEachLimit(all, [](const SearchUnits& units) {
-            const SpreadBound bound(units, units.HaveCoins() ? 2 * units.limit : units.limit);
+            SpreadBound bound(units, units.HaveCoins() ? 2 * units.limit : units.limit);
             for (const Counts& combination : WithinLimit(units, PlainLoops(units).Exact())) {
                 const std::uint32_t spread = SpreadOf(units, combination);
+                bound.AimAt(spread);
                 std::uint32_t rest = units.amount;
                 for (unsigned level = 0; level + 1 < units.n; ++level) {
                     rest -= units.values[level] * combination[level];
-                    EXPECT_FALSE(bound.IsAbove(spread, level, combination, rest));
+                    EXPECT_FALSE(bound.IsAbove(level, combination, rest));
                 }
             }
         });
@@ -104,9 +105,9 @@ TEST(SpreadBound, SeesThatAnUnequalStartCannotBecomeEqual) {
     const Table table = Table().Bill(50, 99).Bill(20, 99).Bill(10, 99).Amount(800);
     const SearchUnits units = table.Units();
     const SpreadBound bound(units, units.limit);
-    EXPECT_TRUE(bound.IsAbove(0, 0, Counts{16}, 0));     // 16 and then nothing more to pay
-    EXPECT_FALSE(bound.IsAbove(0, 0, Counts{10}, 300));  // 10, 10 and 10
-    EXPECT_TRUE(bound.IsAbove(0, 0, Counts{9}, 350));
+    EXPECT_TRUE(bound.IsAbove(0, Counts{16}, 0));     // 16 and then nothing more to pay
+    EXPECT_FALSE(bound.IsAbove(0, Counts{10}, 300));  // 10, 10 and 10
+    EXPECT_TRUE(bound.IsAbove(0, Counts{9}, 350));
 }
 
 }  // namespace
