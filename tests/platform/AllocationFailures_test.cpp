@@ -133,6 +133,7 @@ TEST_F(PlatformTest, LeavesTheContentWhenMemoryForALoadIsOut) {
         const std::int32_t result = QxmixRegistryLoadText(text.data(), text.size(), &error);
         allocationsLeft = 0;
         ASSERT_EQ(result, kQxmixErrorOutOfMemory) << n;
+        EXPECT_EQ(error.line, 0U);
         EXPECT_STREQ(error.message, "no memory");
         EXPECT_EQ(SavedText(), before);
     }
@@ -150,6 +151,21 @@ TEST_F(PlatformTest, KeepsTheBooksOfMemoryWhenItIsOut) {
     }
     EXPECT_EQ(WFMFreeBuffer(list), 0);
     EXPECT_EQ(QxmixMemoryLiveBlocks(), 0U);
+}
+
+TEST_F(PlatformTest, GivesNoLoggedCallWithoutMemory) {
+    QxmixLogCalls(1);
+    const HKEY key = OpenErrorCode();
+    ASSERT_NE(key, nullptr);
+    QxmixCall call = {};
+    allocationsLeft = 1;
+    const int copied = QxmixGetLoggedCall(0, &call);
+    allocationsLeft = 1;
+    char text[200] = "";
+    const int written = QxmixGetLoggedCallText(0, text, sizeof(text));
+    allocationsLeft = 0;
+    EXPECT_EQ(copied, 0);
+    EXPECT_EQ(written, 0);
 }
 
 TEST_F(PlatformTest, MakesACallThoughItsLogHasNoMemory) {

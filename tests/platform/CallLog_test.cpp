@@ -52,8 +52,10 @@ TEST_F(CallLog, KeepsPathsExactlyAsWritten) {
 TEST_F(CallLog, KeepsPathsBelowOpenKeys) {
     const HKEY software = Open(HKEY_LOCAL_MACHINE, u"SOFTWARE");
     const HKEY atm = Open(software, u"ATM");
-    Open(atm, nullptr);
-    EXPECT_STREQ(Last().key, "HKEY_LOCAL_MACHINE\\SOFTWARE\\ATM");
+    for (const PlatformChar* none : {static_cast<const PlatformChar*>(nullptr), u""}) {
+        Open(atm, none);
+        EXPECT_STREQ(Last().key, "HKEY_LOCAL_MACHINE\\SOFTWARE\\ATM");
+    }
 }
 
 TEST_F(CallLog, KeepsTheFieldsOfOpening) {
@@ -67,6 +69,13 @@ TEST_F(CallLog, KeepsTheFieldsOfOpening) {
     EXPECT_EQ(Last().forced, 0);
     EXPECT_EQ(LastText(),
               "RegOpenKeyExW(\"HKEY_CLASSES_ROOT\\A/B\\\", access 0x20019, options 3) = 87");
+}
+
+TEST_F(CallLog, KeepsTheFieldsOfCreating) {
+    HKEY key = nullptr;
+    RegCreateKeyExW(HKEY_LOCAL_MACHINE, u"A", 0, nullptr, 5, KEY_READ, nullptr, &key, nullptr);
+    EXPECT_EQ(LastText(),
+              "RegCreateKeyExW(\"HKEY_LOCAL_MACHINE\\A\", access 0x20019, options 5) = 87");
 }
 
 TEST_F(CallLog, KeepsTheFieldsOfQuerying) {
@@ -162,6 +171,21 @@ TEST_F(CallLog, WritesNamesInUtf8) {
     RegQueryValueExW(HKEY_LOCAL_MACHINE, u"a\u00E4\u20AC\U0001F600\xD83D", nullptr, nullptr,
                      nullptr, nullptr);
     EXPECT_STREQ(Last().valueName, "a\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80\xEF\xBF\xBD");
+}
+
+TEST_F(CallLog, WritesTheFirstAndLastCharacterOfEveryLength) {
+    RegQueryValueExW(HKEY_LOCAL_MACHINE, u"\u007F\u0080\u07FF\u0800\uFFFF\U00010000\U0010FFFF",
+                     nullptr, nullptr, nullptr, nullptr);
+    EXPECT_STREQ(Last().valueName, "\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF"
+                                   "\xF0\x90\x80\x80\xF4\x8F\xBF\xBF");
+}
+
+TEST_F(CallLog, MarksEveryHalfOfASurrogatePair) {
+    for (const PlatformChar half : {u'\xD800', u'\xDBFF', u'\xDC00', u'\xDFFF'}) {
+        const PlatformChar name[] = {half, u'x', u'\0'};
+        RegQueryValueExW(HKEY_LOCAL_MACHINE, name, nullptr, nullptr, nullptr, nullptr);
+        EXPECT_STREQ(Last().valueName, "\xEF\xBF\xBDx");
+    }
 }
 
 TEST_F(CallLog, TakesMissingNames) {

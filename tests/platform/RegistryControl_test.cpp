@@ -41,6 +41,16 @@ TEST_F(RegistryControl, SetsTextAsTerminatedUtf16) {
     EXPECT_EQ(StoredBytes(kNew, "Text"), (Bytes{'a', 0, 0xE4, 0, 0x3D, 0xD8, 0x00, 0xDE, 0, 0}));
 }
 
+TEST_F(RegistryControl, TakesTheFirstAndLastCharacterOfEveryLength) {
+    EXPECT_EQ(QxmixRegistrySetText(kNew, "T",
+                                   "\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xED\x9F\xBF\xEE\x80\x80"
+                                   "\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF"),
+              0);
+    EXPECT_EQ(StoredBytes(kNew, "T"),
+              (Bytes{0x7F, 0,    0x80, 0,    0xFF, 7,    0,    8,    0xFF, 0xD7, 0, 0xE0,
+                     0xFF, 0xFF, 0,    0xD8, 0,    0xDC, 0xFF, 0xDB, 0xFF, 0xDF, 0, 0}));
+}
+
 TEST_F(RegistryControl, SetsANumberLowByteFirst) {
     EXPECT_EQ(QxmixRegistrySetNumber(kNew, "Number", 0x01020384), 0);
     EXPECT_EQ(StoredType(kNew, "Number"), 4U);

@@ -81,6 +81,16 @@ TEST_F(RegistryFile, IsLoadedWhenItIsLong) {
     EXPECT_EQ(StoredType("HKEY_LOCAL_MACHINE\\K", "value 4999"), 4U);
 }
 
+TEST_F(RegistryFile, IsLoadedToItsLastByte) {
+    for (std::size_t size = 8190; size < 8195; ++size) {
+        std::string text = "REGEDIT4\n[HKEY_LOCAL_MACHINE\\K]\n;";
+        const std::string last = "\n\"N\"=dword:12";
+        text.append(size - text.size() - last.size(), '-').append(last);
+        ASSERT_EQ(QxmixRegistryLoadFile(Write("a.reg", text).c_str(), nullptr), 0);
+        EXPECT_EQ(StoredBytes("HKEY_LOCAL_MACHINE\\K", "N")[0], 0x12) << size;
+    }
+}
+
 TEST_F(RegistryFile, ReportsItsWrongLine) {
     QxmixTextError error;
     const std::string path = Write("a.reg", "REGEDIT4\n\n\n\n\"N\"=dword:5\n");
@@ -157,6 +167,7 @@ TEST_F(RegistryFile, StaysWholeWhenTheContentCannotBeWritten) {
     ASSERT_EQ(Create(HKEY_LOCAL_MACHINE, u"a\nb", &key), ERROR_SUCCESS);
     QxmixTextError error;
     EXPECT_EQ(QxmixRegistrySaveFile(path.c_str(), &error), kQxmixErrorInvalidData);
+    EXPECT_EQ(error.line, 0U);
     EXPECT_STREQ(error.message, "the name of a key has a line break, which the file cannot hold");
     EXPECT_EQ(Read(path), "old");
     EXPECT_EQ(FilesThere(), 1U);

@@ -24,15 +24,23 @@ TEST_F(RegistryNames, OfValuesCompareWithoutRegardToCase) {
 }
 
 TEST_F(RegistryNames, CompareLatinLettersWithoutRegardToCase) {
-    HKEY created = nullptr;
-    ASSERT_EQ(Create(HKEY_LOCAL_MACHINE, u"\u00E4\u00FE\u00FF", &created), ERROR_SUCCESS);
-    EXPECT_EQ(TryOpen(u"\u00C4\u00DE\u0178"), ERROR_SUCCESS);
+    for (char16_t small = 0xE0; small <= 0xFF; ++small) {
+        const char16_t capital = small == 0xFF ? char16_t{0x178} : char16_t(small - 0x20);
+        HKEY created = nullptr;
+        ASSERT_EQ(Create(HKEY_LOCAL_MACHINE, std::u16string(2, small).c_str(), &created),
+                  ERROR_SUCCESS);
+        EXPECT_EQ(TryOpen(std::u16string(2, capital).c_str()),
+                  small == 0xF7 ? kQxmixErrorFileNotFound : ERROR_SUCCESS)
+            << int{small};
+    }
 }
 
 TEST_F(RegistryNames, KeepCharactersApartThatHaveNoOtherCase) {
     HKEY created = nullptr;
     ASSERT_EQ(Create(HKEY_LOCAL_MACHINE, u"\u00F7", &created), ERROR_SUCCESS);
     EXPECT_EQ(TryOpen(u"\u00D7"), kQxmixErrorFileNotFound);
+    ASSERT_EQ(Create(HKEY_LOCAL_MACHINE, u"a\\b", &created), ERROR_SUCCESS);
+    EXPECT_EQ(TryOpen(u"a\001b"), kQxmixErrorFileNotFound);
     ASSERT_EQ(Create(HKEY_LOCAL_MACHINE, u"`", &created), ERROR_SUCCESS);
     EXPECT_EQ(TryOpen(u"@"), kQxmixErrorFileNotFound);
     ASSERT_EQ(Create(HKEY_LOCAL_MACHINE, u"{", &created), ERROR_SUCCESS);

@@ -92,6 +92,13 @@ TEST_F(RegistryTextWrite, ContinuesLongBytesInFurtherLines) {
                      "\\\r\n  01,01");
 }
 
+TEST_F(RegistryTextWrite, ContinuesNoLineThatJustFits) {
+    const std::string full = "\"BCD\"=hex:01,01,01,01,01,01,01,01,01,01,01,01,01,01,01,01,01,01,01,"
+                             "01,01,01,01";
+    EXPECT_EQ(WrittenValue("BCD", 3, Bytes(23, 1)), full);
+    EXPECT_EQ(WrittenValue("BCD", 3, Bytes(24, 1)), full + ",\\\r\n  01");
+}
+
 TEST_F(RegistryTextWrite, EscapesNamesAndMarksTheKeysOwnValue) {
     EXPECT_EQ(WrittenValue("a\\\"", 4, {1, 0, 0, 0}), "\"a\\\\\\\"\"=dword:00000001");
     QxmixRegistryClear();

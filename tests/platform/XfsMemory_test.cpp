@@ -79,13 +79,13 @@ TEST_F(XfsMemory, RefusesNullPointers) {
 }
 
 TEST_F(XfsMemory, RefusesWildSizesAndLeavesThePointerAlone) {
-    constexpr ULONG kLargest = 256U * 1024 * 1024;
+    constexpr ULONG kLargest = 16U * 1024 * 1024;
     int stays = 0;
     void* block = &stays;
     EXPECT_EQ(WFMAllocateBuffer(kLargest + 1, 0, &block), kQxmixXfsOutOfMemory);
     EXPECT_EQ(WFMAllocateBuffer(0xFFFFFFFF, 0, &block), kQxmixXfsOutOfMemory);
     EXPECT_EQ(block, &stays);
-    ASSERT_EQ(WFMAllocateBuffer(8, 0, &root_), kQxmixXfsSuccess);
+    ASSERT_EQ(WFMAllocateBuffer(kLargest, 0, &root_), kQxmixXfsSuccess);
     EXPECT_EQ(WFMAllocateMore(0xFFFFFFFF, root_, &block), kQxmixXfsOutOfMemory);
     EXPECT_EQ(block, &stays);
     EXPECT_EQ(QxmixMemoryLiveBlocks(), 1U);

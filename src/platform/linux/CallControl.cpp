@@ -51,12 +51,11 @@ void CallControl::Log(const ModuleCall& call) noexcept {
     if (!IsLogging()) {
         return;
     }
-    Guarded(false, [&] {
+    Guarded([&] {
         const std::lock_guard<std::mutex> lock(mutex_);
         if (log_.size() < kMaxLogged) {
             log_.push_back(call);
         }
-        return true;
     });
 }
 

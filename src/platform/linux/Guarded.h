@@ -10,3 +10,13 @@ Result Guarded(Result whenItThrows, Action action) noexcept {
         return whenItThrows;
     }
 }
+
+/// As above, for an action that nobody asks how it ended.
+template <typename Action>
+void Guarded(Action action) noexcept {
+    try {
+        action();
+    } catch (...) {
+        return;
+    }
+}

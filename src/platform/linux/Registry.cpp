@@ -18,10 +18,7 @@ LONG RunDescribed(ModuleCall* call, Describe describe, Action action) noexcept {
     CallControl& control = CallControl::Instance();
     if (control.IsLogging()) {
         // Before the call, since closing a key takes its name away.
-        Guarded(false, [&] {
-            describe(call);
-            return true;
-        });
+        Guarded([&] { describe(call); });
     }
     return control.Run(call, action);
 }

@@ -53,17 +53,11 @@ std::int32_t SetValue(const char* key, const char* name, RegistryValue value) no
 }  // namespace
 
 void QxmixRegistryReset() {
-    Guarded(false, [] {
-        RegistryStore::Instance().Replace(RegistryContent::AtStart());
-        return true;
-    });
+    Guarded([] { RegistryStore::Instance().Replace(RegistryContent::AtStart()); });
 }
 
 void QxmixRegistryClear() {
-    Guarded(false, [] {
-        RegistryStore::Instance().Replace(RegistryContent());
-        return true;
-    });
+    Guarded([] { RegistryStore::Instance().Replace(RegistryContent()); });
 }
 
 std::int32_t QxmixRegistrySetValue(const char* key,

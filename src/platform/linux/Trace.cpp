@@ -52,10 +52,9 @@ int QxmixTraceWanted() {
 }
 
 void QxmixTraceLine(const char* line) {
-    Guarded(false, [line] {
+    Guarded([line] {
         if (line != nullptr) {
             TheListener().Hear(line);
         }
-        return true;
     });
 }

@@ -13,7 +13,7 @@
 namespace {
 
 /// A wild size must not eat the memory of the machine.
-constexpr ULONG kLargestBlock = 256UL * 1024 * 1024;
+constexpr ULONG kLargestBlock = 16UL * 1024 * 1024;
 
 /// Every block is memory of its own, so that a write beyond it is seen by the usual checkers.
 struct Block {
