@@ -68,7 +68,8 @@ static void SetNumber(void* bytes, size_t offset, unsigned width, uint32_t numbe
 
 static void Reserved(Host* host) {
     (void)host;
-    CHECK(!"the host's own slot is called");
+    fprintf(stderr, "the host's own slot was called\n");
+    ++failures;
 }
 
 static int32_t OnObjectCreated(Host* host, void* object) {
@@ -191,6 +192,7 @@ static void CheckLife(const Library* library) {
     const Slots* own = SlotsOf(host.objects[3]);
     CHECK(own->destroy(host.objects[3], 0) == host.objects[3]);
     CHECK(SlotsOf(host.objects[3]) != own);
+    CHECK(SlotsOf(host.objects[3])->getMixTypes != NULL); /* the runtime's pure-call error */
     SlotsOf(host.objects[3])->destroy(host.objects[3], 1);
 }
 

@@ -1,5 +1,5 @@
-/* A host that has registry functions of its own: the module calls these, not the stand-in's, with
- * exactly the arguments checked here.
+/* A host that has all the platform's functions itself: the module calls these, not the stand-in's,
+ * with exactly the arguments checked here.
  *
  * Usage: interposed_contract <path of the library>. Exits with 0 when everything is as it should
  * be. */
@@ -138,6 +138,46 @@ int32_t RegCloseKey(void* key) {
     return 0;
 }
 
+/* A memory manager that does not clear anything. */
+int32_t WFMAllocateBuffer(uint32_t size, uint32_t flags, void** block);
+int32_t WFMAllocateMore(uint32_t size, void* original, void** block);
+
+static void* arena[200];
+static size_t used = 0;
+
+static void* Take(uint32_t size) {
+    void** const block = arena + used;
+    used += (size + sizeof(void*) - 1) / sizeof(void*);
+    CHECK(used <= sizeof(arena) / sizeof(arena[0]));
+    memset(block, 0xA5, size);
+    return block;
+}
+
+int32_t WFMAllocateBuffer(uint32_t size, uint32_t flags, void** block) {
+    CHECK(used == 0);
+    CHECK(size == 11 * sizeof(void*));
+    CHECK(flags == 3);
+    *block = Take(size);
+    return 0;
+}
+
+int32_t WFMAllocateMore(uint32_t size, void* original, void** block) {
+    CHECK(original == arena);
+    CHECK((unsigned char*)block >= (unsigned char*)arena);
+    CHECK((unsigned char*)block < (unsigned char*)(arena + used));
+    *block = Take(size);
+    return 0;
+}
+
+int32_t EventModify(void* event, uint32_t operation);
+
+int32_t EventModify(void* event, uint32_t operation) {
+    CHECK(event == &failures);
+    CHECK(operation == 3);
+    CHECK(used == 0);
+    return 1;
+}
+
 typedef struct Slots {
     void* (*destroy)(void* object, uint32_t flags);
     int32_t (*getMixTypes)(void* object, void** list);
@@ -166,6 +206,8 @@ int main(int count, char** arguments) {
     unsigned char request[1060] = {0};
     unsigned char result[24];
     uint32_t minimumRead = 0;
+    void* const event = &failures;
+    void* list = NULL;
     void* const library = dlopen(count == 2 ? arguments[1] : "", RTLD_NOW);
     if (library == NULL) {
         fprintf(stderr, "%s\n", dlerror());
@@ -181,6 +223,10 @@ int main(int count, char** arguments) {
     CHECK(SlotsOf(outer)->mixCalculate(outer, request, result) == -304);
     CHECK(calls == 7);
     CHECK(strcmp(written, "971A5") == 0);
+
+    memcpy((unsigned char*)outer + 3 * sizeof(void*) + 88, &event, sizeof(event));
+    CHECK(SlotsOf(outer)->getMixTypes(outer, &list) == 0);
+    CHECK(list == arena && arena[9] != NULL && arena[10] == NULL);
 
     destroy();
     SlotsOf(lastObject)->destroy(lastObject, 1);

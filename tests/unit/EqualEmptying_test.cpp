@@ -122,6 +122,12 @@ TEST(CalcEqualEmptying, ReadsWrappedDifferencesAsSignedNumbers) {
               Chosen({30000, 0}));
 }
 
+TEST(CalcEqualEmptying, TakesADifferenceOf2To31ForTheLargest) {
+    // 131072 * 16384 is 2^31, which has no positive counterpart and keeps its bits.
+    EXPECT_EQ(Pay(Table().Bill(1, 131072).Bill(8000, 131072).Amount(16384).Limit(65535)),
+              Chosen({384, 2}));
+}
+
 TEST(CalcEqualEmptying, ComparesWrappedSharesOfThreeUnits) {
     // Unwrapped, 1, 2 and 1 would be the most equal shares of all the combinations that make 100.
     EXPECT_EQ(Pay(Table().Bill(50, 20000).Bill(20, 20000).Bill(10, 20000).Amount(100)),

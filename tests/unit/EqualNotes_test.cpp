@@ -51,6 +51,16 @@ TEST(CalcEqualNotes, KeepsTheFirstOfEqualSpreads) {
               Chosen({1, 1, 1, 0, 0}));
 }
 
+TEST(CalcEqualNotes, KeepsTheFirstOfEqualSpreadsEvenWhenItsCountsLieFurtherApart) {
+    // As equal as 2 2 0 2 0, 4 1 4 1, and 2 1 4 5 1, whose counts lie closer together.
+    EXPECT_EQ(Pay(Table().Bill(10, 6).Bill(9, 5).Bill(8, 1).Bill(6, 5).Bill(3, 1).Amount(50)),
+              Chosen({3, 1, 1, 0, 1}));
+    EXPECT_EQ(Pay(Table().Bill(9, 5).Bill(8, 1).Bill(5, 5).Bill(1, 3).Amount(65)),
+              Chosen({5, 1, 2, 2}));
+    EXPECT_EQ(Pay(Table().Bill(13, 2).Bill(6, 2).Bill(5, 6).Bill(4, 5).Bill(3, 1).Amount(75)),
+              Chosen({2, 2, 5, 3, 0}));
+}
+
 TEST(CalcEqualNotes, EndsThePassAtTheFirstRefusalOfTwoUnits) {
     EXPECT_EQ(Pay(SmallFirst().Limit(2)), kNotDispensed);
     EXPECT_EQ(Pay(SmallFirst().Amount(105).Limit(2).Partial()), kNotDispensed);

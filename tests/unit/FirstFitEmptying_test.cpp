@@ -60,6 +60,13 @@ TEST(CalcFirstFitEmptying, PassesOverExactCombinationsWhenItFallsShort) {
               Chosen({2, 0}, "971A3"));
 }
 
+TEST(CalcFirstFitEmptying, RefusesExactCombinationsOnlyOnce) {
+    // 3 and 0 has too many notes, 1 and 5 too many coins. The second pass meets 3 and 0 again on
+    // its way to 2 and 2, but has no business with it.
+    EXPECT_EQ(Pay(Table().Bill(20, 3).Coin(8, 9).Amount(60).Limit(2).Partial()),
+              Chosen({2, 2}, "971A4"));
+}
+
 TEST(CalcFirstFitEmptying, MovesOnFromRefusedShortCombinations) {
     // (2, 1) (1, 4) (0, 6) and the wrapped (-1, 9) are all over the limit, then twenties run out.
     EXPECT_EQ(Pay(FiftiesAndTwenties().Amount(135).Limit(2).Partial()), kNotDispensed);

@@ -70,6 +70,7 @@ TEST_F(MixCalculate, MultipliesTheAmountByAPositivePowerOfTen) {
     EXPECT_EQ(answer, Paid({3}));
     EXPECT_EQ(answer.amount, 300U);
     EXPECT_EQ(Ask(Request().Bill(100, 10).Amount(5).Exponent(2)).amount, 500U);
+    EXPECT_EQ(Ask(Request().Bill(10, 10).Amount(5).Exponent(1)).amount, 50U);
 }
 
 TEST_F(MixCalculate, ScalesTheAmountOfAFailedRequestToo) {
