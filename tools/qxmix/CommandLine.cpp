@@ -70,7 +70,7 @@ std::size_t CommandLine::ChosenIndex() const {
 }
 
 std::string CommandLine::ErrorText(const CLI::ParseError& error) const {
-    const std::string text = error.what();
+    std::string text = error.what();
     const std::string option = text.substr(0, text.find(':'));
     if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) {
         return UnexpectedText();

@@ -51,7 +51,7 @@ std::optional<Money> ReadWorth(const JsonFields& fields) {
     }
     const std::string text = field->is_string() ? field->get<std::string>() : "";
     const std::size_t point = std::min(text.find('.'), text.size());
-    const std::optional<Money> worth = Money::Parse(text);
+    std::optional<Money> worth = Money::Parse(text);
     if (!worth || point > 10 || text.size() - point > 5) {
         throw fields.Here().Below("worth").Error(
             NotAllowed(DescribeJson(*field), "decimal text such as \"0.50\""));

@@ -9,7 +9,7 @@ namespace qxmix {
 namespace {
 
 constexpr std::int64_t kMillisecondsInSecond = 1000;
-constexpr std::int64_t kMillisecondsInDay = 24 * 60 * 60 * kMillisecondsInSecond;
+constexpr std::int64_t kMillisecondsInDay = 86400 * kMillisecondsInSecond;
 
 std::string Spell(std::chrono::milliseconds duration, const std::string& between) {
     const std::int64_t count = duration.count();

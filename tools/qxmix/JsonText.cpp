@@ -23,7 +23,7 @@ public:
 
     Json&& TakeValue() { return std::move(root_); }
 
-    // The parser calls these by these names.
+    // NOLINTBEGIN(readability-identifier-naming): the parser calls these by these names
     bool null() { return Add(nullptr); }
     bool boolean(bool value) { return Add(value); }
     bool number_integer(number_integer_t value) { return Add(value); }
@@ -52,6 +52,7 @@ public:
         throw InputError(file_ + ":" + std::to_string(line) + ":" + std::to_string(column) + ": " +
                          WithoutPosition(error.what()));
     }
+    // NOLINTEND(readability-identifier-naming)
 
 private:
     /// Bytes before the one at which the parser stopped, counted from 1.
