@@ -107,6 +107,8 @@ TEST_F(Life, DeletesThroughTheFirstSlotWithTheFlagToFree) {
     DeleteMixAlgorithm();
     EXPECT_EQ(outer->acHost12[0], 1);
     SetSlots(outer, own);
+    host.Forget(outer);
+    outer->Destroy(1);
 }
 
 TEST_F(Life, GivesNullWithoutMemoryForTheOuterObject) {

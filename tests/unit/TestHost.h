@@ -17,7 +17,9 @@ public:
     TestHost(const TestHost&) = delete;
     TestHost& operator=(const TestHost&) = delete;
     ~TestHost() {
-        Delete();
+        if (std::find(left_.begin(), left_.end(), instance_) != left_.end()) {
+            Delete();
+        }
         for (IMixAlgorithm* object : left_) {
             object->Destroy(1);
         }
@@ -35,14 +37,14 @@ public:
     }
 
     IMixAlgorithm* Create() {
-        current_ = CreateMixAlgorithm(this);
-        return current_;
+        instance_ = CreateMixAlgorithm(this);
+        return instance_;
     }
 
     void Delete() {
         DeleteMixAlgorithm();
-        Forget(current_);
-        current_ = nullptr;
+        Forget(instance_);
+        instance_ = nullptr;
     }
 
     /// Leaves an object to the test.
@@ -55,7 +57,9 @@ public:
 
 private:
     std::vector<IMixAlgorithm*> left_;
-    IMixAlgorithm* current_ = nullptr;
+
+    /// What the module's own instance pointer stands at: one for all hosts, as in the module.
+    static inline IMixAlgorithm* instance_ = nullptr;
 };
 
 /// A pair of objects, ready to use.
