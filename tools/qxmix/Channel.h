@@ -43,6 +43,9 @@ public:
     /// @throw Interruption when Ctrl-C was pressed (see Interrupt.h).
     State Receive(Message& message, std::optional<Clock::time_point> until);
 
+    /// Becomes readable when something came or the other end is gone.
+    int Descriptor() const { return descriptor_; }
+
 private:
     bool TakeWhole(Message& message);
     bool ReadSome();

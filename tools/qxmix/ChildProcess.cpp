@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstring>
+#include <ctime>
 #include <fcntl.h>
 #include <sys/prctl.h>
 #include <sys/socket.h>
@@ -67,6 +68,16 @@ ChildProcess::ChildProcess(const std::function<void(Channel&)>& body) : channel_
 
 ChildProcess::~ChildProcess() {
     Kill();
+}
+
+std::chrono::nanoseconds ChildProcess::WorkingTime() const {
+    clockid_t clock{};
+    timespec used{};
+    if (process_ <= 0 || clock_getcpuclockid(process_, &clock) != 0 ||
+        clock_gettime(clock, &used) != 0) {
+        return std::chrono::nanoseconds(0);
+    }
+    return std::chrono::seconds(used.tv_sec) + std::chrono::nanoseconds(used.tv_nsec);
 }
 
 void ChildProcess::Kill() {

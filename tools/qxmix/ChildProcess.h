@@ -2,6 +2,7 @@
 
 #include "Channel.h"
 
+#include <chrono>
 #include <functional>
 #include <optional>
 #include <string>
@@ -23,6 +24,9 @@ public:
     ~ChildProcess();
 
     Channel& Connection() { return channel_; }
+
+    /// Processor time that the child has used so far; 0 when it is gone.
+    std::chrono::nanoseconds WorkingTime() const;
 
     /// Ends the child at once.
     void Kill();

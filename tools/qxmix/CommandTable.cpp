@@ -1,4 +1,5 @@
 #include "Command.h"
+#include "MapCommand.h"
 #include "MixCommand.h"
 #include "RegistryCommand.h"
 #include "TypesCommand.h"
@@ -8,6 +9,7 @@ namespace qxmix {
 std::vector<std::unique_ptr<Command>> AllCommands() {
     std::vector<std::unique_ptr<Command>> commands;
     commands.push_back(std::make_unique<MixCommand>());
+    commands.push_back(std::make_unique<MapCommand>());
     commands.push_back(std::make_unique<TypesCommand>());
     commands.push_back(std::make_unique<RegistryCommand>());
     return commands;

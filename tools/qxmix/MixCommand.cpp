@@ -13,7 +13,6 @@
 #include "RegistryImage.h"
 #include "Request.h"
 #include "ResultJson.h"
-#include "StoredValues.h"
 
 namespace qxmix {
 
@@ -64,16 +63,6 @@ std::string InterruptionText(const MixQuestions& questions, const MixAnswers& an
            std::to_string(all) + " mixes\n";
 }
 
-/// What the module reads, as the answer shows it: the values of a registry file, too.
-void TakeRegistryValues(const std::string& registry, Dispenser& dispenser) {
-    dispenser.registry.clear();
-    for (const char* name : {kTraceLevel, kCstMinimum4Mix6}) {
-        if (const auto value = FindStored(registry, name)) {
-            dispenser.registry.push_back(*value);
-        }
-    }
-}
-
 }  // namespace
 
 const CommandInfo& MixCommand::Info() const {
@@ -109,7 +98,7 @@ ExitStatus MixCommand::Run(const CommonOptions& options) {
                          " mixes asked; expected one");
     }
     const std::string registry = options.RegistryOr(questions.dispenser.registry);
-    TakeRegistryValues(registry, questions.dispenser);
+    questions.dispenser.registry = TakenValues(registry);
 
     Asker asker(FindLibrary(options.Library()), registry, options.Trace());
     const MixAnswers answers = AskMixes(questions, asker, !options.registryOut.empty());

@@ -68,6 +68,16 @@ std::optional<StoredValue> FindStored(const std::string& registry, const std::st
     return Find(name);
 }
 
+std::vector<StoredValue> TakenValues(const std::string& registry) {
+    std::vector<StoredValue> values;
+    for (const char* name : {kTraceLevel, kCstMinimum4Mix6}) {
+        if (const auto value = FindStored(registry, name)) {
+            values.push_back(*value);
+        }
+    }
+    return values;
+}
+
 std::string WithStored(const std::string& registry, const StoredValue& value) {
     LoadRegistry(registry);
     Store(value);

@@ -26,6 +26,9 @@ std::string ReadRegistryFile(const std::string& file);
 /// What a registry stores under one of the module's three value names.
 std::optional<StoredValue> FindStored(const std::string& registry, const std::string& name);
 
+/// The values stored there that the module reads.
+std::vector<StoredValue> TakenValues(const std::string& registry);
+
 /// The registry with a value of the module in place of the one before.
 std::string WithStored(const std::string& registry, const StoredValue& value);
 

@@ -12,6 +12,9 @@ namespace {
 constexpr Milliseconds kOpenDeadline{30000};
 constexpr Milliseconds kRegistryDeadline{30000};
 
+// Lines heard in one go: a library that never stops tracing must not keep the tool from the rest.
+constexpr unsigned kMostLines = 1000;
+
 }  // namespace
 
 Worker::Worker(const OpenOrder& order, const TraceSink& trace) : child_(&RunWorker) {
@@ -40,6 +43,39 @@ Reply Worker::Calculate(const MixRequest& request, Milliseconds deadline, const 
         reply.calculation = ReadCalculation(answer);
     }
     return reply;
+}
+
+void Worker::Start(const MixRequest& request, bool traces) {
+    CalculateOrder order;
+    order.request = request;
+    order.trace = traces;
+    // Whether the worker is gone shows when the reply is fetched.
+    child_.Connection().Send(ToMessage(order));
+}
+
+std::optional<Reply> Worker::Finish(const TraceSink& trace) {
+    Message answer;
+    Channel::State state = child_.Connection().Receive(answer, Clock::now());
+    for (unsigned lines = 0; state == Channel::State::Received &&
+                             KindOf(answer) == MessageKind::TraceLine && lines < kMostLines;
+         ++lines) {
+        if (trace != nullptr) {
+            trace(answer.bytes);
+        }
+        state = child_.Connection().Receive(answer, Clock::now());
+    }
+    if (state == Channel::State::Closed) {
+        return Reply{Crash(), {}};
+    }
+    if (state == Channel::State::Waiting || KindOf(answer) == MessageKind::TraceLine) {
+        return std::nullopt;
+    }
+    return Reply{{Ending::Kind::Answered, ""}, ReadCalculation(answer)};
+}
+
+Reply Worker::GiveUp() {
+    child_.Kill();
+    return {{Ending::Kind::NoAnswer, ""}, {}};
 }
 
 Ending Worker::ListTypes(Catalogue& catalogue, Milliseconds deadline) {

@@ -43,6 +43,21 @@ public:
     /// @param trace  hears the lines of this calculation; without it none are made.
     Reply Calculate(const MixRequest& request, Milliseconds deadline, const TraceSink& trace);
 
+    /// Sends a calculation on its way; Finish brings its reply. One at a time.
+    void Start(const MixRequest& request, bool traces);
+
+    /// The reply of the calculation on its way, if it is there; does not wait.
+    std::optional<Reply> Finish(const TraceSink& trace);
+
+    /// Ends the worker although no reply is there.
+    Reply GiveUp();
+
+    /// Becomes readable when Finish may have something to do.
+    int Descriptor() { return child_.Connection().Descriptor(); }
+
+    /// Processor time that the worker has used so far.
+    std::chrono::nanoseconds WorkingTime() const { return child_.WorkingTime(); }
+
     /// @param catalogue  filled when the call was answered.
     Ending ListTypes(Catalogue& catalogue, Milliseconds deadline);
 

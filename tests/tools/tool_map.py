@@ -1,0 +1,169 @@
+#!/usr/bin/env python3
+"""What `qxmix map` writes, how it is interrupted, and that it says what `qxmix mix` says."""
+
+import csv
+import io
+import json
+import os
+import pty
+import select
+import signal
+import time
+
+from tool_runner import Checks, Tool, parse_arguments
+
+MAP = ["map", "examples/three-notes.json", "--to", "150", "--mixes", "1,4,9"]
+FAKE = ["map", "EUR:1x2000", "--library", "fake.so", "--limit", "2000", "--mixes", "1", "--jobs", "1"]
+COLUMNS = "amount,mix,outcome,paid,remainder,returned,registry,v0,v1,v2,v3,v4,v5"
+DIGITS = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_"
+
+
+def rows_of(text):
+    return list(csv.DictReader(io.StringIO(text)))
+
+
+def cells_of(row):
+    """The letter and the answer of each amount in one row of the JSON."""
+    letters = "".join(letter * length for letter, length in row["runs"])
+    answers, known = row["answers"], [0] * 7
+    for index, letter in enumerate(letters):
+        place = 0
+        for digit in answers["path"][index * answers["digits"]:(index + 1) * answers["digits"]]:
+            place = place * 64 + DIGITS.index(digit)
+        step = answers["steps"][place]
+        if step is not None:
+            known = [(before + more) % 2**32 for before, more in zip(known, step)]
+        yield letter, step and {"values": known[:6], "remainder": known[6], "returned": step[7],
+                                "registry": step[8]}
+
+
+def check_against_mix(tool, checks):
+    status, shown, _ = tool.run(MAP + ["--output", "map.csv"])
+    text = (tool.folder / "map.csv").read_text()
+    rows = rows_of(text)
+    checks.equal("columns", text.split("\n", 1)[0], COLUMNS)
+    checks.equal("exit status", status, 3)
+    checks.check("the text is shown beside the file", shown.startswith("DANGER  "), shown)
+    checks.equal("a line for each amount and mix", [(int(r["amount"]), int(r["mix"])) for r in rows],
+                 [(amount, mix) for amount in range(10, 151, 10) for mix in (1, 4, 9)])
+    _, output, _ = tool.run(MAP + ["--json"])
+    answer = json.loads(output)
+    cells = {row["mix"]: list(cells_of(row)) for row in answer["result"]["mixes"]}
+    for row in rows:
+        words = ["mix", "examples/three-notes.json", "--amount", row["amount"], "--mix", row["mix"],
+                 "--deadline", "500ms", "--json"]
+        result = json.loads(tool.run(words)[1])["result"]
+        name = f"{row['amount']}, mix {row['mix']}"
+        text_of = {key: "" if result[key] is None else str(result[key])
+                   for key in ("outcome", "paid", "remainder", "returned", "registry")}
+        checks.equal(f"{name}: as mix says", {key: row[key] for key in text_of}, text_of)
+        checks.equal(f"{name}: items", [row[f"v{slot}"] for slot in range(6)],
+                     ["" if items is None else str(items) for items in result["values"]])
+        known = cells[int(row["mix"])][int(row["amount"]) // 10 - 1][1]
+        expected = None if result["returned"] is None else {
+            key: result[key] for key in ("values", "remainder", "returned", "registry")}
+        checks.equal(f"{name}: in the path", known, expected)
+
+
+def check_counts(tool, checks):
+    answer = json.loads(tool.run(MAP + ["--json"])[1])
+    for row in answer["result"]["mixes"]:
+        letters = "".join(letter * length for letter, length in row["runs"])
+        checks.equal(f"mix {row['mix']}: counts", sum(row["counts"].values()), len(letters))
+        checks.equal(f"mix {row['mix']}: every X has a deadline",
+                     sum(length for _, length in row["deadlines"]), letters.count("X"))
+        checks.equal(f"mix {row['mix']}: dangers", len(row["dangers"]),
+                     letters.count("O") + letters.count("D"))
+
+
+def check_deadlines(tool, checks):
+    words = ["map", "examples/four-notes.json", "--to", "600", "--mixes", "4", "--jobs", "1", "--json"]
+    row = json.loads(tool.run(words)[1])["result"]["mixes"][0]
+    checks.equal("three misses at the whole deadline, the others at a tenth", row["deadlines"],
+                 [["100ms", 3], ["10ms", 21]])
+
+
+def check_forms(tool, checks):
+    text = tool.run(MAP)[1]
+    tool.run(MAP + ["--output", "map.txt", "--color", "always"])
+    checks.equal(".txt", (tool.folder / "map.txt").read_text(), text)
+    output = tool.run(MAP + ["--output", "map.json", "--json"])[1]
+    checks.equal(".json", (tool.folder / "map.json").read_text(), output)
+    checks.equal("nothing is left beside", list(tool.folder.glob("*.part*")), [])
+    for jobs in ("1", "3"):
+        checks.equal(f"--jobs {jobs}", tool.run(MAP + ["--jobs", jobs])[1], text)
+
+
+def check_registry(tool, checks):
+    words = ["map", "EUR:50x1", "--mix", "1", "--from", "50", "--step", "10", "--registry-out", "left.reg"]
+    tool.run(words + ["--to", "60"])
+    left = (tool.folder / "left.reg").read_bytes().decode("utf-16")
+    checks.check("the last code is left", '"CDM"=hex(1):39,37,31,41,32' in left, left)
+    tool.run(words + ["--to", "50"])
+    left = (tool.folder / "left.reg").read_bytes().decode("utf-16")
+    checks.check("none is left when all is paid", "CDM" not in left, left)
+
+
+def check_interrupt(tool, checks):
+    # 1002 hangs; the amounts before it are done.
+    words = FAKE + ["--from", "990", "--to", "1020", "--step", "1", "--deadline", "60s"]
+    for form, extra in (("text", []), ("JSON", ["--json", "--output", "cut.csv"])):
+        process = tool.start(words + extra)
+        time.sleep(1)
+        process.send_signal(signal.SIGINT)
+        output, _ = process.communicate(timeout=20)
+        checks.equal(f"Ctrl-C, {form}: exit status", process.returncode, 130)
+        if form == "text":
+            checks.equal("Ctrl-C: last line", output.decode().split("\n")[-2],
+                         "interrupted at 1002 EUR, 12 of 31 amounts")
+        else:
+            answer = json.loads(output)
+            checks.equal("Ctrl-C: complete", answer["complete"], False)
+            checks.equal("Ctrl-C: kept", answer["result"]["mixes"][0]["runs"], [[".", 11], ["C", 1]])
+            checks.equal("Ctrl-C: the file", len(rows_of((tool.folder / "cut.csv").read_text())), 12)
+    process = tool.start(FAKE + ["--from", "1002", "--to", "1002", "--deadline", "60s"])
+    time.sleep(0.5)
+    process.send_signal(signal.SIGINT)
+    output, errors = process.communicate(timeout=20)
+    checks.equal("Ctrl-C before the first answer", (process.returncode, output, errors),
+                 (130, b"", b"qxmix: interrupted\n"))
+
+
+def errors_at_terminal(tool, words):
+    """What the tool writes to standard error when that is a terminal."""
+    master, slave = pty.openpty()
+    process = tool.start(words, stderr=slave)
+    os.close(slave)
+    shown = b""
+    while select.select([master], [], [], 20)[0]:
+        try:
+            block = os.read(master, 4096)
+        except OSError:
+            break
+        shown += block
+    process.communicate()
+    os.close(master)
+    return shown.decode()
+
+
+def check_progress(tool, checks):
+    # The amount that hangs takes long enough for the line to appear.
+    words = FAKE + ["--from", "1002", "--to", "1008", "--step", "6", "--deadline", "100ms"]
+    shown = errors_at_terminal(tool, words)
+    checks.check("progress at a terminal", "\rmap  50%  1/2  " in shown and "(X 1)" in shown, shown)
+    checks.check("progress is wiped", shown.endswith("\r\x1b[K"), repr(shown))
+    checks.equal("no progress with -q", errors_at_terminal(tool, words + ["-q"]), "")
+    checks.equal("no progress in a pipe", tool.run(words)[2], "")
+
+
+def main():
+    arguments = parse_arguments()
+    checks = Checks()
+    with Tool(arguments) as tool:
+        for part in (check_against_mix, check_counts, check_deadlines, check_forms, check_registry,
+                     check_interrupt, check_progress):
+            part(tool, checks)
+    checks.finish()
+
+
+main()

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "MapQuestions.h"
+#include "MapRow.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace qxmix {
+
+/// What is known of a map: the rows of all mixes, equally long.
+struct MapAnswers {
+    std::vector<MapRow> rows;  ///< one a mix, in the order of the questions
+    bool isComplete = true;    ///< false: Ctrl-C came before the end
+    std::string lastCode;      ///< error code written last, the amounts in order; empty: none
+
+    std::uint64_t AmountCount() const { return rows.empty() ? 0 : rows.front().Size(); }
+};
+
+/// How far a map is.
+struct MapProgress {
+    std::uint64_t done = 0;  ///< cells
+    std::uint64_t misses = 0;
+};
+
+/// Asks all mixes for one amount after the other.
+///
+/// @param order     the library and what it reads.
+/// @param trace     hears the module's lines; the amounts are asked one by one then.
+/// @param progress  is told after each answer.
+/// @throw WorkError when the library cannot be used.
+MapAnswers AskMap(const MapQuestions& questions,
+                  const OpenOrder& order,
+                  const TraceSink& trace,
+                  const std::function<void(const MapProgress&)>& progress);
+
+/// The highest exit status of the answers, or that of an interruption.
+ExitStatus ExitStatusOf(const MapAnswers& answers);
+
+}  // namespace qxmix

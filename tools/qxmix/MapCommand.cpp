@@ -1,0 +1,134 @@
+#include "MapCommand.h"
+
+#include "DispenserReader.h"
+#include "Envelope.h"
+#include "LibrarySearch.h"
+#include "MapJson.h"
+#include "MapOutput.h"
+#include "MapText.h"
+#include "MapVerdict.h"
+#include "MixList.h"
+#include "Output.h"
+#include "Progress.h"
+#include "RegistryImage.h"
+#include "StoredValues.h"
+
+#include <algorithm>
+#include <thread>
+
+namespace qxmix {
+
+namespace {
+
+constexpr std::int64_t kMostJobs = 256;
+constexpr std::uint64_t kMostCells = 100000000;
+
+/// The registry that is left when all amounts were asked one after the other.
+std::string RegistryLeft(const std::string& opened, const std::string& lastCode) {
+    return lastCode.empty() ? opened : WithStored(opened, {kErrorCodeName, kRegSz, lastCode});
+}
+
+std::size_t CoreCount() {
+    return std::max(1U, std::thread::hardware_concurrency());
+}
+
+}  // namespace
+
+const CommandInfo& MapCommand::Info() const {
+    static const CommandInfo info = {
+        "map",
+        "Shows for every amount what every mix does.",
+        {"map DISPENSER [--mixes all] [--from A] [--to A] [--step A] [--jobs N] [--output F]"},
+        {"map examples/four-notes.json --to 600 --mixes 1,4,9",
+         "map EUR:50x100,20x200 --output map.html"}};
+    return info;
+}
+
+void MapCommand::AddOptions(CLI::App& command) {
+    command.add_option("DISPENSER", dispenser_, "dispenser file, - or inline");
+    command.add_option("--from", from_, "first amount; without it the dispenser's least")
+        ->type_name("A");
+    command.add_option("--to", to_, "last amount; without it the dispenser's largest")
+        ->type_name("A");
+    AddWholeOption(
+        command, "--step", 1, UINT32_MAX,
+        [this](std::int64_t number) { step_ = static_cast<std::uint32_t>(number); },
+        "from one amount to the next");
+    AddAskOptions(command, ask_);
+    AddWholeOption(
+        command, "--jobs", 1, kMostJobs,
+        [this](std::int64_t number) { jobs_ = static_cast<std::size_t>(number); },
+        "workers side by side; without it one for each core");
+    command
+        .add_option("--output", output_,
+                    "writes the map, too; the name ends in " + std::string(kMapFormsExpected))
+        ->type_name("FILE");
+}
+
+ExitStatus MapCommand::Run(const CommonOptions& options) {
+    MapQuestions questions = Prepare(options);
+    const std::optional<MapForm> form = MapFormOf(output_, questions);
+    const std::string registry = options.RegistryOr(questions.dispenser.registry);
+    questions.dispenser.registry = TakenValues(registry);
+
+    const OpenOrder order{FindLibrary(options.Library()), registry};
+    Asker asker(order.library, order.registry, options.Trace());
+    asker.Open();
+    asker.KeepRegistry();
+    Progress progress(Info().name, questions.CellCount(), options.quiet);
+    const MapAnswers answers =
+        AskMap(questions, order, options.Trace(),
+               [&progress](const MapProgress& now) { progress.Show(now.done, now.misses); });
+    progress.Wipe();
+    if (answers.AmountCount() == 0 && !options.json) {
+        throw Interruption();
+    }
+
+    Envelope envelope;
+    envelope.module = asker.ModuleVersion();
+    envelope.library = FileNameOf(asker.Library());
+    envelope.command = Info().name;
+    envelope.complete = answers.isComplete;
+    envelope.warnings = FindingsOf(questions, answers);
+    envelope.exitStatus = ExitStatusOf(answers);
+    if (options.json || form == MapForm::JsonFile) {
+        envelope.input = MapInputJson(questions);
+        envelope.result = MapResultJson(questions, answers);
+    }
+    OutputFiles files;
+    files.Add(options.registryOut, RegistryLeft(asker.Registry(), answers.lastCode));
+    if (form) {
+        files.Add(output_, MapFile(*form, questions, answers, envelope));
+    }
+    files.Commit();
+    WriteStandardOutput(options.json ? EnvelopeText(envelope)
+                                     : MapText(questions, answers, Painter(options.color)));
+    return envelope.exitStatus;
+}
+
+MapQuestions MapCommand::Prepare(const CommonOptions& options) const {
+    if (dispenser_.empty()) {
+        throw InputError("DISPENSER: missing; expected a file, - or a dispenser such as "
+                         "EUR:50x10,20x10");
+    }
+    MapQuestions questions;
+    questions.dispenser = OpenDispenser(dispenser_);
+    ask_.ApplyTo(questions.dispenser);
+    const bool namesMixes = !ask_.mix.empty() || !ask_.mixes.empty();
+    questions.mixes = namesMixes ? ask_.Mixes(questions.dispenser) : AllMixes();
+    const Amounts amounts = AmountsWithDefaults(questions.dispenser);
+    questions.from =
+        from_.empty() ? *amounts.min : ParseAmount(from_, "--from", questions.dispenser);
+    questions.to = to_.empty() ? *amounts.max : ParseAmount(to_, "--to", questions.dispenser);
+    questions.step = step_.value_or(*amounts.step);
+    if (questions.to < questions.from) {
+        throw InputError("--to: " + NotAllowed(std::to_string(questions.to),
+                                               std::to_string(questions.from) + " or more"));
+    }
+    CheckCellCount(questions, kMostCells, "--step");
+    questions.deadline = options.deadline.value_or(questions.deadline);
+    questions.jobs = jobs_ == 0 ? CoreCount() : jobs_;
+    return questions;
+}
+
+}  // namespace qxmix

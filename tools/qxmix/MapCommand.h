@@ -1,0 +1,32 @@
+#pragma once
+
+#include "AskOptions.h"
+#include "Command.h"
+#include "MapAnswers.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace qxmix {
+
+/// `qxmix map`: every amount by every mix.
+class MapCommand final : public Command {
+public:
+    const CommandInfo& Info() const override;
+    void AddOptions(CLI::App& command) override;
+    ExitStatus Run(const CommonOptions& options) override;
+
+private:
+    MapQuestions Prepare(const CommonOptions& options) const;
+
+    std::string dispenser_;  // as named on the command line
+    std::string from_;
+    std::string to_;
+    std::optional<std::uint32_t> step_;
+    std::size_t jobs_ = 0;  // 0: as many as there are cores
+    std::string output_;
+    AskOptions ask_;
+};
+
+}  // namespace qxmix

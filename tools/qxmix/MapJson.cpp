@@ -1,0 +1,130 @@
+#include "MapJson.h"
+
+#include "DispenserJson.h"
+#include "Duration.h"
+#include "Judgement.h"
+#include "Terminal.h"
+
+namespace qxmix {
+
+namespace {
+
+constexpr std::uint64_t kBase = 64;
+constexpr const char* kDigits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_";
+
+Json RunsJson(const MapRow& row) {
+    Json runs = Json::array();
+    for (const MapRow::Run& run : row.Runs()) {
+        runs.push_back({std::string(1, RowOf(run.outcome).letter), run.length});
+    }
+    return runs;
+}
+
+Json CountsJson(const MapRow& row) {
+    Json counts = Json::object();
+    // What is paid comes first: it is what most amounts are.
+    for (const bool isPaid : {true, false}) {
+        for (const OutcomeRow& outcome : OutcomeTable()) {
+            const std::uint64_t count = row.Count(outcome.outcome);
+            if ((outcome.outcome == Outcome::Paid) == isPaid && count > 0) {
+                counts[outcome.name] = count;
+            }
+        }
+    }
+    return counts;
+}
+
+bool IsListed(Outcome outcome) {
+    return outcome == Outcome::Overpaid || outcome == Outcome::Overdrawn;
+}
+
+Json DangersJson(const MapQuestions& questions, const MapRow& row) {
+    Json dangers = Json::array();
+    MapRowReader reader(row);
+    for (std::uint64_t place = 0; place < row.Size() && dangers.size() < kListedDangers; ++place) {
+        const MapCell& cell = reader.Next();
+        if (!IsListed(cell.outcome)) {
+            continue;
+        }
+        const std::uint32_t amount = questions.Amount(place);
+        const Judgement judgement = Judge(questions.dispenser, amount, ReplyOf(cell));
+        dangers.push_back({{"amount", amount},
+                           {"outcome", RowOf(cell.outcome).name},
+                           {"paid", judgement.paid.Text(AmountDecimals(questions.dispenser))},
+                           {"values", cell.values}});
+    }
+    return dangers;
+}
+
+Json DeadlinesJson(const MapRow& row) {
+    Json deadlines = Json::array();
+    for (const MapRow::DeadlineRun& run : row.Deadlines()) {
+        deadlines.push_back({DurationText(run.deadline), run.length});
+    }
+    return deadlines;
+}
+
+Json StepJson(const MapRow::Step& step) {
+    if (!step.isAnswered) {
+        return nullptr;
+    }
+    Json json = Json::array();
+    for (const std::uint32_t more : step.values) {
+        json.push_back(static_cast<std::int32_t>(more));
+    }
+    json.push_back(static_cast<std::int32_t>(step.remainder));
+    json.push_back(step.returned);
+    json.push_back(step.code.empty() ? Json() : Json(Printable(step.code)));
+    return json;
+}
+
+Json AnswersJson(const MapRow& row) {
+    Json steps = Json::array();
+    for (const MapRow::Step& step : row.Steps()) {
+        steps.push_back(StepJson(step));
+    }
+    std::size_t digits = 1;
+    for (std::uint64_t most = kBase; most < row.Steps().size(); most *= kBase) {
+        ++digits;
+    }
+    std::string path(row.Size() * digits, ' ');
+    std::size_t behind = 0;
+    for (std::uint32_t place : row.Path()) {
+        behind += digits;
+        for (std::size_t at = behind; at > behind - digits; place /= kBase) {
+            path[--at] = kDigits[place % kBase];
+        }
+    }
+    return {{"steps", steps}, {"digits", digits}, {"path", path}};
+}
+
+}  // namespace
+
+Json MapInputJson(const MapQuestions& questions) {
+    return {{"dispenser", DispenserJson(questions.dispenser)},
+            {"mixes", questions.mixes},
+            {"from", questions.from},
+            {"to", questions.to},
+            {"step", questions.step},
+            {"deadline", DurationText(questions.deadline)}};
+}
+
+Json MapResultJson(const MapQuestions& questions, const MapAnswers& answers) {
+    Json mixes = Json::array();
+    for (std::size_t index = 0; index < answers.rows.size(); ++index) {
+        const MapRow& row = answers.rows[index];
+        mixes.push_back({{"mix", questions.mixes[index]},
+                         {"runs", RunsJson(row)},
+                         {"counts", CountsJson(row)},
+                         {"dangers", DangersJson(questions, row)},
+                         {"deadlines", DeadlinesJson(row)},
+                         {"answers", AnswersJson(row)}});
+    }
+    return {{"amounts",
+             {{"min", questions.from},
+              {"max", questions.Amount(questions.AmountCount() - 1)},
+              {"step", questions.step}}},
+            {"mixes", mixes}};
+}
+
+}  // namespace qxmix

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "Worker.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace qxmix {
+
+/// Several workers that ask one library side by side.
+///
+/// A deadline counts the processor time of the calculation, so that a busy machine does not make
+/// misses; ten times the deadline has to do in any case.
+class WorkerPool {
+public:
+    struct Task {
+        std::uint64_t number = 0;  ///< the caller's own
+        MixRequest request;
+        Milliseconds deadline{0};
+    };
+
+    /// The next task; none when there are no more.
+    using Source = std::function<std::optional<Task>()>;
+    using Sink = std::function<void(const Task& task, const Reply& reply)>;
+
+    /// @param size   workers, at least 1.
+    /// @param trace  hears the module's lines; empty: nobody does.
+    WorkerPool(OpenOrder order, std::size_t size, TraceSink trace);
+
+    /// Does all tasks; replies come in the order in which they are ready.
+    ///
+    /// @throw WorkError when the library cannot be used, Interruption after Ctrl-C.
+    void Run(const Source& source, const Sink& sink);
+
+private:
+    struct Place {
+        std::unique_ptr<Worker> worker;
+        std::optional<Task> task;
+        std::chrono::nanoseconds workingTimeBefore{0};
+        Clock::time_point lookAgain;  // when the deadline may have passed
+        Clock::time_point last;       // when it has
+    };
+
+    bool StartNext(Place& place, const Source& source);
+    void Wait() const;
+    std::optional<Reply> ReplyOf(Place& place, Clock::time_point now);
+
+    OpenOrder order_;
+    TraceSink trace_;
+    std::vector<Place> places_;
+};
+
+}  // namespace qxmix
