@@ -56,7 +56,7 @@ struct BandRule : WithinLimitRule<Spread> {
 
     BandRule(MostEven<Spread>& search, const ExactWalk& exactWalk, std::uint32_t width) noexcept
         : WithinLimitRule(search, exactWalk), band(search.units, exactWalk.MostShortfall(), width),
-          spreadBound(search.units, search.evenness.MostItems()) {}
+          spreadBound(search.units, search.evenness.MostItems(), exactWalk.MostShortfall()) {}
 
     void Narrow(unsigned level,
                 const Counts& combination,
@@ -66,9 +66,8 @@ struct BandRule : WithinLimitRule<Spread> {
         band.Narrow(level, combination, rest, range);
     }
 
-    /// The bound knows what the rest is to the last item only where nothing may stay unpaid.
     bool Enters(unsigned level, const Counts& combination, std::uint32_t rest) noexcept {
-        if (!most.isFound || walk.MostShortfall() != 0) {
+        if (!most.isFound) {
             return true;
         }
         if (aimedAt != most.best) {

@@ -42,6 +42,12 @@ public:
     /// worth the divisor of all values; its count is entry n of a combination.
     static ExactWalk WithShortfall(const SearchUnits& units) noexcept;
 
+    /// Whether the values divide the amount and the counts reach it: otherwise there is no
+    /// combination at all, and what a search sets up for a walk can be left out.
+    bool MayMakeAmount() const noexcept {
+        return amount_ % divisors_[0] == 0 && amount_ <= capacities_[0];
+    }
+
     /// Whether a combination counts: in a walk with shortfall only one that falls short.
     bool Regards(const Counts& combination) const noexcept {
         return !passesOverWhole_ || combination[shortfall_] != 0;
@@ -183,7 +189,7 @@ private:
 
 template <Direction kDirection, typename Rule>
 void ExactWalk::Run(Rule& rule) const noexcept {
-    if (amount_ % divisors_[0] == 0 && amount_ <= capacities_[0]) {
+    if (MayMakeAmount()) {
         Counts combination{};
         Walker<kDirection, Rule>(*this, rule, combination).Run();
     }

@@ -86,7 +86,7 @@ private:
         } else if (units.n == 2) {
             TwoUnitRule rule(*this, walk);
             walk.Run<Direction::Downwards>(rule);
-        } else {
+        } else if (walk.MayMakeAmount()) {
             evenness.Walk(walk, *this);
             if (isFound || units.allowsPartial) {
                 RecallRefusal(walk);

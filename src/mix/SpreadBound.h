@@ -19,8 +19,10 @@ public:
         return sum * std::max(units.limit, 1U) < kLargestProduct;
     }
 
-    SpreadBound(const SearchUnits& units, std::uint32_t mostItems) noexcept
-        : n_(units.n), mostItems_(mostItems) {
+    SpreadBound(const SearchUnits& units,
+                std::uint32_t mostItems,
+                std::uint32_t mostShortfall) noexcept
+        : n_(units.n), mostItems_(mostItems), mostShortfall_(mostShortfall) {
         std::int64_t sum = 0;
         std::int64_t square = 0;
         for (unsigned level = units.n - 1; level-- > 0;) {
@@ -50,7 +52,7 @@ public:
 
     /// Whether each way to go on from the counts up to `level` scores above what is aimed at.
     ///
-    /// @param rest  what the levels after have to pay exactly.
+    /// @param rest  what the levels after have to pay, or less by the shortfall allowed.
     bool IsAbove(unsigned level, const Counts& combination, std::uint32_t rest) const noexcept {
         const Free& after = after_[level];
         const std::int64_t k = n_;
@@ -63,11 +65,21 @@ public:
             squaredItems += static_cast<std::int64_t>(count * count);
         }
         const std::int64_t left = mostItems_ - items;
-        const std::int64_t demand = after.sum * rest;
+        const std::int64_t free = k - chosen;
+        // What may stay unpaid makes the least score only lower: take the payment, of those
+        // allowed, that is nearest to what the most even counts would pay.
+        std::int64_t paid = rest;
+        if (chosen * paid > items * after.sum || free * paid > left * after.sum) {
+            paid = std::max(std::int64_t{0}, paid - mostShortfall_);
+            if (chosen * paid < items * after.sum && free * paid < left * after.sum) {
+                return false;
+            }
+        }
+        const std::int64_t demand = after.sum * paid;
         if (after.variance > 0 && k * (left * after.square - demand) < after.mostVariance) {
             // Fewer items than the limit allows are only more uneven: take all of them. They would
             // pay `excess` beyond, or short of, the rest if all counts were equal.
-            const std::int64_t excess = (k - chosen) * rest - left * after.sum;
+            const std::int64_t excess = free * paid - left * after.sum;
             const std::int64_t least =
                 k * (squaredItems * after.scale + left * left * after.variance + excess * excess) -
                 mostItems_ * mostItems_ * after.scale;
@@ -76,7 +88,7 @@ public:
         // The limit does not bind: the best number of items lies within it.
         const std::int64_t least = (chosen * squaredItems - items * items) * after.square +
                                    squaredItems * after.sumSquared - 2 * items * demand +
-                                   chosen * std::int64_t{rest} * rest;
+                                   chosen * paid * paid;
         return least >= withinLimit_ * after.divisor;
     }
 
@@ -96,6 +108,7 @@ private:
 
     unsigned n_;
     std::int64_t mostItems_;
+    std::int64_t mostShortfall_;
     std::int64_t atLimit_ = 0;      ///< least score to be above, by the first formula
     std::int64_t withinLimit_ = 0;  ///< and by the second
     std::array<Free, kMaxSearchUnits> after_{};

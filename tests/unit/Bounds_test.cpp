@@ -4,6 +4,8 @@
 #include "LimitBound.h"
 #include "SpreadBound.h"
 
+#include <numeric>
+
 namespace {
 
 /// Writes down the combinations within the limit of a walk that the bound narrows.
@@ -87,7 +89,7 @@ std::uint32_t SpreadOf(const SearchUnits& units, const Counts& combination) {
 TEST(SpreadBound, IsNeverAboveTheSpreadOfACombinationThatFollows) {
     ForEachSmallTable([](const SearchUnits& all) {
         ForEachLimit(all, [](const SearchUnits& units) {
-            SpreadBound bound(units, units.HaveCoins() ? 2 * units.limit : units.limit);
+            SpreadBound bound(units, units.HaveCoins() ? 2 * units.limit : units.limit, 0);
             for (const Counts& combination : WithinLimit(units, PlainLoops(units).Exact())) {
                 const std::uint32_t spread = SpreadOf(units, combination);
                 bound.AimAt(spread);
@@ -101,10 +103,31 @@ TEST(SpreadBound, IsNeverAboveTheSpreadOfACombinationThatFollows) {
     });
 }
 
+TEST(SpreadBound, IsNeverAboveTheSpreadOfAShortCombinationThatFollows) {
+    ForEachSmallTable([](const SearchUnits& all) {
+        ForEachLimit(all, [](const SearchUnits& units) {
+            const std::uint32_t shortfall = ExactWalk::WithShortfall(units).MostShortfall();
+            SpreadBound bound(units, units.HaveCoins() ? 2 * units.limit : units.limit, shortfall);
+            std::uint32_t divisor = 0;
+            for (unsigned unit = 0; unit < units.n; ++unit) {
+                divisor = std::gcd(divisor, units.values[unit]);
+            }
+            for (const Counts& combination : WithinLimit(units, PlainLoops(units).Short())) {
+                bound.AimAt(SpreadOf(units, combination));
+                std::uint32_t rest = units.amount - units.amount % divisor;
+                for (unsigned level = 0; level + 1 < units.n; ++level) {
+                    rest -= units.values[level] * combination[level];
+                    EXPECT_FALSE(bound.IsAbove(level, combination, rest));
+                }
+            }
+        });
+    });
+}
+
 TEST(SpreadBound, SeesThatAnUnequalStartCannotBecomeEqual) {
     const Table table = Table().Bill(50, 99).Bill(20, 99).Bill(10, 99).Amount(800);
     const SearchUnits units = table.Units();
-    const SpreadBound bound(units, units.limit);
+    const SpreadBound bound(units, units.limit, 0);
     EXPECT_TRUE(bound.IsAbove(0, Counts{16}, 0));     // 16 and then nothing more to pay
     EXPECT_FALSE(bound.IsAbove(0, Counts{10}, 300));  // 10, 10 and 10
     EXPECT_TRUE(bound.IsAbove(0, Counts{9}, 350));
