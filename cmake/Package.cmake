@@ -11,6 +11,7 @@ install(
 install(
   FILES src/interface/MixAlgorithm.h
         src/interface/ObjectLayout.h
+        src/interface/qxmix.h
         src/interface/ResultCodes.h
         src/cashunits/CashUnitCodes.h
         src/cashunits/LittleEndian.h
