@@ -4,8 +4,8 @@
 
 namespace emulation {
 
-EmulatedModule::EmulatedModule(const PeFile& library, std::uint32_t base)
-    : machine_(library, base, terminal_.Functions()), host_(MakeHost()) {
+EmulatedModule::EmulatedModule(const PeFile& library, std::uint32_t base, HostCode host)
+    : machine_(library, base, terminal_.Functions(), host), host_(MakeHost()) {
     terminal_.Serve(machine_);
 }
 

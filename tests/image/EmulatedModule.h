@@ -15,7 +15,7 @@ public:
     static constexpr std::uint32_t kOuterSize = 116;
     static constexpr std::uint32_t kInnerSize = 124;
 
-    EmulatedModule(const PeFile& library, std::uint32_t base);
+    EmulatedModule(const PeFile& library, std::uint32_t base, HostCode host = HostCode::Arm);
 
     /// Calls the entry point as the system does when it loads or unloads the library.
     CallReport Enter(std::uint32_t reason);

@@ -4,8 +4,13 @@
 
 namespace emulation {
 
+namespace {
+
+constexpr std::uint32_t kPage = 0x1000;
+
+}  // namespace
+
 std::uint32_t GuestMemory::Allocate(std::uint32_t size, Rights rights, unsigned shift) {
-    constexpr std::uint32_t kPage = 0x1000;
     constexpr std::uint32_t kBefore = 64;
     const std::uint32_t pages = (kBefore + shift + size + kPage - 1) / kPage + 1;
     if (size > kSize || pages * kPage > kStart + kSize - next_) {
@@ -24,9 +29,12 @@ bool GuestMemory::Free(std::uint32_t address) {
     return blocks_.erase(address) == 1;
 }
 
-void GuestMemory::Clear() {
-    blocks_.clear();
-    next_ = kStart;
+void GuestMemory::TakeBack(std::uint32_t address) {
+    if (blocks_.empty() || blocks_.rbegin()->first != address) {
+        throw std::runtime_error("not the last block");
+    }
+    blocks_.erase(address);
+    next_ = address / kPage * kPage;
 }
 
 bool GuestMemory::Allows(std::uint32_t address, std::uint32_t size, bool isWrite) const {

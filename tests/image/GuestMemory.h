@@ -29,8 +29,8 @@ public:
     /// Takes a block back. Returns false when there is none at the address.
     bool Free(std::uint32_t address);
 
-    /// Takes back everything and starts again.
-    void Clear();
+    /// Takes back the block that was handed out last, and its place too.
+    void TakeBack(std::uint32_t address);
 
     /// Whether the module may read or write all of these bytes.
     bool Allows(std::uint32_t address, std::uint32_t size, bool isWrite) const;

@@ -13,7 +13,15 @@ std::string DllFolder() {
 }
 
 std::string PathOf(Target target) {
-    return DllFolder() + (target == Target::Device ? "/device/QXMIX.dll" : "/windows/QXMIX.dll");
+    switch (target) {
+    case Target::Device:
+        return DllFolder() + "/device/QXMIX.dll";
+    case Target::DeviceThumb:
+        return DllFolder() + "/device-armv4t/QXMIX.dll";
+    case Target::Desktop:
+        break;
+    }
+    return DllFolder() + "/windows/QXMIX.dll";
 }
 
 Bytes FileOf(const std::string& path) {
@@ -32,7 +40,8 @@ void ImageTest::SetUp() {
 }
 
 void ImageTest::Reload() {
-    module_ = std::make_unique<EmulatedModule>(library_, std::get<1>(GetParam()));
+    const HostCode host = TheTarget() == Target::DeviceThumb ? HostCode::Thumb : HostCode::Arm;
+    module_ = std::make_unique<EmulatedModule>(library_, std::get<1>(GetParam()), host);
 }
 
 void ImageTest::TearDown() {
@@ -43,9 +52,10 @@ void ImageTest::TearDown() {
 
 std::string
 NameOfParameters(const testing::TestParamInfo<std::tuple<Target, std::uint32_t>>& info) {
+    constexpr const char* kNames[] = {"Device", "DeviceThumb", "Desktop"};
     char name[32];
     std::snprintf(name, sizeof(name), "%sAt%08X",
-                  std::get<0>(info.param) == Target::Device ? "Device" : "Desktop",
+                  kNames[static_cast<unsigned>(std::get<0>(info.param))],
                   static_cast<unsigned>(std::get<1>(info.param)));
     return name;
 }

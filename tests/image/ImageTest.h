@@ -8,7 +8,11 @@
 
 namespace emulation {
 
-enum class Target { Device, Desktop };
+enum class Target {
+    Device,       ///< ARMv4
+    DeviceThumb,  ///< ARMv4T, with a host of Thumb code
+    Desktop,
+};
 
 /// Folder that scripts/build-dlls fills.
 std::string DllFolder();
@@ -43,18 +47,20 @@ private:
 
 std::string NameOfParameters(const testing::TestParamInfo<std::tuple<Target, std::uint32_t>>& info);
 
-/// Runs the tests of a class for both libraries at all bases.
+/// Runs the tests of a class for all libraries at all bases.
 #define FOR_EVERY_IMAGE(TestClass)                                                                 \
-    INSTANTIATE_TEST_SUITE_P(Images, TestClass,                                                    \
-                             testing::Combine(testing::Values(Target::Device, Target::Desktop),    \
-                                              testing::ValuesIn(kBases)),                          \
-                             NameOfParameters)
+    INSTANTIATE_TEST_SUITE_P(                                                                      \
+        Images, TestClass,                                                                         \
+        testing::Combine(testing::Values(Target::Device, Target::DeviceThumb, Target::Desktop),    \
+                         testing::ValuesIn(kBases)),                                               \
+        NameOfParameters)
 
-/// Runs the tests of a class for both libraries at one base.
-#define FOR_BOTH_IMAGES(TestClass)                                                                 \
-    INSTANTIATE_TEST_SUITE_P(Images, TestClass,                                                    \
-                             testing::Combine(testing::Values(Target::Device, Target::Desktop),    \
-                                              testing::Values(kBases[1])),                         \
-                             NameOfParameters)
+/// Runs the tests of a class for all libraries at one base.
+#define FOR_EVERY_LIBRARY(TestClass)                                                               \
+    INSTANTIATE_TEST_SUITE_P(                                                                      \
+        Images, TestClass,                                                                         \
+        testing::Combine(testing::Values(Target::Device, Target::DeviceThumb, Target::Desktop),    \
+                         testing::Values(kBases[1])),                                              \
+        NameOfParameters)
 
 }  // namespace emulation

@@ -36,9 +36,10 @@ void PutWordIn(std::vector<std::uint8_t>& bytes, std::uint32_t at, std::uint32_t
 
 Machine::Machine(const PeFile& library,
                  std::uint32_t base,
-                 std::map<std::string, TrappedFunction> imports)
-    : library_(library), base_(base), engine_(OpenEngine(library.machine)),
-      processor_(MakeProcessor(library.machine, engine_)), image_(library.image),
+                 std::map<std::string, TrappedFunction> imports,
+                 HostCode host)
+    : library_(library), base_(base), engine_(OpenEngine(library.machine, host)),
+      processor_(MakeProcessor(library.machine, host, engine_)), image_(library.image),
       stack_(kStackSize) {
     image_.resize((library.size + kPage - 1) / kPage * kPage);
     Expect(uc_mem_map(engine_, kTraps, kTrapsSize, UC_PROT_READ | UC_PROT_EXEC), "map traps");
@@ -84,7 +85,7 @@ std::uint32_t Machine::AddFunction(TrappedFunction function) {
         processor_->ReturnCode(function.arguments, function.convention);
     Expect(uc_mem_write(engine_, address, code.data(), code.size()), "write trap");
     functions_.push_back(std::move(function));
-    return address;
+    return processor_->PointerTo(address);
 }
 
 void Machine::Watch() {

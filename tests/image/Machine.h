@@ -37,7 +37,8 @@ public:
     /// @param imports  by name; a name that is missing throws.
     Machine(const PeFile& library,
             std::uint32_t base,
-            std::map<std::string, TrappedFunction> imports);
+            std::map<std::string, TrappedFunction> imports,
+            HostCode host = HostCode::Arm);
     ~Machine();
     Machine(const Machine&) = delete;
     Machine& operator=(const Machine&) = delete;

@@ -41,7 +41,7 @@ std::uint32_t Mark(unsigned index) {
 
 class ArmProcessor final : public Processor {
 public:
-    using Processor::Processor;
+    ArmProcessor(uc_engine* engine, HostCode host) : Processor(engine), host_(host) {}
 
     void PrepareCall(std::uint32_t function,
                      const std::vector<std::uint32_t>& arguments,
@@ -56,7 +56,7 @@ public:
         }
         stack_ = stackTop;
         SetRegister(UC_ARM_REG_SP, stackTop);
-        SetRegister(UC_ARM_REG_LR, returnAddress);
+        SetRegister(UC_ARM_REG_LR, PointerTo(returnAddress));
         SetRegister(UC_ARM_REG_PC, function);
     }
 
@@ -66,7 +66,12 @@ public:
                 return "r" + std::to_string(index);
             }
         }
-        return StackPointer() != stack_ ? "stack pointer" : "";
+        if (StackPointer() != stack_) {
+            return "stack pointer";
+        }
+        constexpr std::uint32_t kThumbState = 0x20;
+        const bool isThumb = (Register(UC_ARM_REG_CPSR) & kThumbState) != 0;
+        return isThumb != (host_ == HostCode::Thumb) ? "state of the processor" : "";
     }
 
     std::uint32_t StackPointer() const override { return Register(UC_ARM_REG_SP); }
@@ -81,7 +86,14 @@ public:
     void SetResult(std::uint32_t value) override { SetRegister(UC_ARM_REG_R0, value); }
 
     std::vector<std::uint8_t> ReturnCode(unsigned, Convention) const override {
+        if (host_ == HostCode::Thumb) {
+            return {0x70, 0x47};  // bx lr
+        }
         return {0x0E, 0xF0, 0xA0, 0xE1};  // mov pc, lr
+    }
+
+    std::uint32_t PointerTo(std::uint32_t address) const override {
+        return host_ == HostCode::Thumb ? address | 1U : address;
     }
 
     std::uint32_t ArgumentBytes(const std::vector<std::uint32_t>&, Convention) const override {
@@ -91,6 +103,7 @@ public:
     bool AlignsAccesses() const override { return true; }
 
 private:
+    HostCode host_;
     std::uint32_t stack_ = 0;
 };
 
@@ -181,20 +194,21 @@ private:
 
 }  // namespace
 
-uc_engine* OpenEngine(std::uint32_t machine) {
+uc_engine* OpenEngine(std::uint32_t machine, HostCode host) {
     uc_engine* engine = nullptr;
     if (machine == kMachineArm) {
         Expect(uc_open(UC_ARCH_ARM, UC_MODE_ARM, &engine), "open ARM");
-        Expect(uc_ctl_set_cpu_model(engine, UC_CPU_ARM_SA1100), "choose SA1100");
+        const int model = host == HostCode::Thumb ? UC_CPU_ARM_TI925T : UC_CPU_ARM_SA1100;
+        Expect(uc_ctl_set_cpu_model(engine, model), "choose the ARM processor");
     } else {
         Expect(uc_open(UC_ARCH_X86, UC_MODE_32, &engine), "open x86");
     }
     return engine;
 }
 
-std::unique_ptr<Processor> MakeProcessor(std::uint32_t machine, uc_engine* engine) {
+std::unique_ptr<Processor> MakeProcessor(std::uint32_t machine, HostCode host, uc_engine* engine) {
     if (machine == kMachineArm) {
-        return std::make_unique<ArmProcessor>(engine);
+        return std::make_unique<ArmProcessor>(engine, host);
     }
     return std::make_unique<X86Processor>(engine);
 }

@@ -17,6 +17,9 @@ enum class Convention {
     Thiscall,  ///< slots of objects; the object is the first argument
 };
 
+/// What the host and the system are compiled to, on ARM.
+enum class HostCode { Arm, Thumb };
+
 /// What a processor's calls look like: where arguments, results and return addresses are, and which
 /// registers a function has to leave as they were.
 class Processor {
@@ -50,6 +53,9 @@ public:
     virtual std::vector<std::uint8_t> ReturnCode(unsigned arguments,
                                                  Convention convention) const = 0;
 
+    /// What a pointer to such a function at an address looks like.
+    virtual std::uint32_t PointerTo(std::uint32_t address) const { return address; }
+
     /// Bytes above the stack pointer, at a call, that belong to the function.
     virtual std::uint32_t ArgumentBytes(const std::vector<std::uint32_t>& arguments,
                                         Convention convention) const = 0;
@@ -66,9 +72,10 @@ protected:
     uc_engine* engine_;
 };
 
-/// An emulator of a machine number of the executable format: SA1100 or a 32-bit x86.
-uc_engine* OpenEngine(std::uint32_t machine);
-std::unique_ptr<Processor> MakeProcessor(std::uint32_t machine, uc_engine* engine);
+/// An emulator of a machine number of the executable format: a 32-bit x86 or on ARM an SA1100,
+/// which is ARMv4, and for hosts of Thumb code a TI925T, which is ARMv4T.
+uc_engine* OpenEngine(std::uint32_t machine, HostCode host);
+std::unique_ptr<Processor> MakeProcessor(std::uint32_t machine, HostCode host, uc_engine* engine);
 
 /// Throws std::runtime_error for a failed call of the emulator.
 void Expect(uc_err error, const char* what);
