@@ -1,6 +1,7 @@
 #include "MapCommand.h"
 
 #include "DispenserReader.h"
+#include "Duration.h"
 #include "Envelope.h"
 #include "LibrarySearch.h"
 #include "MapJson.h"
@@ -12,6 +13,7 @@
 #include "Progress.h"
 #include "RegistryImage.h"
 #include "StoredValues.h"
+#include "TextList.h"
 
 #include <algorithm>
 #include <thread>
@@ -28,6 +30,20 @@ std::string RegistryLeft(const std::string& opened, const std::string& lastCode)
     return lastCode.empty() ? opened : WithStored(opened, {kErrorCodeName, kRegSz, lastCode});
 }
 
+/// A word as a shell takes it.
+std::string Quoted(const std::string& word) {
+    const char* const harmless =
+        "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_-./:,=+@%";
+    if (!word.empty() && word.find_first_not_of(harmless) == std::string::npos) {
+        return word;
+    }
+    std::string quoted = "'";
+    for (const char letter : word) {
+        quoted += letter == '\'' ? "'\\''" : std::string(1, letter);
+    }
+    return quoted + "'";
+}
+
 std::size_t CoreCount() {
     return std::max(1U, std::thread::hardware_concurrency());
 }
@@ -38,7 +54,7 @@ const CommandInfo& MapCommand::Info() const {
     static const CommandInfo info = {
         "map",
         "Shows for every amount what every mix does.",
-        {"map DISPENSER [--mixes all] [--from A] [--to A] [--step A] [--jobs N] [--output F]"},
+        {"map DISPENSER [--mixes all] [--from A] [--to A] [--step A] [--output F]"},
         {"map examples/four-notes.json --to 600 --mixes 1,4,9",
          "map EUR:50x100,20x200 --output map.html"}};
     return info;
@@ -91,14 +107,15 @@ ExitStatus MapCommand::Run(const CommonOptions& options) {
     envelope.complete = answers.isComplete;
     envelope.warnings = FindingsOf(questions, answers);
     envelope.exitStatus = ExitStatusOf(answers);
-    if (options.json || form == MapForm::JsonFile) {
+    if (options.json || NeedsResult(form)) {
         envelope.input = MapInputJson(questions);
         envelope.result = MapResultJson(questions, answers);
     }
     OutputFiles files;
     files.Add(options.registryOut, RegistryLeft(asker.Registry(), answers.lastCode));
     if (form) {
-        files.Add(output_, MapFile(*form, questions, answers, envelope));
+        files.Add(output_,
+                  MapFile(*form, questions, answers, envelope, CommandLine(questions, options)));
     }
     files.Commit();
     WriteStandardOutput(options.json ? EnvelopeText(envelope)
@@ -129,6 +146,39 @@ MapQuestions MapCommand::Prepare(const CommonOptions& options) const {
     questions.deadline = options.deadline.value_or(questions.deadline);
     questions.jobs = jobs_ == 0 ? CoreCount() : jobs_;
     return questions;
+}
+
+std::string MapCommand::CommandLine(const MapQuestions& questions,
+                                    const CommonOptions& options) const {
+    std::vector<std::string> mixes;
+    for (const std::uint16_t mix : questions.mixes) {
+        mixes.push_back(std::to_string(mix));
+    }
+    std::string line = "qxmix map " + Quoted(dispenser_) + " --mixes " + Join(mixes, ",") +
+                       " --from " + std::to_string(questions.from) + " --to " +
+                       std::to_string(questions.to) + " --step " + std::to_string(questions.step);
+    const auto add = [&line](const std::string& name, const std::string& value) {
+        line += " " + name + " " + Quoted(value);
+    };
+    if (ask_.currency) {
+        add("--currency", *ask_.currency);
+    }
+    if (ask_.exponent) {
+        add("--exponent", std::to_string(*ask_.exponent));
+    }
+    if (ask_.limit) {
+        add("--limit", std::to_string(*ask_.limit));
+    }
+    if (ask_.partial) {
+        line += *ask_.partial ? " --partial" : " --no-partial";
+    }
+    if (options.deadline) {
+        add("--deadline", DurationText(*options.deadline));
+    }
+    if (!options.registry.empty()) {
+        add("--registry", options.registry);
+    }
+    return line;
 }
 
 }  // namespace qxmix

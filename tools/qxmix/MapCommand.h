@@ -19,6 +19,7 @@ public:
 
 private:
     MapQuestions Prepare(const CommonOptions& options) const;
+    std::string CommandLine(const MapQuestions& questions, const CommonOptions& options) const;
 
     std::string dispenser_;  // as named on the command line
     std::string from_;

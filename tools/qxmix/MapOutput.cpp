@@ -1,15 +1,18 @@
 #include "MapOutput.h"
 
 #include "MapCsv.h"
+#include "MapPage.h"
 #include "MapText.h"
 
 #include <map>
 
 namespace qxmix {
 
-std::optional<MapForm> MapFormOf(const std::string& file, const MapQuestions&) {
-    static const std::map<std::string, MapForm> forms = {
-        {".txt", MapForm::TextFile}, {".json", MapForm::JsonFile}, {".csv", MapForm::CsvFile}};
+std::optional<MapForm> MapFormOf(const std::string& file, const MapQuestions& questions) {
+    static const std::map<std::string, MapForm> forms = {{".txt", MapForm::TextFile},
+                                                         {".json", MapForm::JsonFile},
+                                                         {".csv", MapForm::CsvFile},
+                                                         {".html", MapForm::Page}};
     if (file.empty()) {
         return std::nullopt;
     }
@@ -19,22 +22,32 @@ std::optional<MapForm> MapFormOf(const std::string& file, const MapQuestions&) {
         throw InputError("--output: " +
                          NotAllowed(file, std::string("a name that ends in ") + kMapFormsExpected));
     }
+    if (form->second == MapForm::Page) {
+        CheckCellCount(questions, kMostPageCells, "--output");
+    }
     return form->second;
 }
 
 std::string MapFile(MapForm form,
                     const MapQuestions& questions,
                     const MapAnswers& answers,
-                    const Envelope& envelope) {
+                    const Envelope& envelope,
+                    const std::string& commandLine) {
     switch (form) {
     case MapForm::TextFile:
         return MapText(questions, answers, Painter(ColorMode::Never));
     case MapForm::CsvFile:
         return MapCsv(questions, answers);
+    case MapForm::Page:
+        return MapPage(questions, answers, envelope, commandLine);
     case MapForm::JsonFile:
         break;
     }
     return EnvelopeText(envelope);
+}
+
+bool NeedsResult(std::optional<MapForm> form) {
+    return form == MapForm::JsonFile || form == MapForm::Page;
 }
 
 void CheckCellCount(const MapQuestions& questions, std::uint64_t most, const std::string& option) {

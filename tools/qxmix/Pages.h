@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string_view>
+
+namespace qxmix {
+
+/// The files in pages/, put into the tool when it is built. {{name}} in a page stands for a part
+/// that is filled in.
+extern const std::string_view kMapHtml;
+extern const std::string_view kMapCss;
+extern const std::string_view kMapModelScript;
+extern const std::string_view kMapGridScript;
+extern const std::string_view kMapTablesScript;
+extern const std::string_view kMapStartScript;
+
+}  // namespace qxmix

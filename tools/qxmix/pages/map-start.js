@@ -1,0 +1,33 @@
+showTitle();
+showDispenser();
+showSummary();
+makeFilters();
+showRuns();
+zoomTo(fittingLevel());
+
+let pointer = "";
+map.addEventListener("pointermove", (event) => {
+    const cell = event.target.closest(".cell");
+    // Cells that move under a resting pointer were not pointed at.
+    const place = event.clientX + " " + event.clientY;
+    if (cell !== null && place !== pointer) {
+        show(cell);
+    }
+    pointer = place;
+});
+map.addEventListener("focusin", (event) => {
+    const cell = event.target.closest(".cell");
+    if (cell !== null) {
+        takeFocus(cell);
+        show(cell);
+    }
+});
+map.addEventListener("focusout", () => {
+    view.hasFocus = false;
+});
+map.addEventListener("keydown", onKey);
+scroller.addEventListener("scroll", drawIfNeeded, { passive: true });
+window.addEventListener("resize", draw);
+window.addEventListener("beforeprint", makePaper);
+document.getElementById("smaller").addEventListener("click", () => zoomTo(view.level - 1));
+document.getElementById("larger").addEventListener("click", () => zoomTo(view.level + 1));

@@ -1,0 +1,237 @@
+// Everything around the map: title, filters, tables and the sheets for the printer.
+const MOST_RUNS = 200;
+const MOST_PRINTED = 3000;
+const PRINTED_GROUP = 10;
+
+function element(name, text, className) {
+    const made = document.createElement(name);
+    if (text !== undefined) {
+        made.textContent = text;
+    }
+    if (className !== undefined) {
+        made.className = className;
+    }
+    return made;
+}
+
+/** Fills a table; a column whose heading ends in "#" holds numbers. */
+function fillTable(table, caption, headings, lines) {
+    const isNumber = headings.map((heading) => heading.endsWith("#"));
+    const head = element("thead");
+    const top = element("tr");
+    headings.forEach((heading, index) => {
+        const cell = element("th", heading.replace(/#$/, ""), isNumber[index] ? "number" : "");
+        cell.scope = "col";
+        top.append(cell);
+    });
+    head.append(top);
+    const body = element("tbody");
+    for (const line of lines) {
+        const row = element("tr");
+        line.forEach((content, index) => {
+            const name = index === 0 ? "th" : "td";
+            const cell = element(name, undefined, isNumber[index] ? "number" : "");
+            if (index === 0) {
+                cell.scope = "row";
+            }
+            cell.append(content);
+            row.append(cell);
+        });
+        body.append(row);
+    }
+    table.replaceChildren(element("caption", caption), head, body);
+}
+
+function key(outcome) {
+    const shown = element("span", outcome.letter, "key o-" + outcome.name);
+    shown.setAttribute("aria-hidden", "true");
+    return shown;
+}
+
+function seenOutcomes() {
+    return outcomes
+        .map((outcome, index) => ({ outcome, index }))
+        .filter(({ index }) => rows.some((row) => row.count(index) > 0))
+        .sort((left, right) => left.outcome.badness - right.outcome.badness);
+}
+
+function shownCount(index) {
+    return shownRows().reduce((sum, row) => sum + row.count(index), 0);
+}
+
+function addFilter(fieldset, id, content, onChange) {
+    const label = element("label");
+    const box = element("input");
+    box.type = "checkbox";
+    box.checked = true;
+    box.id = id;
+    box.addEventListener("change", () => onChange(box.checked));
+    label.append(box, ...content);
+    fieldset.append(label);
+}
+
+function onFilter(hidden, item, isShown) {
+    if (isShown) {
+        hidden.delete(item);
+    } else {
+        hidden.add(item);
+    }
+    view.hasFocus = false;
+    draw();
+    showCounts();
+    showRuns();
+}
+
+function makeFilters() {
+    for (const row of rows) {
+        addFilter(document.getElementById("mixes"), "mix-" + row.mix, [String(row.mix)],
+            (isShown) => onFilter(hiddenMixes, row.mix, isShown));
+    }
+    for (const { outcome, index } of seenOutcomes()) {
+        const count = element("output");
+        count.id = "count-" + outcome.name;
+        addFilter(document.getElementById("outcomes"), "outcome-" + outcome.name,
+            [key(outcome), outcome.words, count],
+            (isShown) => onFilter(hiddenOutcomes, index, isShown));
+    }
+    showCounts();
+}
+
+function showCounts() {
+    for (const { outcome, index } of seenOutcomes()) {
+        document.getElementById("count-" + outcome.name).textContent = String(shownCount(index));
+    }
+}
+
+function showTitle() {
+    const title = dispenser.name || "What this dispenser pays";
+    document.title = title;
+    document.getElementById("title").textContent = title;
+    const verdict = document.getElementById("verdict");
+    verdict.className = page.verdict.isDanger ? "danger" : "";
+    verdict.append(element("strong", page.verdict.word), page.verdict.rest);
+    for (const line of page.unpaid.slice().reverse()) {
+        verdict.after(element("p", line));
+    }
+    if (!answer.complete) {
+        verdict.after(element("p",
+            "Interrupted: the first " + plural(amountCount, "amount") + " only."));
+    }
+}
+
+function showDispenser() {
+    fillTable(document.getElementById("dispenser"), "Cassettes in " + dispenser.currency +
+        ", at most " + plural(dispenser.maxDispenseItems, "item") + " at a time",
+        ["cassette", "item#", "holds#", "status", "type"],
+        dispenser.cassettes.map((cassette, index) => [cassetteLabel(index),
+            cassette.worth + " " + cassette.currency, String(cassette.count),
+            String(cassette.status), String(cassette.type).replace(/^billCassette$/, "bills")]));
+    const asked = document.getElementById("asked");
+    const last = askedText(amountAt(Math.max(amountCount - 1, 0)));
+    const facts = [
+        ["Amounts", askedText(amounts.min) + " to " + withCurrency(last) + ", " + amountCount +
+            " of them"],
+        ["Deadline", durationWords(answer.input.deadline) + " for a calculation"],
+    ];
+    for (const [name, text] of facts) {
+        asked.append(element("dt", name), element("dd", text));
+    }
+    const command = element("dd");
+    command.append(element("code", page.commandLine));
+    asked.append(element("dt", "Command"), command);
+    document.getElementById("versions").textContent = "qxmix " + answer.tool + ", module " +
+        (answer.module || "without a version") + " (" + answer.library + ")";
+}
+
+function showSummary() {
+    const seen = seenOutcomes();
+    const table = document.getElementById("summary");
+    fillTable(table, "Amounts of each outcome",
+        ["mix"].concat(seen.map(({ outcome }) => outcome.words + "#")),
+        rows.map((row) => [String(row.mix)].concat(
+            seen.map(({ index }) => String(row.count(index) || "-")))));
+    seen.forEach(({ outcome }, column) => {
+        table.tHead.rows[0].cells[column + 1]
+            .replaceChildren(key(outcome), element("span", " " + outcome.words, "words"));
+    });
+}
+
+function showRuns() {
+    const lines = [];
+    let count = 0;
+    for (const row of shownRows()) {
+        let index = 0;
+        for (const [letter, length] of row.runs) {
+            const outcome = outcomes[outcomeOfLetter.get(letter)];
+            if (!hiddenOutcomes.has(outcomeOfLetter.get(letter))) {
+                count += 1;
+                if (lines.length < MOST_RUNS) {
+                    const what = element("span");
+                    what.append(key(outcome), " " + outcome.words);
+                    lines.push([String(row.mix), askedText(amountAt(index)),
+                        askedText(amountAt(index + length - 1)), String(length), what]);
+                }
+            }
+            index += length;
+        }
+    }
+    document.getElementById("runsNote").textContent = count > lines.length
+        ? "The first " + lines.length + " of " + count + " runs; the CSV and JSON forms have all."
+        : "";
+    fillTable(document.getElementById("runs"), "Neighbouring amounts with the same outcome",
+        ["mix", "from#", "to#", "amounts#", "outcome"], lines);
+}
+
+/** The letters of a group of ten, those of one outcome painted together. */
+function printedGroup(worst, first) {
+    const cell = element("td");
+    let at = first;
+    const behind = Math.min(first + PRINTED_GROUP, worst.length);
+    while (at < behind) {
+        let next = at + 1;
+        while (next < behind && worst[next] === worst[at]) {
+            next += 1;
+        }
+        const outcome = outcomes[worst[at]];
+        cell.append(element("span", outcome.letter.repeat(next - at), "o-" + outcome.name));
+        at = next;
+    }
+    return cell;
+}
+
+function worstOfStretches(row, stretch) {
+    const worst = [];
+    row.cells.forEach((outcome, index) => {
+        const column = Math.floor(index / stretch);
+        if (worst.length === column) {
+            worst.push(outcome);
+        } else if (outcomes[outcome].badness > outcomes[worst[column]].badness) {
+            worst[column] = outcome;
+        }
+    });
+    return worst;
+}
+
+/** The map as sheets: a line for ten letters, a column for each mix that is shown. */
+function makePaper() {
+    const stretch = Math.max(1, Math.ceil(amountCount / MOST_PRINTED));
+    const shown = shownRows();
+    const letters = shown.map((row) => worstOfStretches(row, stretch));
+    const table = element("table");
+    fillTable(table, "Ten letters from the amount on" +
+        (stretch > 1 ? ", each the worst of " + stretch + " amounts" : ""),
+        [dispenser.currency + "#"].concat(shown.map((row) => "mix " + row.mix)), []);
+    const size = letters.length === 0 ? 0 : letters[0].length;
+    for (let first = 0; first < size; first += PRINTED_GROUP) {
+        const line = element("tr");
+        const head = element("th", askedText(amountAt(first * stretch)), "number");
+        head.scope = "row";
+        line.append(head, ...letters.map((worst) => printedGroup(worst, first)));
+        table.tBodies[0].append(line);
+    }
+    const legend = element("p");
+    for (const { outcome } of seenOutcomes()) {
+        legend.append(key(outcome), " " + outcome.words + "   ");
+    }
+    document.getElementById("paper").replaceChildren(element("h2", "Map"), legend, table);
+}
