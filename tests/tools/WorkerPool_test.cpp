@@ -30,7 +30,8 @@ AskAll(const std::vector<std::uint32_t>& amounts, std::size_t workers, Milliseco
             return WorkerPool::Task{next++, request, deadline};
         },
         [&](const WorkerPool::Task& task, const Reply& reply) {
-            EXPECT_TRUE(replies.emplace(amounts[task.number], reply).second);
+            EXPECT_TRUE(
+                replies.emplace(amounts[static_cast<std::size_t>(task.number)], reply).second);
         });
     return replies;
 }

@@ -46,7 +46,7 @@ public:
         deadlines_[RowOf(task.number)].Note(isMiss);
         ++progress_.done;
         progress_.misses += isMiss ? 1U : 0U;
-        const std::uint64_t place = task.number - filed_;
+        const auto place = static_cast<std::size_t>(task.number - filed_);
         if (waiting_.size() <= place) {
             waiting_.resize(place + 1);
         }
@@ -57,7 +57,9 @@ public:
     const MapProgress& Progress() const { return progress_; }
 
 private:
-    std::size_t RowOf(std::uint64_t number) const { return number % questions_.mixes.size(); }
+    std::size_t RowOf(std::uint64_t number) const {
+        return static_cast<std::size_t>(number % questions_.mixes.size());
+    }
 
     std::uint32_t AmountOf(std::uint64_t number) const {
         return questions_.Amount(number / questions_.mixes.size());

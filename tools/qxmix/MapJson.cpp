@@ -87,7 +87,7 @@ Json AnswersJson(const MapRow& row) {
     for (std::uint64_t most = kBase; most < row.Steps().size(); most *= kBase) {
         ++digits;
     }
-    std::string path(row.Size() * digits, ' ');
+    std::string path(static_cast<std::size_t>(row.Size()) * digits, ' ');
     std::size_t behind = 0;
     for (std::uint32_t place : row.Path()) {
         behind += digits;

@@ -10,7 +10,7 @@ namespace qxmix {
 namespace {
 
 constexpr std::uint64_t kMostColumns = 60;
-constexpr std::uint64_t kGroup = 10;
+constexpr std::size_t kGroup = 10;
 constexpr std::size_t kLeftOfCells = 6;
 
 std::string AmountText(const MapQuestions& questions, std::uint64_t place) {
@@ -44,7 +44,7 @@ std::string
 AmountsLine(const MapQuestions& questions, const MapAnswers& answers, std::uint64_t stretch) {
     std::string line;
     for (std::uint64_t place = 0; place < answers.AmountCount(); place += kGroup * stretch) {
-        const std::uint64_t group = place / (kGroup * stretch);
+        const auto group = static_cast<std::size_t>(place / (kGroup * stretch));
         const std::size_t column = kLeftOfCells + group * (kGroup + 1);
         // A long amount takes the room of the one behind it.
         if (group > 0 && line.size() >= column) {
@@ -62,7 +62,8 @@ std::vector<Outcome> WorstOf(const MapRow& row, std::uint64_t stretch) {
     std::uint64_t place = 0;
     for (const MapRow::Run& run : row.Runs()) {
         const std::uint64_t behind = place + run.length;
-        for (std::uint64_t column = place / stretch; column * stretch < behind; ++column) {
+        for (auto column = static_cast<std::size_t>(place / stretch); column * stretch < behind;
+             ++column) {
             if (column == worst.size()) {
                 worst.push_back(run.outcome);
             } else if (RowOf(run.outcome).badness > RowOf(worst[column]).badness) {
