@@ -2,7 +2,8 @@
 
 #include "SearchUnits.h"
 
-/// How even a combination can still become once its first counts are chosen.
+/// How even a combination can still become once its first counts are chosen. For searches whose
+/// scores do not wrap.
 ///
 /// The spread score of n(0) to n(k-1) with S items in all is k * (k * sum of n(i)^2 - S^2). Of the
 /// counts still free only three things are used: that they pay the rest, that together with the
@@ -57,19 +58,23 @@ public:
         const Free& after = after_[level];
         const std::int64_t k = n_;
         const std::int64_t chosen = level + 1;
-        std::int64_t items = 0;
-        std::int64_t squaredItems = 0;
+        // Where no score wraps, the squares of all items fit into 32 bits.
+        std::uint32_t taken = 0;
+        std::uint32_t squares = 0;
         for (unsigned unit = 0; unit <= level; ++unit) {
-            const std::uint64_t count = combination[unit];
-            items += static_cast<std::int64_t>(count);
-            squaredItems += static_cast<std::int64_t>(count * count);
+            taken += combination[unit];
+            squares += combination[unit] * combination[unit];
         }
+        const std::int64_t items = taken;
+        const std::int64_t squaredItems = squares;
         const std::int64_t left = mostItems_ - items;
         const std::int64_t free = k - chosen;
         // What may stay unpaid makes the least score only lower: take the payment, of those
         // allowed, that is nearest to what the most even counts would pay.
         std::int64_t paid = rest;
-        if (chosen * paid > items * after.sum || free * paid > left * after.sum) {
+        const bool mayPayLess = mostShortfall_ != 0 && (chosen * paid > items * after.sum ||
+                                                        free * paid > left * after.sum);
+        if (mayPayLess) {
             paid = std::max(std::int64_t{0}, paid - mostShortfall_);
             if (chosen * paid < items * after.sum && free * paid < left * after.sum) {
                 return false;
@@ -108,7 +113,7 @@ private:
 
     unsigned n_;
     std::int64_t mostItems_;
-    std::int64_t mostShortfall_;
+    std::uint32_t mostShortfall_;
     std::int64_t atLimit_ = 0;      ///< least score to be above, by the first formula
     std::int64_t withinLimit_ = 0;  ///< and by the second
     std::array<Free, kMaxSearchUnits> after_{};
