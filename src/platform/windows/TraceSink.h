@@ -8,4 +8,5 @@ inline bool TraceWanted() noexcept {
     return false;
 }
 
-inline void TraceLine(const char*) noexcept {}
+inline void TraceLine(const char*) noexcept {
+}
