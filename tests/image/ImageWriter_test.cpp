@@ -49,8 +49,8 @@ TEST(ImageWriter, AddressInADirectoryBecomesAnOffset) {
 }
 
 TEST(ImageWriter, DistancesAndMarksStayAsTheyAre) {
-    for (const unsigned type :
-         {R_ARM_NONE, R_ARM_PC24, R_ARM_CALL, R_ARM_JUMP24, R_ARM_REL32, R_ARM_V4BX}) {
+    for (const unsigned type : std::initializer_list<unsigned>{
+             R_ARM_NONE, R_ARM_PC24, R_ARM_CALL, R_ARM_JUMP24, R_ARM_REL32, R_ARM_V4BX}) {
         ElfBuilder builder;
         builder.Relocate(ElfBuilder::kCode, type, ElfBuilder::kMovingSymbol);
         EXPECT_EQ(std::vector<std::uint32_t>{0x1004}, ImageOf(builder).fixups);
@@ -73,7 +73,7 @@ TEST(ImageWriter, RefusesEveryOtherRelocationWithItsPlace) {
 }
 
 TEST(ImageWriter, RefusesRelocationsToNothingAndToFixedAddresses) {
-    for (const unsigned type : {R_ARM_ABS32, R_ARM_CALL}) {
+    for (const unsigned type : std::initializer_list<unsigned>{R_ARM_ABS32, R_ARM_CALL}) {
         EXPECT_EQ("relocation to nothing at 0x10001000", Complaint([type](ElfBuilder& builder) {
                       builder.Relocate(ElfBuilder::kCode, type, ElfBuilder::kUndefinedSymbol);
                   }));
