@@ -12,41 +12,13 @@
 #include "Output.h"
 #include "Progress.h"
 #include "RegistryImage.h"
-#include "StoredValues.h"
-#include "TextList.h"
-
-#include <algorithm>
-#include <thread>
+#include "ShellWords.h"
 
 namespace qxmix {
 
 namespace {
 
-constexpr std::int64_t kMostJobs = 256;
 constexpr std::uint64_t kMostCells = 100000000;
-
-/// The registry that is left when all amounts were asked one after the other.
-std::string RegistryLeft(const std::string& opened, const std::string& lastCode) {
-    return lastCode.empty() ? opened : WithStored(opened, {kErrorCodeName, kRegSz, lastCode});
-}
-
-/// A word as a shell takes it.
-std::string Quoted(const std::string& word) {
-    const char* const harmless =
-        "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_-./:,=+@%";
-    if (!word.empty() && word.find_first_not_of(harmless) == std::string::npos) {
-        return word;
-    }
-    std::string quoted = "'";
-    for (const char letter : word) {
-        quoted += letter == '\'' ? "'\\''" : std::string(1, letter);
-    }
-    return quoted + "'";
-}
-
-std::size_t CoreCount() {
-    return std::max(1U, std::thread::hardware_concurrency());
-}
 
 }  // namespace
 
@@ -71,19 +43,16 @@ void MapCommand::AddOptions(CLI::App& command) {
         [this](std::int64_t number) { step_ = static_cast<std::uint32_t>(number); },
         "from one amount to the next");
     AddAskOptions(command, ask_);
-    AddWholeOption(
-        command, "--jobs", 1, kMostJobs,
-        [this](std::int64_t number) { jobs_ = static_cast<std::size_t>(number); },
-        "workers side by side; without it one for each core");
+    AddJobsOption(command, jobs_);
     command
         .add_option("--output", output_,
-                    "writes the map, too; the name ends in " + std::string(kMapFormsExpected))
+                    "writes the map, too; the name ends in " + std::string(kOutputFormsExpected))
         ->type_name("FILE");
 }
 
 ExitStatus MapCommand::Run(const CommonOptions& options) {
     MapQuestions questions = Prepare(options);
-    const std::optional<MapForm> form = MapFormOf(output_, questions);
+    const std::optional<OutputForm> form = MapFormOf(output_, questions);
     const std::string registry = options.RegistryOr(questions.dispenser.registry);
     questions.dispenser.registry = TakenValues(registry);
 
@@ -112,7 +81,7 @@ ExitStatus MapCommand::Run(const CommonOptions& options) {
         envelope.result = MapResultJson(questions, answers);
     }
     OutputFiles files;
-    files.Add(options.registryOut, RegistryLeft(asker.Registry(), answers.lastCode));
+    files.Add(options.registryOut, WithErrorCode(asker.Registry(), answers.lastCode));
     if (form) {
         files.Add(output_,
                   MapFile(*form, questions, answers, envelope, CommandLine(questions, options)));
@@ -144,41 +113,15 @@ MapQuestions MapCommand::Prepare(const CommonOptions& options) const {
     }
     CheckCellCount(questions, kMostCells, "--step");
     questions.deadline = options.deadline.value_or(questions.deadline);
-    questions.jobs = jobs_ == 0 ? CoreCount() : jobs_;
+    questions.jobs = jobs_.Count();
     return questions;
 }
 
 std::string MapCommand::CommandLine(const MapQuestions& questions,
                                     const CommonOptions& options) const {
-    std::vector<std::string> mixes;
-    for (const std::uint16_t mix : questions.mixes) {
-        mixes.push_back(std::to_string(mix));
-    }
-    std::string line = "qxmix map " + Quoted(dispenser_) + " --mixes " + Join(mixes, ",") +
-                       " --from " + std::to_string(questions.from) + " --to " +
-                       std::to_string(questions.to) + " --step " + std::to_string(questions.step);
-    const auto add = [&line](const std::string& name, const std::string& value) {
-        line += " " + name + " " + Quoted(value);
-    };
-    if (ask_.currency) {
-        add("--currency", *ask_.currency);
-    }
-    if (ask_.exponent) {
-        add("--exponent", std::to_string(*ask_.exponent));
-    }
-    if (ask_.limit) {
-        add("--limit", std::to_string(*ask_.limit));
-    }
-    if (ask_.partial) {
-        line += *ask_.partial ? " --partial" : " --no-partial";
-    }
-    if (options.deadline) {
-        add("--deadline", DurationText(*options.deadline));
-    }
-    if (!options.registry.empty()) {
-        add("--registry", options.registry);
-    }
-    return line;
+    return "qxmix map " + ShellWord(dispenser_) + " --mixes " + MixListWord(questions.mixes) +
+           " --from " + std::to_string(questions.from) + " --to " + std::to_string(questions.to) +
+           " --step " + std::to_string(questions.step) + AskingWords(ask_, options);
 }
 
 }  // namespace qxmix

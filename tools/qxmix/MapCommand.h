@@ -2,6 +2,7 @@
 
 #include "AskOptions.h"
 #include "Command.h"
+#include "JobsOption.h"
 #include "MapAnswers.h"
 
 #include <cstdint>
@@ -25,7 +26,7 @@ private:
     std::string from_;
     std::string to_;
     std::optional<std::uint32_t> step_;
-    std::size_t jobs_ = 0;  // 0: as many as there are cores
+    JobsOption jobs_;
     std::string output_;
     AskOptions ask_;
 };

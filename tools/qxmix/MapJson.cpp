@@ -3,14 +3,13 @@
 #include "DispenserJson.h"
 #include "Duration.h"
 #include "Judgement.h"
+#include "ResultJson.h"
+#include "StepPath.h"
 #include "Terminal.h"
 
 namespace qxmix {
 
 namespace {
-
-constexpr std::uint64_t kBase = 64;
-constexpr const char* kDigits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_";
 
 Json RunsJson(const MapRow& row) {
     Json runs = Json::array();
@@ -18,20 +17,6 @@ Json RunsJson(const MapRow& row) {
         runs.push_back({std::string(1, RowOf(run.outcome).letter), run.length});
     }
     return runs;
-}
-
-Json CountsJson(const MapRow& row) {
-    Json counts = Json::object();
-    // What is paid comes first: it is what most amounts are.
-    for (const bool isPaid : {true, false}) {
-        for (const OutcomeRow& outcome : OutcomeTable()) {
-            const std::uint64_t count = row.Count(outcome.outcome);
-            if ((outcome.outcome == Outcome::Paid) == isPaid && count > 0) {
-                counts[outcome.name] = count;
-            }
-        }
-    }
-    return counts;
 }
 
 bool IsListed(Outcome outcome) {
@@ -83,19 +68,9 @@ Json AnswersJson(const MapRow& row) {
     for (const MapRow::Step& step : row.Steps()) {
         steps.push_back(StepJson(step));
     }
-    std::size_t digits = 1;
-    for (std::uint64_t most = kBase; most < row.Steps().size(); most *= kBase) {
-        ++digits;
-    }
-    std::string path(static_cast<std::size_t>(row.Size()) * digits, ' ');
-    std::size_t behind = 0;
-    for (std::uint32_t place : row.Path()) {
-        behind += digits;
-        for (std::size_t at = behind; at > behind - digits; place /= kBase) {
-            path[--at] = kDigits[place % kBase];
-        }
-    }
-    return {{"steps", steps}, {"digits", digits}, {"path", path}};
+    Json answers = {{"steps", steps}};
+    answers.update(StepPathJson(row.Path(), row.Steps().size()));
+    return answers;
 }
 
 }  // namespace
@@ -113,12 +88,13 @@ Json MapResultJson(const MapQuestions& questions, const MapAnswers& answers) {
     Json mixes = Json::array();
     for (std::size_t index = 0; index < answers.rows.size(); ++index) {
         const MapRow& row = answers.rows[index];
-        mixes.push_back({{"mix", questions.mixes[index]},
-                         {"runs", RunsJson(row)},
-                         {"counts", CountsJson(row)},
-                         {"dangers", DangersJson(questions, row)},
-                         {"deadlines", DeadlinesJson(row)},
-                         {"answers", AnswersJson(row)}});
+        mixes.push_back(
+            {{"mix", questions.mixes[index]},
+             {"runs", RunsJson(row)},
+             {"counts", CountsJson([&row](Outcome outcome) { return row.Count(outcome); })},
+             {"dangers", DangersJson(questions, row)},
+             {"deadlines", DeadlinesJson(row)},
+             {"answers", AnswersJson(row)}});
     }
     return {{"amounts",
              {{"min", questions.from},

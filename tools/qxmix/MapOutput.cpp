@@ -4,50 +4,32 @@
 #include "MapPage.h"
 #include "MapText.h"
 
-#include <map>
-
 namespace qxmix {
 
-std::optional<MapForm> MapFormOf(const std::string& file, const MapQuestions& questions) {
-    static const std::map<std::string, MapForm> forms = {{".txt", MapForm::TextFile},
-                                                         {".json", MapForm::JsonFile},
-                                                         {".csv", MapForm::CsvFile},
-                                                         {".html", MapForm::Page}};
-    if (file.empty()) {
-        return std::nullopt;
-    }
-    const std::size_t dot = file.rfind('.');
-    const auto form = forms.find(dot == std::string::npos ? "" : file.substr(dot));
-    if (form == forms.end()) {
-        throw InputError("--output: " +
-                         NotAllowed(file, std::string("a name that ends in ") + kMapFormsExpected));
-    }
-    if (form->second == MapForm::Page) {
+std::optional<OutputForm> MapFormOf(const std::string& file, const MapQuestions& questions) {
+    const std::optional<OutputForm> form = OutputFormOf(file);
+    if (form == OutputForm::Page) {
         CheckCellCount(questions, kMostPageCells, "--output");
     }
-    return form->second;
+    return form;
 }
 
-std::string MapFile(MapForm form,
+std::string MapFile(OutputForm form,
                     const MapQuestions& questions,
                     const MapAnswers& answers,
                     const Envelope& envelope,
                     const std::string& commandLine) {
     switch (form) {
-    case MapForm::TextFile:
+    case OutputForm::TextFile:
         return MapText(questions, answers, Painter(ColorMode::Never));
-    case MapForm::CsvFile:
+    case OutputForm::CsvFile:
         return MapCsv(questions, answers);
-    case MapForm::Page:
+    case OutputForm::Page:
         return MapPage(questions, answers, envelope, commandLine);
-    case MapForm::JsonFile:
+    case OutputForm::JsonFile:
         break;
     }
     return EnvelopeText(envelope);
-}
-
-bool NeedsResult(std::optional<MapForm> form) {
-    return form == MapForm::JsonFile || form == MapForm::Page;
 }
 
 void CheckCellCount(const MapQuestions& questions, std::uint64_t most, const std::string& option) {

@@ -9,7 +9,7 @@ namespace qxmix {
 namespace {
 
 std::string Script() {
-    return std::string(kMapModelScript) + std::string(kMapGridScript) +
+    return std::string(kPartsScript) + std::string(kMapModelScript) + std::string(kMapGridScript) +
            std::string(kMapTablesScript) + std::string(kMapStartScript);
 }
 
@@ -59,7 +59,7 @@ std::string MapPage(const MapQuestions& questions,
                     const std::string& commandLine) {
     const Json page = PageJson(questions, answers, commandLine);
     const std::string text = FillPage(
-        kMapHtml, {{"style", std::string(kMapCss)},
+        kMapHtml, {{"style", std::string(kPartsCss) + std::string(kMapCss)},
                    {"colours", OutcomeStyles()},
                    {"summary", SummaryTable(questions, answers)},
                    {"answer", JsonInPage(EnvelopeText(envelope))},

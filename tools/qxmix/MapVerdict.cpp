@@ -1,5 +1,6 @@
 #include "MapVerdict.h"
 
+#include "Dangers.h"
 #include "TextList.h"
 
 #include <algorithm>
@@ -9,23 +10,6 @@
 namespace qxmix {
 
 namespace {
-
-struct Danger {
-    Outcome outcome;
-    const char* doing;
-    const char* id;
-    const char* advice;
-};
-
-const std::vector<Danger>& Dangers() {
-    static const std::vector<Danger> dangers = {
-        {Outcome::NoAnswer, "gives no answer", "QX402", "never call it without a watchdog"},
-        {Outcome::Crashed, "crashes", "", ""},
-        {Outcome::Overpaid, "overpays", "QX401", "check sum and items before money moves"},
-        {Outcome::Overdrawn, "overdraws", "QX401", "check sum and items before money moves"},
-    };
-    return dangers;
-}
 
 std::string MixText(std::uint16_t mix) {
     return "mix " + std::to_string(mix);
@@ -173,21 +157,12 @@ std::vector<std::string> UnpaidLines(const MapQuestions& questions, const MapAns
 std::vector<Finding> FindingsOf(const MapQuestions& questions, const MapAnswers& answers) {
     std::vector<Finding> findings;
     for (std::size_t row = 0; row < answers.rows.size(); ++row) {
-        for (const Danger& danger : Dangers()) {
-            const std::uint64_t count = answers.rows[row].Count(danger.outcome);
-            if (count == 0 || *danger.id == '\0') {
-                continue;
-            }
-            Finding finding;
-            finding.id = danger.id;
-            finding.severity = Severity::Error;
-            finding.mix = questions.mixes[row];
-            finding.pointer = "/mix";
-            finding.message = MixText(*finding.mix) + " " + danger.doing + " on " +
-                              std::to_string(count) + " of " + AmountsText(answers.AmountCount());
-            finding.advice = danger.advice;
-            findings.push_back(finding);
-        }
+        const auto count = [&answers, row](Outcome outcome) {
+            return answers.rows[row].Count(outcome);
+        };
+        const std::vector<Finding> found =
+            DangerFindings(questions.mixes[row], count, AmountsText(answers.AmountCount()));
+        findings.insert(findings.end(), found.begin(), found.end());
     }
     return findings;
 }

@@ -6,6 +6,8 @@ namespace qxmix {
 
 /// The files in pages/, put into the tool when it is built. {{name}} in a page stands for a part
 /// that is filled in.
+extern const std::string_view kPartsCss;
+extern const std::string_view kPartsScript;
 extern const std::string_view kMapHtml;
 extern const std::string_view kMapCss;
 extern const std::string_view kMapModelScript;

@@ -90,6 +90,10 @@ std::string WithoutStored(const std::string& registry, const std::string& name) 
     return SaveRegistry();
 }
 
+std::string WithErrorCode(const std::string& registry, const std::string& code) {
+    return code.empty() ? registry : WithStored(registry, {kErrorCodeName, kRegSz, code});
+}
+
 bool HasErrorCodeKey(const std::string& registry) {
     LoadRegistry(registry);
     return QxmixRegistryKeyExists(kErrorCodeKey) != 0;

@@ -35,6 +35,11 @@ std::string WithStored(const std::string& registry, const StoredValue& value);
 /// The registry without a value of the module.
 std::string WithoutStored(const std::string& registry, const std::string& name);
 
+/// The registry with an error code in place of the one before.
+///
+/// @param code  empty: the registry as it is.
+std::string WithErrorCode(const std::string& registry, const std::string& code);
+
 /// Whether the key is there in which the module leaves error codes.
 bool HasErrorCodeKey(const std::string& registry);
 

@@ -59,6 +59,19 @@ Json RecordedAnswer(const Reply& reply) {
             {"registry", WrittenCodeJson(reply.calculation)}};
 }
 
+Json CountsJson(const OutcomeCounts& count) {
+    Json counts = Json::object();
+    for (const bool isPaid : {true, false}) {
+        for (const OutcomeRow& row : OutcomeTable()) {
+            const std::uint64_t times = count(row.outcome);
+            if ((row.outcome == Outcome::Paid) == isPaid && times > 0) {
+                counts[row.name] = times;
+            }
+        }
+    }
+    return counts;
+}
+
 Json WrittenCodeJson(const Calculation& calculation) {
     return calculation.written.empty() ? Json() : Json(Printable(calculation.written));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Dangers.h"
 #include "Dispenser.h"
 #include "Json.h"
 #include "Judgement.h"
@@ -14,6 +15,9 @@ Json ResultJson(const Dispenser& dispenser, const Judgement& judgement, const Re
 
 /// The answer of a calculation as a recorded line holds it.
 Json RecordedAnswer(const Reply& reply);
+
+/// How often each outcome occurs, those that do; what is paid comes first.
+Json CountsJson(const OutcomeCounts& count);
 
 /// The error code that a calculation left, or null.
 Json WrittenCodeJson(const Calculation& calculation);

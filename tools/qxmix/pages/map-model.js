@@ -1,80 +1,10 @@
-"use strict";
-
-// What the page knows: the answer as the command gives it with --json, and the tool's own words.
-const answer = JSON.parse(document.getElementById("answer").textContent);
-const page = JSON.parse(document.getElementById("page").textContent);
-const dispenser = answer.input.dispenser;
+// The rows of the map, taken out of the answer.
 const amounts = answer.result.amounts;
-
-const DIGITS = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_";
 const CHECKPOINT = 256;
-
-/** Decimal text of digits with so many decimals; zeros at the end are left out down to atLeast. */
-function moneyText(digits, decimals, atLeast) {
-    while (decimals > atLeast && digits % 10n === 0n) {
-        digits /= 10n;
-        decimals -= 1;
-    }
-    while (decimals < atLeast) {
-        digits *= 10n;
-        decimals += 1;
-    }
-    const text = digits.toString().padStart(decimals + 1, "0");
-    const point = text.length - decimals;
-    return decimals === 0 ? text : text.slice(0, point) + "." + text.slice(point);
-}
-
-const amountDecimals = Math.max(0, -dispenser.exponent);
-
-function askedText(amount) {
-    return dispenser.exponent < 0
-        ? moneyText(BigInt(amount), amountDecimals, amountDecimals)
-        : (BigInt(amount) * 10n ** BigInt(dispenser.exponent)).toString();
-}
-
-function withCurrency(text) {
-    return text + " " + dispenser.currency;
-}
 
 function amountAt(index) {
     return amounts.min + index * amounts.step;
 }
-
-/** "100ms" as people read it: "100 ms". */
-function durationWords(text) {
-    return text.replace(/^([0-9]+)/, "$1 ");
-}
-
-function plural(count, word) {
-    return count + " " + word + (count === 1 ? "" : "s");
-}
-
-function cassetteLabel(index) {
-    return dispenser.cassettes[index].label || String(index);
-}
-
-/** The cassette that gives the items of a slot, or -1. */
-function cassetteOfSlot(slot) {
-    return dispenser.cassettes.findIndex((cassette) => cassette.position === slot);
-}
-
-/** What the items are worth together. */
-function paidText(values) {
-    const worths = dispenser.cassettes.map((cassette) => cassette.worth.split("."));
-    const decimals = Math.max(...worths.map((worth) => (worth[1] || "").length));
-    let sum = 0n;
-    values.forEach((items, slot) => {
-        const cassette = cassetteOfSlot(slot);
-        if (cassette >= 0) {
-            const [whole, fraction = ""] = worths[cassette];
-            sum += BigInt(items) * BigInt(whole + fraction.padEnd(decimals, "0"));
-        }
-    });
-    return moneyText(sum, decimals, amountDecimals);
-}
-
-const outcomes = page.outcomes;
-const outcomeOfLetter = new Map(outcomes.map((outcome, index) => [outcome.letter, index]));
 
 /** One mix: its outcomes by amount, and its answers, which are kept as steps. */
 class MixRow {
@@ -96,11 +26,7 @@ class MixRow {
     }
 
     stepAt(index) {
-        let place = 0;
-        for (let at = index * this.digits; at < (index + 1) * this.digits; at += 1) {
-            place = place * 64 + DIGITS.indexOf(this.path[at]);
-        }
-        return this.steps[place];
+        return this.steps[placeAt(this.path, this.digits, index)];
     }
 
     rememberCheckpoints() {
@@ -179,21 +105,6 @@ function describe(row, index) {
         what += ", " + withCurrency(paidText(known.values));
     }
     return [what, itemsText(known.values), saidText(known)];
-}
-
-function itemsText(values) {
-    const parts = [];
-    values.forEach((items, slot) => {
-        const index = cassetteOfSlot(slot);
-        if (items > 0) {
-            const cassette = dispenser.cassettes[index];
-            parts.push(index < 0
-                ? items + " from position " + slot + ", where no cassette is"
-                : items + " x " + cassette.worth + " " + cassette.currency + " from " +
-                  cassetteLabel(index));
-        }
-    });
-    return parts.length === 0 ? "Nothing is taken." : parts.join(", ");
 }
 
 function saidText(known) {

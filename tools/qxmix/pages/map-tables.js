@@ -3,51 +3,6 @@ const MOST_RUNS = 200;
 const MOST_PRINTED = 3000;
 const PRINTED_GROUP = 10;
 
-function element(name, text, className) {
-    const made = document.createElement(name);
-    if (text !== undefined) {
-        made.textContent = text;
-    }
-    if (className !== undefined) {
-        made.className = className;
-    }
-    return made;
-}
-
-/** Fills a table; a column whose heading ends in "#" holds numbers. */
-function fillTable(table, caption, headings, lines) {
-    const isNumber = headings.map((heading) => heading.endsWith("#"));
-    const head = element("thead");
-    const top = element("tr");
-    headings.forEach((heading, index) => {
-        const cell = element("th", heading.replace(/#$/, ""), isNumber[index] ? "number" : "");
-        cell.scope = "col";
-        top.append(cell);
-    });
-    head.append(top);
-    const body = element("tbody");
-    for (const line of lines) {
-        const row = element("tr");
-        line.forEach((content, index) => {
-            const name = index === 0 ? "th" : "td";
-            const cell = element(name, undefined, isNumber[index] ? "number" : "");
-            if (index === 0) {
-                cell.scope = "row";
-            }
-            cell.append(content);
-            row.append(cell);
-        });
-        body.append(row);
-    }
-    table.replaceChildren(element("caption", caption), head, body);
-}
-
-function key(outcome) {
-    const shown = element("span", outcome.letter, "key o-" + outcome.name);
-    shown.setAttribute("aria-hidden", "true");
-    return shown;
-}
-
 function seenOutcomes() {
     return outcomes
         .map((outcome, index) => ({ outcome, index }))

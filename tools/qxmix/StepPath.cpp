@@ -1,0 +1,30 @@
+#include "StepPath.h"
+
+#include <string>
+
+namespace qxmix {
+
+namespace {
+
+constexpr std::uint64_t kBase = 64;
+constexpr const char* kDigits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_";
+
+}  // namespace
+
+Json StepPathJson(const std::vector<std::uint32_t>& path, std::size_t count) {
+    std::size_t digits = 1;
+    for (std::uint64_t most = kBase; most < count; most *= kBase) {
+        ++digits;
+    }
+    std::string text(path.size() * digits, ' ');
+    std::size_t behind = 0;
+    for (std::uint32_t place : path) {
+        behind += digits;
+        for (std::size_t at = behind; at > behind - digits; place /= kBase) {
+            text[--at] = kDigits[place % kBase];
+        }
+    }
+    return {{"digits", digits}, {"path", text}};
+}
+
+}  // namespace qxmix

@@ -1,0 +1,141 @@
+"use strict";
+
+// What every page knows, the answer as the command gives it with --json and the tool's own words,
+// and what every page says and shows in the same way.
+const answer = JSON.parse(document.getElementById("answer").textContent);
+const page = JSON.parse(document.getElementById("page").textContent);
+const dispenser = answer.input.dispenser;
+
+const DIGITS = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_";
+
+/** One place of a path: digits of base 64, so many for each place. */
+function placeAt(path, digits, index) {
+    let place = 0;
+    for (let at = index * digits; at < (index + 1) * digits; at += 1) {
+        place = place * 64 + DIGITS.indexOf(path[at]);
+    }
+    return place;
+}
+
+/** Decimal text of digits with so many decimals; zeros at the end are left out down to atLeast. */
+function moneyText(digits, decimals, atLeast) {
+    while (decimals > atLeast && digits % 10n === 0n) {
+        digits /= 10n;
+        decimals -= 1;
+    }
+    while (decimals < atLeast) {
+        digits *= 10n;
+        decimals += 1;
+    }
+    const text = digits.toString().padStart(decimals + 1, "0");
+    const point = text.length - decimals;
+    return decimals === 0 ? text : text.slice(0, point) + "." + text.slice(point);
+}
+
+const amountDecimals = Math.max(0, -dispenser.exponent);
+
+function askedText(amount) {
+    return dispenser.exponent < 0
+        ? moneyText(BigInt(amount), amountDecimals, amountDecimals)
+        : (BigInt(amount) * 10n ** BigInt(dispenser.exponent)).toString();
+}
+
+function withCurrency(text) {
+    return text + " " + dispenser.currency;
+}
+
+/** "100ms" as people read it: "100 ms". */
+function durationWords(text) {
+    return text.replace(/^([0-9]+)/, "$1 ");
+}
+
+function plural(count, word) {
+    return count + " " + word + (count === 1 ? "" : "s");
+}
+
+function cassetteLabel(index) {
+    return dispenser.cassettes[index].label || String(index);
+}
+
+/** The cassette that gives the items of a slot, or -1. */
+function cassetteOfSlot(slot) {
+    return dispenser.cassettes.findIndex((cassette) => cassette.position === slot);
+}
+
+/** What the items are worth together. */
+function paidText(values) {
+    const worths = dispenser.cassettes.map((cassette) => cassette.worth.split("."));
+    const decimals = Math.max(...worths.map((worth) => (worth[1] || "").length));
+    let sum = 0n;
+    values.forEach((items, slot) => {
+        const cassette = cassetteOfSlot(slot);
+        if (cassette >= 0) {
+            const [whole, fraction = ""] = worths[cassette];
+            sum += BigInt(items) * BigInt(whole + fraction.padEnd(decimals, "0"));
+        }
+    });
+    return moneyText(sum, decimals, amountDecimals);
+}
+
+const outcomes = page.outcomes;
+const outcomeOfLetter = new Map(outcomes.map((outcome, index) => [outcome.letter, index]));
+
+function itemsText(values) {
+    const parts = [];
+    values.forEach((items, slot) => {
+        const index = cassetteOfSlot(slot);
+        if (items > 0) {
+            const cassette = dispenser.cassettes[index];
+            parts.push(index < 0
+                ? items + " from position " + slot + ", where no cassette is"
+                : items + " x " + cassette.worth + " " + cassette.currency + " from " +
+                  cassetteLabel(index));
+        }
+    });
+    return parts.length === 0 ? "Nothing is taken." : parts.join(", ");
+}
+
+function element(name, text, className) {
+    const made = document.createElement(name);
+    if (text !== undefined) {
+        made.textContent = text;
+    }
+    if (className !== undefined) {
+        made.className = className;
+    }
+    return made;
+}
+
+/** Fills a table; a column whose heading ends in "#" holds numbers. */
+function fillTable(table, caption, headings, lines) {
+    const isNumber = headings.map((heading) => heading.endsWith("#"));
+    const head = element("thead");
+    const top = element("tr");
+    headings.forEach((heading, index) => {
+        const cell = element("th", heading.replace(/#$/, ""), isNumber[index] ? "number" : "");
+        cell.scope = "col";
+        top.append(cell);
+    });
+    head.append(top);
+    const body = element("tbody");
+    for (const line of lines) {
+        const row = element("tr");
+        line.forEach((content, index) => {
+            const name = index === 0 ? "th" : "td";
+            const cell = element(name, undefined, isNumber[index] ? "number" : "");
+            if (index === 0) {
+                cell.scope = "row";
+            }
+            cell.append(content);
+            row.append(cell);
+        });
+        body.append(row);
+    }
+    table.replaceChildren(element("caption", caption), head, body);
+}
+
+function key(outcome) {
+    const shown = element("span", outcome.letter, "key o-" + outcome.name);
+    shown.setAttribute("aria-hidden", "true");
+    return shown;
+}
