@@ -52,6 +52,16 @@ def check_interrupts(tool, checks):
     checks.equal("Ctrl-C: says so", errors, b"qxmix: interrupted\n")
     checks.check("Ctrl-C: the child is gone", not is_alive(child))
 
+    # No answer to 156 by mix 4, nor to any amount around it: two seconds are spent on asking.
+    process = tool.start(["explain", "endless.json", "--amount", "156", "--deadline", "100ms"])
+    time.sleep(1.2)
+    process.send_signal(signal.SIGINT)
+    output, errors = process.communicate(timeout=20)
+    checks.equal("Ctrl-C while explaining: exit status", process.returncode, 130)
+    checks.equal("Ctrl-C while explaining: nothing said", errors, b"")
+    checks.check("Ctrl-C while explaining: what is known", output.startswith(b"NO ANSWER  within 100 ms")
+                 and output.endswith(b"interrupted: the explanation is not complete\n"), output)
+
     process = tool.start(HANGING[:-4] + ["--mixes", "1,2", "--amount", "1002", "--deadline", "60s",
                                          "--json", "--registry-out", "left.reg"])
     wait_for_child(process)
@@ -246,7 +256,7 @@ def check_input(tool, checks):
 def check_called_alone(tool, checks):
     status, output, errors = tool.run([])
     checks.equal("called alone: exit status", (status, output), (2, ""))
-    for command in ("mix", "types", "registry"):
+    for command in ("mix", "explain", "map", "types", "registry"):
         checks.check(f"called alone: lists {command}", f"\n  {command} " in errors, errors)
         status, shown, errors_of_help = tool.run([command, "--help"])
         checks.equal(f"{command} --help", (status, errors_of_help), (0, ""))

@@ -1,4 +1,5 @@
 #include "Command.h"
+#include "ExplainCommand.h"
 #include "MapCommand.h"
 #include "MixCommand.h"
 #include "RegistryCommand.h"
@@ -9,6 +10,7 @@ namespace qxmix {
 std::vector<std::unique_ptr<Command>> AllCommands() {
     std::vector<std::unique_ptr<Command>> commands;
     commands.push_back(std::make_unique<MixCommand>());
+    commands.push_back(std::make_unique<ExplainCommand>());
     commands.push_back(std::make_unique<MapCommand>());
     commands.push_back(std::make_unique<TypesCommand>());
     commands.push_back(std::make_unique<RegistryCommand>());

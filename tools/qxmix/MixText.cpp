@@ -95,30 +95,6 @@ Table CassetteTable(const Dispenser& dispenser,
     return table;
 }
 
-std::string ReturnedText(std::int32_t returned) {
-    switch (returned) {
-    case kSuccess:
-        return "success";
-    case kInvalidMixNumber:
-        return "invalid mix number";
-    case kNotDispensable:
-        return "not dispensable";
-    case kTooManyItems:
-        return "too many items";
-    case kInvalidCashUnit:
-        return "too many different notes";
-    default:
-        return "not a code of this module";
-    }
-}
-
-/// A remainder that wrapped below zero is told as what it means, too.
-std::string RemainderText(std::uint32_t remainder) {
-    const std::string text = std::to_string(remainder);
-    const auto asSigned = static_cast<std::int32_t>(remainder);
-    return asSigned < 0 ? text + " (" + std::to_string(asSigned) + ")" : text;
-}
-
 /// "returned 0 (success), remainder 0, no error code written"
 std::string ModuleText(const MixAnswer& answer) {
     if (!answer.judgement.IsAnswered()) {
@@ -190,6 +166,29 @@ void AddTotals(Table& table, const MixQuestions& questions, const MixAnswers& an
 }
 
 }  // namespace
+
+std::string ReturnedText(std::int32_t returned) {
+    switch (returned) {
+    case kSuccess:
+        return "success";
+    case kInvalidMixNumber:
+        return "invalid mix number";
+    case kNotDispensable:
+        return "not dispensable";
+    case kTooManyItems:
+        return "too many items";
+    case kInvalidCashUnit:
+        return "too many different notes";
+    default:
+        return "not a code of this module";
+    }
+}
+
+std::string RemainderText(std::uint32_t remainder) {
+    const std::string text = std::to_string(remainder);
+    const auto asSigned = static_cast<std::int32_t>(remainder);
+    return asSigned < 0 ? text + " (" + std::to_string(asSigned) + ")" : text;
+}
 
 std::string
 MixText(const MixQuestions& questions, const MixAnswer& answer, const Painter& painter) {

@@ -15,6 +15,12 @@ std::string MixText(const MixQuestions& questions, const MixAnswer& answer, cons
 std::string
 MixListText(const MixQuestions& questions, const MixAnswers& answers, const Painter& painter);
 
+/// What a result code says.
+std::string ReturnedText(std::int32_t returned);
+
+/// A remainder; one that wrapped below zero is told as what it means, too.
+std::string RemainderText(std::uint32_t remainder);
+
 /// First line of one answer.
 std::string
 MixHeadline(const MixQuestions& questions, const MixAnswer& answer, const Painter& painter);
