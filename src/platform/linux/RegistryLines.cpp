@@ -68,6 +68,11 @@ RegistryLines::RegistryLines(std::string_view bytes) : text_(DecodeWithMark(byte
             line.remove_suffix(1);
         }
         lines_.push_back(line);
+        // In a name it could not be written back.
+        if (line.find(u'\r') != std::u16string_view::npos) {
+            throw RegistryTextFailure{static_cast<std::uint32_t>(lines_.size()),
+                                      "a carriage return within the line"};
+        }
         left.remove_prefix(std::min(length + 1, left.size()));
     }
 }
