@@ -8,7 +8,7 @@ namespace {
 class Fixups : public testing::TestWithParam<const char*> {
 protected:
     static PeFile Read(const std::string& name) {
-        return ReadPe(FileOf(DllFolder() + "/work/" + GetParam() + "/" + name));
+        return ReadPe(FileOf(DllFolder() + "/parts/" + GetParam() + "/" + name));
     }
 
     /// The words in which two images differ, headers and the list of fixups itself left out.
@@ -28,7 +28,7 @@ protected:
 
 /// The one proof that no word was forgotten and none too many is named.
 TEST_P(Fixups, AreTheWordsThatDifferBetweenTwoLinks) {
-    if (FileOf(DllFolder() + "/work/" + GetParam() + "/QXMIX-moved.dll").empty()) {
+    if (FileOf(DllFolder() + "/parts/" + GetParam() + "/QXMIX-moved.dll").empty()) {
         GTEST_SKIP() << "there is no second link in " << DllFolder() << ": run scripts/build-dlls";
     }
     const PeFile library = Read("QXMIX.dll");

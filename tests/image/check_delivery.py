@@ -1,0 +1,153 @@
+"""Makes the delivery twice, in two places, and holds it to what its readme promises.
+
+    check_delivery.py PROJECT LIBRARIES
+
+LIBRARIES is what scripts/build-dlls made. The second delivery comes from a copy of the sources in
+another folder, built anew. Prints one line per thing that is wrong.
+"""
+
+import filecmp
+import hashlib
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+
+SOURCES = ("src", "cmake", "tools/image", "scripts", "docs", "examples/host-windows")
+TARGETS = ("device", "device-armv4t", "windows")
+CPP_HEADERS = ("MixAlgorithm.h", "ObjectLayout.h", "Records.h", "ResultCodes.h", "CashUnitCodes.h")
+
+failures = []
+
+
+def expect(condition, complaint):
+    if not condition:
+        failures.append(complaint)
+
+
+def files_of(folder):
+    return sorted(str(path.relative_to(folder)) for path in folder.rglob("*") if path.is_file())
+
+
+def bytes_of(folder):
+    return {name: (folder / name).read_bytes() for name in files_of(folder)}
+
+
+def make(project, *arguments):
+    return subprocess.run(
+        [project / "scripts/make-dist", *arguments], capture_output=True, text=True, check=False
+    )
+
+
+def expect_refusal(name, done, said):
+    """A refusal is one line, and leaves nothing beside the delivery."""
+    expect(done.returncode == 1, f"{name}: exit status {done.returncode}")
+    expect(done.stdout == "", f"{name}: prints {done.stdout}")
+    expect(re.fullmatch(f"make-dist: .*{said}.*\n", done.stderr), f"{name}: says {done.stderr!r}")
+
+
+def check_sums(delivery):
+    listed = {}
+    for line in (delivery / "SHA256SUMS").read_text(encoding="ascii").splitlines():
+        digest, name = line.split("  ")
+        listed[name] = digest
+    files = [name for name in files_of(delivery) if name != "SHA256SUMS"]
+    expect(sorted(listed) == files, "SHA256SUMS does not list the files that are there")
+    for name in files:
+        digest = hashlib.sha256((delivery / name).read_bytes()).hexdigest()
+        expect(listed.get(name) == digest, f"{name}: another sum in SHA256SUMS")
+
+
+def check_content(delivery, libraries):
+    for target in TARGETS:
+        image = "QXMIX.unstripped.dll" if target == "windows" else "QXMIX.elf"
+        names = ["QXMIX.dll", "QXMIX.lib", "QXMIX.map", image]
+        expect(files_of(delivery / target) == sorted(names), f"{target} does not hold {names}")
+        for name in names:
+            same = filecmp.cmp(delivery / target / name, libraries / target / name, shallow=False)
+            expect(same, f"{target}/{name} is not the one built")
+    version = (delivery / "VERSION").read_text(encoding="ascii")
+    expect("version   V 06.00.02\nnumbers   6.0.2.0\nsources   " in version, f"VERSION: {version}")
+    readme = (delivery / "README.md").read_text(encoding="ascii")
+    for name in re.findall("`([a-z][-a-z0-9/.]*/?[-a-z0-9.]*)`", readme):
+        places = (delivery / name, delivery / "include" / name)
+        expect(any(place.exists() for place in places), f"README.md names {name}")
+
+
+def check_links(delivery):
+    for page in delivery.rglob("*.md"):
+        for target in re.findall(r"\]\(([^)#]+)[^)]*\)", page.read_text(encoding="utf-8")):
+            expect((page.parent / target).exists(), f"{page.name} links to {target}")
+
+
+def check_headers(delivery, folder):
+    """A host needs nothing beside the headers that are delivered."""
+    plain = folder / "plain.c"
+    plain.write_text('#include "qxmix.h"\n', encoding="ascii")
+    classes = folder / "classes.cpp"
+    classes.write_text("".join(f'#include "{name}"\n' for name in CPP_HEADERS), encoding="ascii")
+    settings = ["-fsyntax-only", "-Wall", "-Wextra", "-pedantic-errors", "-Werror"]
+    subprocess.run(["gcc", *settings, "-std=c99", "-I", delivery / "include", plain], check=True)
+    example = delivery / "examples/host-windows/host.cpp"
+    for compiler, source in (("g++", classes), ("i686-w64-mingw32-g++", example)):
+        subprocess.run(
+            [compiler, *settings, "-std=c++17", "-I", delivery / "include", source], check=True
+        )
+
+
+def check_refusals(project, delivery, folder):
+    before = bytes_of(delivery)
+    for name, arguments, said in (
+        ("unknown option", ["--outptu", "x"], "unknown option --outptu"),
+        ("missing value", ["--output"], "--output needs a value"),
+        ("bad name", ["--xfs-manager", "A B"], "'A B' is no file name of a library"),
+        ("no libraries", ["--libraries", str(folder)], "there is no .*QXMIX.dll"),
+    ):
+        arguments = ["--output", str(delivery), *arguments]
+        expect_refusal(name, make(project, *arguments), said)
+    foreign = folder / "foreign"
+    foreign.mkdir()
+    (foreign / "letter").write_text("mine", encoding="ascii")
+    expect_refusal("foreign folder", make(project, "--output", foreign), "something else")
+    expect(files_of(foreign) == ["letter"], "a foreign folder has been touched")
+
+    with open(project / "src/mix/MixCalculate.cpp", "a", encoding="ascii") as source:
+        source.write("#error on purpose\n")
+    done = make(project, "--output", delivery)
+    expect_refusal("broken source", done, "device: .*error: .*on purpose.*build.log")
+    expect(bytes_of(delivery) == before, "a failure has changed the delivery")
+    expect(not list(delivery.parent.glob("*.part")), "a failure leaves a part of a delivery")
+
+
+def main():
+    project, libraries = pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2])
+    if not (libraries / "windows/QXMIX.dll").exists():
+        print(f"SKIPPED: there is no {libraries}/windows/QXMIX.dll: run scripts/build-dlls")
+        return 0
+    with tempfile.TemporaryDirectory(prefix="qxmix-delivery-") as name:
+        folder = pathlib.Path(name)
+        copy = folder / "another place"
+        for source in SOURCES:
+            shutil.copytree(project / source, copy / source)
+        one, other = folder / "one", copy / "dist"
+        for done in (make(project, "--output", one, "--libraries", libraries), make(copy)):
+            expect(done.returncode == 0, f"no delivery: {done.stderr}")
+        if not failures:
+            expect(files_of(one) == files_of(other), "two deliveries hold different files")
+            for file in files_of(one):
+                same = filecmp.cmp(one / file, other / file, shallow=False)
+                expect(same, f"{file} differs between two deliveries")
+            check_sums(one)
+            check_content(one, libraries)
+            check_links(one)
+            check_headers(one, folder)
+            check_refusals(copy, one, folder)
+    for complaint in failures:
+        print(complaint)
+    return 1 if failures else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
