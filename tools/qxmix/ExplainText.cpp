@@ -1,5 +1,6 @@
 #include "ExplainText.h"
 
+#include "MixList.h"
 #include "MixText.h"
 #include "TextList.h"
 
@@ -74,14 +75,6 @@ HeadlineText(const MixQuestions& questions, const Explanation& story, const Pain
     default:
         return MixHeadline(questions, answer, painter);
     }
-}
-
-std::string MixesText(const std::vector<std::uint16_t>& mixes) {
-    std::vector<std::string> numbers;
-    for (const std::uint16_t mix : mixes) {
-        numbers.push_back(std::to_string(mix));
-    }
-    return (mixes.size() == 1 ? "mix " : "mixes ") + Join(numbers, " ");
 }
 
 /// "70 = 1x50 2x10"

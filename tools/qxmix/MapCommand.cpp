@@ -34,14 +34,7 @@ const CommandInfo& MapCommand::Info() const {
 
 void MapCommand::AddOptions(CLI::App& command) {
     command.add_option("DISPENSER", dispenser_, "dispenser file, - or inline");
-    command.add_option("--from", from_, "first amount; without it the dispenser's least")
-        ->type_name("A");
-    command.add_option("--to", to_, "last amount; without it the dispenser's largest")
-        ->type_name("A");
-    AddWholeOption(
-        command, "--step", 1, UINT32_MAX,
-        [this](std::int64_t number) { step_ = static_cast<std::uint32_t>(number); },
-        "from one amount to the next");
+    AddAmountRangeOptions(command, range_);
     AddAskOptions(command, ask_);
     AddJobsOption(command, jobs_);
     command
@@ -102,15 +95,10 @@ MapQuestions MapCommand::Prepare(const CommonOptions& options) const {
     ask_.ApplyTo(questions.dispenser);
     const bool namesMixes = !ask_.mix.empty() || !ask_.mixes.empty();
     questions.mixes = namesMixes ? ask_.Mixes(questions.dispenser) : AllMixes();
-    const Amounts amounts = AmountsWithDefaults(questions.dispenser);
-    questions.from =
-        from_.empty() ? *amounts.min : ParseAmount(from_, "--from", questions.dispenser);
-    questions.to = to_.empty() ? *amounts.max : ParseAmount(to_, "--to", questions.dispenser);
-    questions.step = step_.value_or(*amounts.step);
-    if (questions.to < questions.from) {
-        throw InputError("--to: " + NotAllowed(std::to_string(questions.to),
-                                               std::to_string(questions.from) + " or more"));
-    }
+    const AmountRange range = range_.RangeOf(questions.dispenser);
+    questions.from = range.from;
+    questions.to = range.to;
+    questions.step = range.step;
     CheckCellCount(questions, kMostCells, "--step");
     questions.deadline = options.deadline.value_or(questions.deadline);
     questions.jobs = jobs_.Count();

@@ -1,12 +1,11 @@
 #pragma once
 
+#include "AmountRange.h"
 #include "AskOptions.h"
 #include "Command.h"
 #include "JobsOption.h"
 #include "MapAnswers.h"
 
-#include <cstdint>
-#include <optional>
 #include <string>
 
 namespace qxmix {
@@ -23,9 +22,7 @@ private:
     std::string CommandLine(const MapQuestions& questions, const CommonOptions& options) const;
 
     std::string dispenser_;  // as named on the command line
-    std::string from_;
-    std::string to_;
-    std::optional<std::uint32_t> step_;
+    AmountRangeOptions range_;
     JobsOption jobs_;
     std::string output_;
     AskOptions ask_;

@@ -15,6 +15,7 @@ MapCell CellOf(const Reply& reply, Outcome outcome, Milliseconds deadline) {
         cell.remainder = reply.calculation.request.ulRemainder;
         cell.returned = reply.calculation.returned;
         cell.code = reply.calculation.written;
+        cell.took = reply.calculation.took;
     }
     return cell;
 }
@@ -56,6 +57,9 @@ void MapRow::Add(const MapCell& cell) {
         step.returned = cell.returned;
         step.code = cell.code;
         last_ = cell;
+    }
+    if (cell.took > slowest_.took) {
+        slowest_ = {path_.size(), cell.took};
     }
     path_.push_back(PlaceOf(step));
 }

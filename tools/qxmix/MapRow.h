@@ -20,8 +20,9 @@ struct MapCell {
     std::array<std::uint32_t, kMaxCashUnits> values{};  ///< items by slot, as the module wrote them
     std::uint32_t remainder = 0;
     std::int32_t returned = 0;
-    std::string code;          ///< error code left in the registry; empty: none
-    Milliseconds deadline{0};  ///< what it was given
+    std::string code;                  ///< error code left in the registry; empty: none
+    Milliseconds deadline{0};          ///< what it was given
+    std::chrono::nanoseconds took{0};  ///< processor time; a row keeps the longest
 
     /// False for a missed deadline and a crash: nothing but outcome and deadline counts then.
     bool IsAnswered() const { return outcome != Outcome::NoAnswer && outcome != Outcome::Crashed; }
@@ -63,6 +64,12 @@ public:
         std::uint64_t length;
     };
 
+    /// The answer that took the longest, and where it stands.
+    struct Slowest {
+        std::uint64_t place = 0;
+        std::chrono::nanoseconds took{0};
+    };
+
     void Add(const MapCell& cell);
 
     std::uint64_t Size() const { return path_.size(); }
@@ -71,6 +78,7 @@ public:
     const std::vector<Run>& Runs() const { return runs_; }
     const std::vector<Step>& Steps() const { return steps_; }
     const std::vector<DeadlineRun>& Deadlines() const { return deadlines_; }
+    const Slowest& SlowestAnswer() const { return slowest_; }
 
     /// For each amount the place of its step in Steps.
     const std::vector<std::uint32_t>& Path() const { return path_; }
@@ -84,6 +92,7 @@ private:
     std::map<Step, std::uint32_t> places_;
     std::vector<std::uint32_t> path_;
     MapCell last_;  // the last one answered
+    Slowest slowest_;
 };
 
 /// Walks the cells of a row in the order of their amounts.

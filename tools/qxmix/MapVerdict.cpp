@@ -1,6 +1,7 @@
 #include "MapVerdict.h"
 
 #include "Dangers.h"
+#include "MixList.h"
 #include "TextList.h"
 
 #include <algorithm>
@@ -13,14 +14,6 @@ namespace {
 
 std::string MixText(std::uint16_t mix) {
     return "mix " + std::to_string(mix);
-}
-
-std::string MixesText(const std::vector<std::uint16_t>& mixes) {
-    std::vector<std::string> numbers;
-    for (const std::uint16_t mix : mixes) {
-        numbers.push_back(std::to_string(mix));
-    }
-    return (mixes.size() == 1 ? "mix " : "mixes ") + Join(numbers, " ");
 }
 
 std::string AmountsText(std::uint64_t count) {

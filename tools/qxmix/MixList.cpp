@@ -59,4 +59,12 @@ std::vector<std::uint16_t> AllMixes() {
     return mixes;
 }
 
+std::string MixesText(const std::vector<std::uint16_t>& mixes) {
+    std::vector<std::string> numbers;
+    for (const std::uint16_t mix : mixes) {
+        numbers.push_back(std::to_string(mix));
+    }
+    return (mixes.size() == 1 ? "mix " : "mixes ") + Join(numbers, " ");
+}
+
 }  // namespace qxmix

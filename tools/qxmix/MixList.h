@@ -15,4 +15,7 @@ std::vector<std::uint16_t> ParseMixList(const std::string& text, const std::stri
 
 std::vector<std::uint16_t> AllMixes();
 
+/// For people: "mix 4", "mixes 1 3 5".
+std::string MixesText(const std::vector<std::uint16_t>& mixes);
+
 }  // namespace qxmix

@@ -33,7 +33,7 @@ Message ToMessage(const CalculateOrder& order) {
 Message ToMessage(const Calculation& calculation) {
     ByteWriter writer;
     writer.Put(calculation.returned).Put(calculation.request).Put(calculation.result);
-    writer.PutText(calculation.written);
+    writer.PutText(calculation.written).Put(calculation.took);
     return ToMessage(MessageKind::Calculated, writer.Bytes());
 }
 
@@ -74,6 +74,7 @@ Calculation ReadCalculation(const Message& message) {
     calculation.request = reader.Take<MixRequest>();
     calculation.result = reader.Take<MixResult>();
     calculation.written = reader.TakeText();
+    calculation.took = reader.Take<std::chrono::nanoseconds>();
     return calculation;
 }
 

@@ -3,6 +3,7 @@
 #include "Channel.h"
 #include "Records.h"
 
+#include <chrono>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -49,6 +50,7 @@ struct Calculation {
     MixRequest request;   ///< as it came back
     MixResult result;     ///< as it came back
     std::string written;  ///< error code that the call left in the registry; empty: none
+    std::chrono::nanoseconds took{0};  ///< processor time of the call
 };
 
 /// One entry of the list of mixes.
