@@ -3,6 +3,7 @@
 #include "MapCommand.h"
 #include "MixCommand.h"
 #include "RegistryCommand.h"
+#include "SimulateCommand.h"
 #include "TypesCommand.h"
 
 namespace qxmix {
@@ -12,6 +13,7 @@ std::vector<std::unique_ptr<Command>> AllCommands() {
     commands.push_back(std::make_unique<MixCommand>());
     commands.push_back(std::make_unique<ExplainCommand>());
     commands.push_back(std::make_unique<MapCommand>());
+    commands.push_back(std::make_unique<SimulateCommand>());
     commands.push_back(std::make_unique<TypesCommand>());
     commands.push_back(std::make_unique<RegistryCommand>());
     return commands;

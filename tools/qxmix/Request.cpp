@@ -70,6 +70,10 @@ MixRequest BuildRequest(const Dispenser& dispenser, std::uint32_t amount, std::u
     return request;
 }
 
+void SetCurrency(MixRequest& request, const std::string& currency) {
+    request.cCurrencyID = IdOf(currency);
+}
+
 Dispenser DispenserOfRequest(const MixRequest& request, const Dispenser& known) {
     Dispenser dispenser;
     dispenser.currency = TextOf(request.cCurrencyID);

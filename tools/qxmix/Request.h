@@ -11,6 +11,9 @@ namespace qxmix {
 /// The request that a service provider would make of a dispenser; what is its own is zero.
 MixRequest BuildRequest(const Dispenser& dispenser, std::uint32_t amount, std::uint16_t mix);
 
+/// Asks in another currency than the dispenser's.
+void SetCurrency(MixRequest& request, const std::string& currency);
+
 /// The dispenser that a captured request describes. Characters of a currency that are none become
 /// "?"; cassettes beyond the sixth are not there.
 ///

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace qxmix {
+
+/// Days since 1970-01-01 of a date in the calendar of today.
+///
+/// @param text  YYYY-MM-DD.
+/// @return none when there is no such day.
+std::optional<std::int64_t> ParseDate(const std::string& text);
+
+/// Reads a time of day in seconds: HH:MM or HH:MM:SS.
+std::optional<std::int64_t> ParseTimeOfDay(const std::string& text);
+
+/// Names the times of a demand, which are seconds from its first midnight.
+class DemandCalendar {
+public:
+    DemandCalendar() = default;
+
+    /// @param firstDay  days since 1970-01-01; none: a Monday without a date.
+    /// @param days      how many it has.
+    DemandCalendar(std::optional<std::int64_t> firstDay, std::int64_t days)
+        : firstDay_(firstDay), days_(days) {}
+
+    /// "2026-11-16 09:46"; without a date "Mon 09:46", or "w2 Mon 09:46" where there is more than
+    /// one week.
+    std::string Text(std::int64_t time) const;
+
+    /// The same with less room: "11-16 09:46".
+    std::string ShortText(std::int64_t time) const;
+
+    /// "2026-11-16"; empty without a date.
+    std::string FirstDayText() const;
+
+private:
+    std::optional<std::int64_t> firstDay_;
+    std::int64_t days_ = 1;
+};
+
+}  // namespace qxmix

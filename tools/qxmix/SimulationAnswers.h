@@ -1,0 +1,46 @@
+#pragma once
+
+#include "SimulationQuestions.h"
+#include "SimulationSummary.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace qxmix {
+
+/// What is known of a simulation.
+struct SimulationAnswers {
+    Demand demand;            ///< of the first run, as far as all mixes came
+    std::size_t planned = 0;  ///< withdrawals of a run
+    /// The first run step by step, one list a mix.
+    std::vector<std::vector<SimulationStep>> steps;
+    /// For each run the summaries of the mixes. After Ctrl-C the whole runs; if even the first was
+    /// not whole, what there is of it.
+    std::vector<std::vector<SimulationSummary>> runs;
+    bool isComplete = true;  ///< false: Ctrl-C came before the end
+    std::string lastCode;    ///< error code that the last mix of the last run left; empty: none
+};
+
+/// How far a simulation is.
+struct SimulationProgress {
+    std::uint64_t done = 0;  ///< calculations
+    std::uint64_t misses = 0;
+};
+
+/// Asks all mixes for one withdrawal after the other, several mixes side by side.
+///
+/// @param order     the library and what it reads.
+/// @param trace     hears the module's lines; the mixes take turns then.
+/// @param progress  is told after each answer.
+/// @throw WorkError when the library cannot be used.
+SimulationAnswers Simulate(const SimulationQuestions& questions,
+                           const OpenOrder& order,
+                           const TraceSink& trace,
+                           const std::function<void(const SimulationProgress&)>& progress);
+
+/// The highest exit status of the answers, or that of an interruption.
+ExitStatus ExitStatusOf(const SimulationAnswers& answers);
+
+}  // namespace qxmix
