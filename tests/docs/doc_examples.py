@@ -4,7 +4,8 @@
 doc_examples.py TOOL PROJECT DOCUMENT...
 
 In a fenced block a command is followed by its standard output; a last line `...` stands for more
-lines. `[exit N]` at the end of the command's line is its exit status, 0 to 3 where there is none.
+lines, and `...` in a line of JSON for any text. `< FILE` at the end of a command is its standard
+input. `[exit N]` at the end of the command's line is its exit status, 0 to 3 where there is none.
 A command may go on in the next line after a backslash.
 """
 import os
@@ -43,7 +44,8 @@ def difference(expected, printed):
     if expected and expected[-1] == "...":
         expected, printed = expected[:-1], printed[: len(expected) - 1]
     for wanted, got in zip(expected, printed):
-        if wanted != got:
+        pattern = ".*".join(map(re.escape, wanted.split("...")))
+        if wanted != got and not (wanted.startswith("{") and re.fullmatch(pattern, got)):
             return f"expected {wanted!r}, got {got!r}"
     if len(expected) != len(printed):
         return f"expected {len(expected)} lines, got {len(printed)}"
@@ -57,8 +59,12 @@ def main():
     passed = failed = 0
     for document in documents:
         for number, command, status, expected in examples(document):
-            run = subprocess.run([tool] + shlex.split(command)[1:], capture_output=True, text=True,
-                                 env=environment, timeout=60, check=False)
+            words, given = shlex.split(command)[1:], os.devnull
+            if words[-2:-1] == ["<"]:
+                words, given = words[:-2], words[-1]
+            with open(given, encoding="utf-8") as stdin:
+                run = subprocess.run([tool] + words, capture_output=True, text=True, stdin=stdin,
+                                     env=environment, timeout=60, check=False)
             printed = (run.stdout or run.stderr).rstrip("\n").split("\n")
             wrong = difference(expected, printed)
             if not expected:

@@ -11,7 +11,7 @@ namespace qxmix {
 namespace {
 
 Dispenser Read(const std::string& text) {
-    return ReadDispenser(ParseJson(text, "f.json"), "f.json");
+    return ReadDispenser(ParseJson(text, "f.json"), Place("f.json"));
 }
 
 /// A dispenser of one cassette with further fields of its own.
@@ -110,7 +110,7 @@ TEST(DispenserReader, ReadsBackWhatAnAnswerShows) {
         {"value":50,"count":1,"type":8,"status":77},{"value":50,"count":4,"type":5,"worth":"0.5"}],
         "registry":{"CSTMinimum4Mix6":"25"}})");
     const Json shown = DispenserJson(dispenser);
-    EXPECT_EQ(DispenserJson(ReadDispenser(shown, "again")), shown);
+    EXPECT_EQ(DispenserJson(ReadDispenser(shown, Place("again"))), shown);
     EXPECT_EQ(shown["cassettes"][1]["worth"], "0.50");
     EXPECT_EQ(shown["cassettes"][0]["type"], 8);
 }

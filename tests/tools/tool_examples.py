@@ -3,7 +3,8 @@
 
 An example begins with a line "$ qxmix ... [exit N]", which may go on after a backslash at its end.
 What follows, up to the next example, is the text it prints: lines that begin with "qxmix: " on
-standard error, all others on standard output. Lines that begin with "#" are remarks.
+standard error, all others on standard output. Lines that begin with "#" are remarks. "< FILE" at the
+end of a command is its standard input; in a line of JSON "..." stands for any text.
 """
 
 import pathlib
@@ -41,15 +42,24 @@ def strip_end(lines):
     return lines
 
 
+def fill_in(expected, output):
+    """The expected lines, their "..." replaced by what was printed in its place."""
+    for index, printed in enumerate(output.split("\n")[:len(expected)]):
+        pattern = ".*".join(map(re.escape, expected[index].split("...")))
+        if expected[index].startswith("{") and re.fullmatch(pattern, printed):
+            expected[index] = printed
+    return expected
+
+
 def main():
     arguments = parse_arguments()
     checks = Checks()
     for path in sorted(pathlib.Path(HERE / "examples").glob("*.txt")):
         for number, words, expected_status, lines in read_examples(path):
-            with Tool(arguments) as tool:
-                status, output, errors = tool.run(words)
             name = f"{path.name}:{number}: qxmix {' '.join(words)}"
-            lines = strip_end(lines)
+            with Tool(arguments) as tool:
+                status, output, errors = tool.run_redirected(words)
+            lines = fill_in(strip_end(lines), output)
             is_error = [line.startswith("qxmix: ") for line in lines]
             checks.equal(name + " [exit status]", status, expected_status)
             checks.equal(name + " [standard output]", output,

@@ -59,6 +59,12 @@ class Tool:
         output, errors = process.communicate(stdin, timeout=120)
         return process.returncode, output.decode(), errors.decode()
 
+    def run_redirected(self, words):
+        """As run; the last two words may be "<" and a file for standard input."""
+        if words[-2:-1] == ["<"]:
+            return self.run(words[:-2], stdin=(self.folder / words[-1]).read_bytes())
+        return self.run(words)
+
 
 class Checks:
     """Counts what holds and tells what does not."""

@@ -102,12 +102,29 @@ def check_answers(arguments, tool, checks):
             checks.check(f"{line}: the dispenser is one", is_valid(dispenser, answer["input"]["dispenser"]))
 
 
+def check_batch(arguments, tool, checks):
+    schema = json.loads((arguments.source / "schema" / "answer.schema.json").read_text())
+    line_schema = {"$defs": schema["$defs"], "$ref": "#/$defs/batchLine"}
+    requests = (tool.folder / "examples" / "two.ndjson").read_bytes() + b"{\n" + json.dumps(
+        {"id": "x", "dispenser": "EUR:50x100,20x100", "amount": 1002}).encode()
+    for words, validators in (
+            ([], [jsonschema.Draft202012Validator(line_schema)] * 4),
+            (["--envelope"], [jsonschema.Draft202012Validator(s) for s in
+                              (schema, line_schema, line_schema, schema)])):
+        _, output, _ = tool.run(["batch", "--library", "fake.so", "--deadline", "50ms"] + words,
+                                stdin=requests)
+        for line, validator in zip(output.splitlines(), validators, strict=True):
+            problems = [error.message for error in validator.iter_errors(json.loads(line))]
+            checks.equal(f"batch {words}: {line[:40]}", problems, [])
+
+
 def main():
     arguments = parse_arguments()
     checks = Checks()
     with Tool(arguments) as tool:
         check_dispensers(arguments, tool, checks)
         check_answers(arguments, tool, checks)
+        check_batch(arguments, tool, checks)
     checks.finish()
 
 

@@ -1,3 +1,4 @@
+#include "BatchCommand.h"
 #include "Command.h"
 #include "ExplainCommand.h"
 #include "MapCommand.h"
@@ -14,6 +15,7 @@ std::vector<std::unique_ptr<Command>> AllCommands() {
     commands.push_back(std::make_unique<ExplainCommand>());
     commands.push_back(std::make_unique<MapCommand>());
     commands.push_back(std::make_unique<SimulateCommand>());
+    commands.push_back(std::make_unique<BatchCommand>());
     commands.push_back(std::make_unique<TypesCommand>());
     commands.push_back(std::make_unique<RegistryCommand>());
     return commands;

@@ -133,16 +133,29 @@ void CheckSchemaField(const JsonFields& fields) {
 
 }  // namespace
 
-Dispenser ReadDispenser(const Json& json, const std::string& file) {
-    const JsonFields fields(json, Place(file), kDispenserFields);
-    CheckSchemaField(fields);
-    fields.Required("currency", kCurrencyExpected);
-    const Json& cassettes = fields.Required("cassettes", "a list of 1 to 6 cassettes");
+const std::vector<std::string>& DispenserFieldNames() {
+    return kDispenserFields;
+}
+
+Dispenser ReadDispenser(const Json& json, const Place& place) {
+    const JsonFields fields(json, place, kDispenserFields);
     Dispenser dispenser;
-    dispenser.name = fields.Text("name", kLongestName).value_or("");
-    dispenser.currency = *fields.Currency("currency");
-    dispenser.exponent =
-        static_cast<std::int16_t>(fields.Whole("exponent", INT16_MIN, INT16_MAX).value_or(0));
+    RequireDispenserFields(fields);
+    ReadDispenserFields(fields, dispenser);
+    return dispenser;
+}
+
+void RequireDispenserFields(const JsonFields& fields) {
+    fields.Required("currency", kCurrencyExpected);
+    fields.Required("cassettes", "a list of 1 to 6 cassettes");
+}
+
+void ReadDispenserFields(const JsonFields& fields, Dispenser& dispenser) {
+    CheckSchemaField(fields);
+    dispenser.name = fields.Text("name", kLongestName).value_or(dispenser.name);
+    dispenser.currency = fields.Currency("currency").value_or(dispenser.currency);
+    dispenser.exponent = static_cast<std::int16_t>(
+        fields.Whole("exponent", INT16_MIN, INT16_MAX).value_or(dispenser.exponent));
     dispenser.partial = fields.Truth("partial").value_or(dispenser.partial);
     dispenser.maxDispenseItems =
         fields.Whole16("maxDispenseItems").value_or(dispenser.maxDispenseItems);
@@ -152,12 +165,13 @@ Dispenser ReadDispenser(const Json& json, const std::string& file) {
     if (const Json* amounts = fields.Find("amounts")) {
         dispenser.amounts = ReadAmounts(*amounts, fields.Here().Below("amounts"));
     }
-    dispenser.cassettes =
-        ReadCassettes(cassettes, fields.Here().Below("cassettes"), dispenser.currency);
+    if (const Json* cassettes = fields.Find("cassettes")) {
+        dispenser.cassettes =
+            ReadCassettes(*cassettes, fields.Here().Below("cassettes"), dispenser.currency);
+    }
     if (const Json* registry = fields.Find("registry")) {
         dispenser.registry = ReadStoredValues(*registry, fields.Here().Below("registry"));
     }
-    return dispenser;
 }
 
 Dispenser OpenDispenser(const std::string& name) {
@@ -165,7 +179,7 @@ Dispenser OpenDispenser(const std::string& name) {
         return ReadInlineDispenser(name);
     }
     const InputFile file = ReadInput(name);
-    return ReadDispenser(ParseJson(file.content, file.name), file.name);
+    return ReadDispenser(ParseJson(file.content, file.name), Place(file.name));
 }
 
 }  // namespace qxmix

@@ -2,16 +2,29 @@
 
 #include "Dispenser.h"
 #include "Json.h"
+#include "JsonFields.h"
 
 #include <string>
+#include <vector>
 
 namespace qxmix {
 
 /// Reads a dispenser from the JSON of a dispenser file (schema/dispenser.schema.json).
 ///
-/// @param file  its name for errors.
+/// @param place  where it stands, for errors.
 /// @throw InputError naming the field that is wrong and what is expected.
-Dispenser ReadDispenser(const Json& json, const std::string& file);
+Dispenser ReadDispenser(const Json& json, const Place& place);
+
+/// The fields of a dispenser file, for an object that has others beside them.
+const std::vector<std::string>& DispenserFieldNames();
+
+/// @throw InputError when a field is missing without which there is no dispenser.
+void RequireDispenserFields(const JsonFields& fields);
+
+/// Reads the fields that are there; the others of the dispenser stay as they are.
+///
+/// @throw InputError
+void ReadDispenserFields(const JsonFields& fields, Dispenser& dispenser);
 
 /// Reads a dispenser as a person names it on the command line: a JSON file, "-" for standard input,
 /// or inline (InlineDispenser.h).

@@ -21,6 +21,8 @@ struct Envelope {
     ExitStatus exitStatus = ExitStatus::Well;
 };
 
+Json EnvelopeJson(const Envelope& envelope);
+
 /// The envelope on one line, with its line end.
 std::string EnvelopeText(const Envelope& envelope);
 

@@ -34,6 +34,40 @@ public:
     explicit InputError(const std::string& line) : ToolError(ExitStatus::BadInput, line) {}
 };
 
+/// Bad input at a field of a JSON document: "FILE: POINTER: wrong; expected".
+class FieldError : public InputError {
+public:
+    FieldError(const std::string& file, const std::string& pointer, const std::string& wrong)
+        : InputError(file + (pointer.empty() ? "" : ": " + pointer) + ": " + wrong),
+          pointer_(pointer), wrong_(wrong) {}
+
+    /// JSON pointer of the field; empty for the document itself.
+    const std::string& Pointer() const noexcept { return pointer_; }
+
+    /// What is wrong there and what is expected.
+    const std::string& Wrong() const noexcept { return wrong_; }
+
+private:
+    std::string pointer_;
+    std::string wrong_;
+};
+
+/// Bad input where a text is no JSON: "FILE:LINE:COLUMN: wrong".
+class SyntaxError : public InputError {
+public:
+    SyntaxError(const std::string& file, long line, long column, const std::string& wrong)
+        : InputError(file + ":" + std::to_string(line) + ":" + std::to_string(column) + ": " +
+                     wrong),
+          column_(column), wrong_(wrong) {}
+
+    long Column() const noexcept { return column_; }
+    const std::string& Wrong() const noexcept { return wrong_; }
+
+private:
+    long column_;
+    std::string wrong_;
+};
+
 /// The tool could not work: "THING: what failed".
 class WorkError : public ToolError {
 public:

@@ -49,8 +49,7 @@ public:
         const auto line = std::count(text_.begin(), end, '\n') + 1;
         const auto lineStart = std::find(std::make_reverse_iterator(end), text_.rend(), '\n');
         const auto column = end - lineStart.base() + 1;
-        throw InputError(file_ + ":" + std::to_string(line) + ":" + std::to_string(column) + ": " +
-                         WithoutPosition(error.what()));
+        throw SyntaxError(file_, line, column, WithoutPosition(error.what()));
     }
     // NOLINTEND(readability-identifier-naming)
 

@@ -60,6 +60,16 @@ std::string MessageOf(const Judgement& judgement, Milliseconds deadline) {
 
 }  // namespace
 
+Finding DangerOf(std::uint16_t mix, const Judgement& judgement, Milliseconds deadline) {
+    Finding finding;
+    finding.id = judgement.IsAnswered() ? "QX401" : "QX402";
+    finding.severity = Severity::Error;
+    finding.mix = mix;
+    finding.pointer = "/mix";
+    finding.message = MessageOf(judgement, deadline);
+    return finding;
+}
+
 std::vector<Finding>
 DangersOf(const MixQuestions& questions, const std::vector<MixAnswer>& answers, Asker& asker) {
     const bool isHarmless =
@@ -76,13 +86,10 @@ DangersOf(const MixQuestions& questions, const std::vector<MixAnswer>& answers, 
         if (!answer.judgement.IsDangerous()) {
             continue;
         }
-        Finding finding;
-        finding.id = answer.judgement.IsAnswered() ? "QX401" : "QX402";
-        finding.severity = Severity::Error;
-        finding.mix = answer.mix;
-        finding.pointer = "/mix";
-        finding.message = (questions.asksList ? "mix " + std::to_string(answer.mix) + ": " : "") +
-                          MessageOf(answer.judgement, questions.deadline);
+        Finding finding = DangerOf(answer.mix, answer.judgement, questions.deadline);
+        if (questions.asksList) {
+            finding.message = "mix " + std::to_string(answer.mix) + ": " + finding.message;
+        }
         finding.advice = advice;
         findings.push_back(finding);
     }

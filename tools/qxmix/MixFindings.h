@@ -6,9 +6,12 @@
 
 namespace qxmix {
 
-/// What must not be overlooked in the answers: QX401 for money or items too many, QX402 for no
-/// answer. Each names the mixes that pay the amount exactly; those not among the answers are asked
-/// for it, a tenth of a second each.
+/// What must not be overlooked in one dangerous answer: QX401 for money or items too many, QX402
+/// for no answer. Without advice.
+Finding DangerOf(std::uint16_t mix, const Judgement& judgement, Milliseconds deadline);
+
+/// What must not be overlooked in the answers. Each finding names the mixes that pay the amount
+/// exactly; those not among the answers are asked for it, a tenth of a second each.
 std::vector<Finding>
 DangersOf(const MixQuestions& questions, const std::vector<MixAnswer>& answers, Asker& asker);
 

@@ -25,9 +25,7 @@ public:
     const std::string& File() const { return file_; }
 
     /// @param wrong  what is wrong here and what is expected.
-    InputError Error(const std::string& wrong) const {
-        return InputError(file_ + (pointer_.empty() ? "" : ": " + pointer_) + ": " + wrong);
-    }
+    FieldError Error(const std::string& wrong) const { return FieldError(file_, pointer_, wrong); }
 
 private:
     std::string file_;

@@ -2,11 +2,10 @@
 
 #include "Errors.h"
 #include "HostControl.h"
-#include "ModuleLibrary.h"
+#include "ModuleCall.h"
 #include "RegistryImage.h"
 #include "WorkerMessages.h"
 
-#include <ctime>
 #include <memory>
 
 namespace qxmix {
@@ -17,17 +16,6 @@ void SendTraceLine(void* channel, const char* line) {
     static_cast<Channel*>(channel)->Send(ToMessage(MessageKind::TraceLine, line));
 }
 
-/// Hears the module's lines as long as it lives.
-class TraceListening {
-public:
-    TraceListening(Channel& channel, bool wanted) {
-        QxmixSetTraceListener(wanted ? &SendTraceLine : nullptr, &channel);
-    }
-    TraceListening(const TraceListening&) = delete;
-    TraceListening& operator=(const TraceListening&) = delete;
-    ~TraceListening() { QxmixSetTraceListener(nullptr, nullptr); }
-};
-
 Opening OpeningOf(const ModuleLibrary& library) {
     Opening opening;
     if (const MixAlgorithmFields* fields = library.Configuration()) {
@@ -36,29 +24,6 @@ Opening OpeningOf(const ModuleLibrary& library) {
         opening.mixTypeCount = fields->usNumMixTypes;
     }
     return opening;
-}
-
-/// Processor time of this thread: a busy machine does not make a calculation slow.
-std::chrono::nanoseconds ThreadTime() {
-    timespec time{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
-}
-
-Calculation Calculate(ModuleLibrary& library, const CalculateOrder& order) {
-    Calculation calculation;
-    calculation.request = order.request;
-    // An earlier code would hide whether this call writes one.
-    const std::optional<StoredValue> before = TakeErrorCode();
-    const std::chrono::nanoseconds start = ThreadTime();
-    calculation.returned =
-        library.Algorithm().MixCalculate(&calculation.request, &calculation.result);
-    calculation.took = ThreadTime() - start;
-    calculation.written = ErrorCodeBytes();
-    if (calculation.written.empty()) {
-        RestoreErrorCode(before);
-    }
-    return calculation;
 }
 
 Catalogue ListTypes(ModuleLibrary& library) {
@@ -81,8 +46,8 @@ Message CarryOut(ModuleLibrary& library, const Message& order, Channel& channel)
     switch (KindOf(order)) {
     case MessageKind::Calculate: {
         const CalculateOrder calculate = ReadCalculateOrder(order);
-        const TraceListening listening(channel, calculate.trace);
-        return ToMessage(Calculate(library, calculate));
+        const TraceListening listening(calculate.trace ? &SendTraceLine : nullptr, &channel);
+        return ToMessage(CallModule(library, calculate.request));
     }
     case MessageKind::ListTypes:
         return ToMessage(ListTypes(library));
@@ -97,7 +62,7 @@ Message CarryOut(ModuleLibrary& library, const Message& order, Channel& channel)
 std::unique_ptr<ModuleLibrary> Open(const OpenOrder& order, Channel& channel) {
     try {
         LoadRegistry(order.registry);
-        const TraceListening listening(channel, true);
+        const TraceListening listening(&SendTraceLine, &channel);
         auto library = std::make_unique<ModuleLibrary>(order.library);
         return library;
     } catch (const ToolError& error) {

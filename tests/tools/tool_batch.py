@@ -1,0 +1,257 @@
+#!/usr/bin/env python3
+"""What `qxmix batch` makes of a stream: each kind of line, order, speed, memory, and its end."""
+
+import json
+import os
+import select
+import signal
+import subprocess
+import threading
+import time
+
+from tool_runner import Checks, Tool, parse_arguments
+
+EURO = "EUR:100x300,50x1200,20x2400,10x60:low"
+FAKE = ["batch", "--library", "fake.so", "--limit", "2000"]
+
+# Amounts at which the fake module does what its name says.
+CRASH, HANG, ODD_CODE = 1001, 1002, 1005
+
+
+def stream(*requests):
+    return "".join((request if isinstance(request, str) else json.dumps(request)) + "\n"
+                   for request in requests).encode()
+
+
+def answers_of(output):
+    return [json.loads(line) for line in output.splitlines()]
+
+
+def ask(tool, words, *requests):
+    status, output, errors = tool.run(words, stdin=stream(*requests))
+    return status, answers_of(output), errors
+
+
+def check_against_mix(tool, checks):
+    requests = [{"id": f"{mix}/{amount}", "dispenser": "examples/euro.json", "amount": amount,
+                 "mix": mix} for mix in (1, 2, 3, 10) for amount in range(0, 700, 35)]
+    status, answers, errors = ask(tool, ["batch"], *requests)
+    checks.equal("the outcomes leave the exit status alone", (status, errors), (0, ""))
+    checks.equal("ids come back in order", [a["id"] for a in answers], [r["id"] for r in requests])
+    for request, answer in list(zip(requests, answers))[::7]:
+        output = tool.run(["mix", request["dispenser"], "--amount", str(request["amount"]),
+                           "--mix", str(request["mix"]), "--json"])[1]
+        del answer["id"]
+        checks.equal(f"{request['id']}: as mix says", answer, json.loads(output)["result"])
+
+
+def check_forms(tool, checks):
+    inline = tool.run(["mix", EURO, "--amount", "280", "--json"])[1]
+    result = json.loads(inline)["result"]
+    dispenser = json.loads(inline)["input"]["dispenser"]
+    _, answers, _ = ask(tool, ["batch"],
+                        {"dispenser": EURO, "amount": 280},
+                        {"dispenser": dispenser, "amount": 280},
+                        {**dispenser, "amount": 280},
+                        "  " + json.dumps({"dispenser": EURO, "amount": 280}) + "\r")
+    checks.equal("inline, object, fields, blanks around", answers, [result] * 4)
+
+    own = {"currency": "CHF", "exponent": -2, "partial": True, "maxDispenseItems": 2, "mix": 2,
+           "registry": {"CSTMinimum4Mix6": "25"}, "cassettes": [{"value": 50, "count": 9}]}
+    _, answers, _ = ask(tool, ["batch", "--envelope"], {"dispenser": EURO, "amount": 10000, **own})
+    shown = answers[0]["input"]["dispenser"]
+    checks.equal("the request's fields win over its dispenser",
+                 {key: shown[key] for key in own if key not in ("registry", "cassettes")},
+                 {key: own[key] for key in own if key not in ("registry", "cassettes")})
+    checks.equal("cassettes win, too", [(c["currency"], c["value"]) for c in shown["cassettes"]],
+                 [("CHF", 50)])
+    checks.equal("and are asked", answers[0]["result"]["values"], [2, 0, 0, 0, 0, 0])
+
+    _, answers, _ = ask(tool, ["batch", "--envelope", "--currency", "EUR", "--exponent", "0",
+                               "--limit", "3", "--no-partial", "--mix", "1"],
+                        {"dispenser": EURO, "amount": 280, **own, "currency": "EUR"})
+    shown = answers[0]["input"]
+    checks.equal("options win over all",
+                 (shown["dispenser"]["exponent"], shown["dispenser"]["maxDispenseItems"],
+                  shown["dispenser"]["partial"], shown["mix"]), (0, 3, False, 1))
+
+
+BAD_LINES = [
+    ("{", None, "column 2: syntax error"),
+    ("", None, "empty; expected a request"),
+    ("[1]", None, "a list is not allowed; expected an object"),
+    ({"dispenser": EURO}, "/amount", "missing; expected 0 to 4294967295"),
+    ({"amount": 5}, "/currency", "missing; expected three capital letters such as EUR"),
+    ({"dispenser": EURO, "amount": 70.5}, "/amount",
+     "70.5 is not allowed; expected a whole number, 0 to 4294967295"),
+    ({"dispenser": EURO, "amount": -1}, "/amount", "-1 is not allowed; expected 0 to 4294967295"),
+    ({"dispenser": EURO, "amount": 5, "mix": 11}, "/mix", "11 is not allowed; expected 1 to 10"),
+    ({"dispenser": "EUR:5x1:emty", "amount": 5}, "/dispenser",
+     "EUR:5x1:emty: /cassettes/0: unknown status or type \"emty\"; did you mean \"empty\"?"),
+    ({"dispenser": "missing.json", "amount": 5}, "/dispenser",
+     "missing.json: cannot be opened: No such file or directory"),
+    ({"dispenser": "bad.json", "amount": 5}, "/dispenser",
+     "bad.json: /cassettes/2/curency: unknown field; did you mean \"currency\"?"),
+    ({"dispenser": "-", "amount": 5}, "/dispenser", "\"-\" is not allowed; expected an object"),
+    ({"dispenser": {"currency": "EUR", "cassettes": [{"value": 5}]}, "amount": 5},
+     "/dispenser/cassettes/0/count", "missing; expected 0 to 4294967295"),
+    ({"id": 1.5, "dispenser": EURO, "amount": 5}, "/id",
+     "1.5 is not allowed; expected text or a whole number"),
+    ('{"amount":5,"amount":6}', "/amount", "given twice; expected once"),
+]
+
+
+def check_bad_lines(tool, checks):
+    good = {"id": 7, "dispenser": EURO, "amount": 50}
+    lines = [line for bad, _, _ in BAD_LINES for line in (bad, good)]
+    status, answers, errors = ask(tool, ["batch"], *lines)
+    checks.equal("bad lines: exit status", (status, errors), (2, ""))
+    checks.equal("bad lines: an answer a line", len(answers), len(lines))
+    for index, (bad, pointer, message) in enumerate(BAD_LINES):
+        error = answers[2 * index].get("error", {})
+        checks.equal(f"{bad}: line and pointer", (error.get("line"), error.get("pointer")),
+                     (2 * index + 1, pointer))
+        checks.check(f"{bad}: message", error.get("message", "").startswith(message), str(error))
+    checks.equal("bad lines: the stream goes on",
+                 {answer["outcome"] for answer in answers[1::2]}, {"paid"})
+    _, answers, _ = ask(tool, ["batch"], {"id": "a", "dispenser": EURO})
+    checks.equal("bad lines: the id comes back", answers[0]["id"], "a")
+    long = json.dumps({"dispenser": EURO, "amount": 50, "x-note": "n" * (1 << 20)})
+    status, answers, _ = ask(tool, ["batch"], good, long, good)
+    checks.equal("a line too long", [a.get("outcome") or a["error"]["message"] for a in answers],
+                 ["paid", "more than 1048576 bytes; expected a shorter line", "paid"])
+
+
+def check_ends(tool, checks):
+    request = json.dumps({"dispenser": EURO, "amount": 50})
+    for given, count in ((b"", 0), (request.encode(), 1), (f"{request}\n{request}".encode(), 2)):
+        status, output, _ = tool.run(["batch"], stdin=given)
+        checks.equal(f"{count} lines", (status, output.count("\n")), (0, count))
+    folder = os.open(tool.folder / "examples", os.O_RDONLY)
+    process = tool.start(["batch"], stdin=folder)
+    output, errors = process.communicate(timeout=20)
+    os.close(folder)
+    checks.equal("a folder as input", (process.returncode, output, errors),
+                 (2, b"", b"qxmix: standard input: cannot be read: Is a directory\n"))
+
+
+def check_deadlines(tool, checks):
+    amounts = [50, HANG, 51, CRASH, 52, ODD_CODE, HANG, 53]
+    requests = [{"id": a, "dispenser": "EUR:1x2000", "amount": a} for a in amounts]
+    started = time.monotonic()
+    status, answers, _ = ask(tool, FAKE + ["--deadline", "50ms"], *requests)
+    checks.equal("misses and crashes: exit status", status, 0)
+    checks.equal("misses and crashes stay with their lines",
+                 [(a["id"], a["outcome"]) for a in answers],
+                 [(50, "paid"), (HANG, "noAnswer"), (51, "paid"), (CRASH, "crashed"), (52, "paid"),
+                  (ODD_CODE, "failed"), (HANG, "noAnswer"), (53, "paid")])
+    checks.equal("what is unknown is null", (answers[1]["paid"], answers[1]["values"]),
+                 (None, [None] * 6))
+    checks.check("misses: in time", 1 < time.monotonic() - started < 30)
+
+    # The real search that does not end is stopped after its share of processor time.
+    _, answers, _ = ask(tool, ["batch", "--deadline", "100ms", "--envelope"],
+                        {"dispenser": "examples/four-notes.json", "amount": 60, "mix": 4},
+                        {"dispenser": "examples/three-notes.json", "amount": 110, "mix": 4})
+    checks.equal("dangers", [[w["id"] for w in a["warnings"]] for a in answers],
+                 [["QX402"], ["QX401"]])
+    checks.equal("dangers: exit status of the answer", [a["exitStatus"] for a in answers], [3, 3])
+
+
+def check_registry(tool, checks):
+    requests = [{"dispenser": "EUR:50x200,20x90", "amount": 60, "mix": 6,
+                 "registry": {"CSTMinimum4Mix6": str(minimum)}} for minimum in (10, 95, 10, 250)]
+    _, answers, _ = ask(tool, ["batch"], *requests)
+    checks.equal("each request has its own registry", [a["outcome"] for a in answers],
+                 ["paid", "notDispensable", "paid", "notDispensable"])
+    _, answers, _ = ask(tool, ["batch", "--registry", "mended.reg", "--registry-out", "left.reg"],
+                        *requests)
+    checks.equal("--registry stands before it", {a["outcome"] for a in answers}, {"notDispensable"})
+    left = (tool.folder / "left.reg").read_bytes().decode("utf-16")
+    checks.check("--registry-out: the last code", '"CDM"=hex(1):39,37,31,41,32' in left, left)
+    many = [{**requests[0], "registry": {"CSTMinimum4Mix6": str(i % 90)}, "id": i}
+            for i in range(600)]
+    many += [{**requests[0], "registry": {"CSTMinimum4Mix6": f"0{i}"}, "id": i} for i in range(300)]
+    _, answers, _ = ask(tool, ["batch"], *many)
+    checks.equal("more registries than a worker keeps",
+                 [a["outcome"] == "paid" for a in answers],
+                 [True] * 600 + [i < 90 for i in range(300)])
+
+
+def check_trace(tool, checks):
+    _, answers, errors = ask(tool, ["batch", "--trace"], {"dispenser": "EUR:50x1", "amount": 60},
+                             {"dispenser": "EUR:50x1", "amount": 50})
+    checks.equal("--trace: outcomes", [a["outcome"] for a in answers], ["notDispensable", "paid"])
+    checks.check("--trace: lines", "CMixAlgorithm::RegWriteError() Error Code is 971A2.\n" in errors,
+                 errors)
+
+
+def check_slow_input(tool, checks):
+    process = tool.start(["batch"], stdin=subprocess.PIPE)
+    for number in range(3):
+        process.stdin.write(stream({"id": number, "dispenser": EURO, "amount": 50}))
+        process.stdin.flush()
+        is_there = select.select([process.stdout], [], [], 20)[0]
+        line = os.read(process.stdout.fileno(), 4096) if is_there else b"{}"
+        checks.equal(f"slow input: answer {number} is there at once",
+                     json.loads(line).get("id"), number)
+    process.stdin.close()
+    checks.equal("slow input: end", process.wait(timeout=20), 0)
+    process.stdout.close()
+    process.stderr.close()
+
+
+def check_interrupt(tool, checks):
+    process = tool.start(FAKE + ["--deadline", "60s", "--jobs", "1"], stdin=subprocess.PIPE)
+    process.stdin.write(stream({"id": 1, "dispenser": "EUR:1x9", "amount": 5}))
+    process.stdin.flush()
+    first = process.stdout.readline()
+    process.stdin.write(stream({"id": 2, "dispenser": "EUR:1x2000", "amount": HANG}))
+    process.stdin.flush()
+    time.sleep(0.3)
+    process.send_signal(signal.SIGINT)
+    output, errors = process.communicate(timeout=20)
+    checks.equal("Ctrl-C: exit status", process.returncode, 130)
+    checks.equal("Ctrl-C: what is complete", (json.loads(first)["id"], output), (1, b""))
+    checks.equal("Ctrl-C: says so", errors, b"qxmix: interrupted after 1 lines\n")
+
+
+def most_memory(process):
+    """The most memory that the tool and its workers ever had, in KiB each."""
+    with open(f"/proc/{process.pid}/task/{process.pid}/children", encoding="ascii") as children:
+        processes = [str(process.pid)] + children.read().split()
+    memory = []
+    for number in processes:
+        with open(f"/proc/{number}/status", encoding="ascii") as status:
+            memory += [int(line.split()[1]) for line in status if line.startswith("VmHWM:")]
+    return max(memory)
+
+
+def check_many(tool, checks):
+    """Order over several workers, and memory that does not grow with the stream."""
+    memory = {}
+    for count in (2000, 60000):
+        lines = b"".join(b'{"id":%d,"dispenser":"%s","amount":280}\n' % (n, EURO.encode())
+                         for n in range(count))
+        process = tool.start(["batch", "--jobs", "3"], stdin=subprocess.PIPE)
+        writer = threading.Thread(target=lambda: (process.stdin.write(lines), process.stdin.flush()))
+        writer.start()
+        ids = [json.loads(process.stdout.readline())["id"] for _ in range(count)]
+        writer.join()
+        memory[count] = most_memory(process)
+        process.communicate()
+        checks.check(f"{count} lines in order", ids == list(range(count)))
+    checks.check("constant memory", memory[60000] < memory[2000] + 2048, f"{memory} KiB")
+
+
+def main():
+    arguments = parse_arguments()
+    checks = Checks()
+    with Tool(arguments) as tool:
+        for part in (check_against_mix, check_forms, check_bad_lines, check_ends, check_deadlines,
+                     check_registry, check_trace, check_slow_input, check_interrupt, check_many):
+            part(tool, checks)
+    checks.finish()
+
+
+main()

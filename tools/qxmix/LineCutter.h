@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "BatchBlock.h"
+
+namespace qxmix {
+
+/// Longest line that is read; of a longer one so much is kept, and a byte more.
+constexpr std::size_t kLongestLine = std::size_t{1} << 20U;
+
+/// Cuts a stream of bytes into blocks of whole lines.
+class LineCutter {
+public:
+    /// @param mostLines  of a block.
+    explicit LineCutter(std::size_t mostLines) : mostLines_(mostLines) {}
+
+    void Add(const char* bytes, std::size_t size);
+
+    /// What stands behind the last line end is a line, too.
+    void End();
+
+    /// The next block of those lines that are whole, if there are any.
+    std::optional<LineBlock> Next();
+
+private:
+    std::size_t mostLines_;
+    std::string whole_;      // lines that are whole
+    std::size_t taken_ = 0;  // bytes of them that are in blocks already
+    std::string begun_;      // the line that is not whole yet
+    std::uint64_t nextLine_ = 1;
+};
+
+}  // namespace qxmix
