@@ -1,4 +1,5 @@
 #include "CMixAlgorithm.h"
+#include "CashUnitGroup.h"
 #include "Numbers.h"
 #include "OrderingRules.h"
 #include "Trace.h"
@@ -9,14 +10,13 @@ namespace {
 
 constexpr std::uint16_t kAscendingMix = 10;
 
-/// A unit that serves: where it stands in the full table, its value and what it is sorted by.
+/// A unit that serves, and what it is sorted by.
 struct KeptUnit {
-    unsigned index;
-    std::uint32_t value;
+    CashUnitGroup* group;
     std::uint32_t key;
 };
 
-/// Traces why a unit is passed over; the unit is named by its place in the full table.
+/// Traces why a unit is passed over; the unit is named by its number among all groups.
 template <typename... Values>
 bool PassOver(const OrderingRule& rule, const char* format, Values... values) noexcept {
     Trace(format, rule.tracePrefix, values...);
@@ -28,57 +28,52 @@ constexpr const char* kStatusLine = "%sThe status of Cassette %d is %d.";
 constexpr const char* kNotAvailableLine = "%sThe Cassette %d is not available.";
 
 bool PassesCountTest(const OrderingRule& rule,
-                     const LogicalCashUnit& unit,
-                     int index,
+                     const CashUnitGroup& unit,
                      std::uint32_t minimum) noexcept {
-    const bool aboveMinimum = unit.ulCount > minimum;
-    const bool positive = AsSigned(unit.ulCount) > 0;
+    const bool aboveMinimum = unit.count > minimum;
+    const bool positive = AsSigned(unit.count) > 0;
     switch (rule.countTest) {
     case CountTest::AboveMinimum:
-        return aboveMinimum || PassOver(rule, kNotAvailableLine, index);
+        return aboveMinimum || PassOver(rule, kNotAvailableLine, int{unit.number});
     case CountTest::AboveMinimumAndPositive:
         if (!aboveMinimum) {
             // On purpose: the line of the status, though it is the count that was too small.
-            return PassOver(rule, kStatusLine, index, int{unit.usStatus});
+            return PassOver(rule, kStatusLine, int{unit.number}, int{unit.status});
         }
         break;
     case CountTest::Positive:
         break;
     }
-    return positive || PassOver(rule, kNotAvailableLine, index);
+    return positive || PassOver(rule, kNotAvailableLine, int{unit.number});
 }
 
 bool Serves(const OrderingRule& rule,
             const MixRequest& request,
-            const LogicalCashUnit& unit,
-            int index,
+            const CashUnitGroup& unit,
             std::uint32_t minimum) noexcept {
-    if (!Contains(rule.types, unit.usType)) {
-        return PassOver(rule, kTypeLine, index, int{unit.usType});
+    if (!Contains(rule.types, unit.type)) {
+        return PassOver(rule, kTypeLine, int{unit.number}, int{unit.type});
     }
-    if (Contains(rule.droppedStatuses, unit.usStatus)) {
-        return PassOver(rule, kStatusLine, index, int{unit.usStatus});
+    if (Contains(rule.droppedStatuses, unit.status)) {
+        return PassOver(rule, kStatusLine, int{unit.number}, int{unit.status});
     }
-    if (!PassesCountTest(rule, unit, index, minimum)) {
+    if (!PassesCountTest(rule, unit, minimum)) {
         return false;
     }
-    if (unit.ulValues == 0 && !Contains(SetOf(CashUnitType::CouponCassette), unit.usType)) {
-        return PassOver(rule, kNotAvailableLine, index);
+    if (unit.value == 0 && !Contains(SetOf(CashUnitType::CouponCassette), unit.type)) {
+        return PassOver(rule, kNotAvailableLine, int{unit.number});
     }
     // On purpose: another currency leaves no trace.
-    return std::memcmp(&unit.cCurrencyID, &request.cCurrencyID, sizeof(CurrencyId)) == 0;
+    return std::memcmp(&unit.currency, &request.cCurrencyID, sizeof(CurrencyId)) == 0;
 }
 
-KeptUnit Keep(const OrderingRule& rule,
-              const MixRequest& request,
-              const LogicalCashUnit& unit,
-              unsigned index) noexcept {
-    const int exponent = request.sExponent;
-    const bool rescaled = rule.rescales && exponent < 0 && !Contains(kCoinTypes, unit.usType);
-    const std::uint32_t value =
-        rescaled ? ScaleByPowerOfTen(unit.ulValues, -exponent) : std::uint32_t{unit.ulValues};
+/// Brings the value of a unit that serves to the unit of the amount.
+KeptUnit Keep(const OrderingRule& rule, int exponent, CashUnitGroup& unit) noexcept {
+    if (rule.rescales && exponent < 0 && !Contains(kCoinTypes, unit.type)) {
+        unit.value = ScaleByPowerOfTen(unit.value, -exponent);
+    }
     const bool byTotal = rule.sortKey == SortKey::TotalDescending;
-    return {index, value, byTotal ? value * unit.ulCount : value};
+    return {&unit, byTotal ? unit.value * unit.count : unit.value};
 }
 
 void SortUnits(const OrderingRule& rule,
@@ -93,34 +88,36 @@ void SortUnits(const OrderingRule& rule,
                  });
 }
 
-/// The skeleton of every ordering: build the full table, keep the units that serve, sort them, copy
-/// them out in that order, and sort the cassettes of each, fullest first.
+void SortCassettes(const OrderingRule& rule, CashUnitGroup& unit) noexcept {
+    ExchangeSort(unit.cassettes.data(), unit.cassetteCount, rule.cassetteScan,
+                 [](const PhysicalCashUnit* first, const PhysicalCashUnit* second) {
+                     return first->ulCount < second->ulCount;
+                 });
+}
+
+/// The skeleton of every ordering: group the cassettes, keep the units that serve, sort them, and
+/// write them out in that order, the cassettes of each sorted, fullest first.
 ///
-/// Units are sorted by key and copied once, which leaves the same order as exchanging the records.
+/// Pointers are exchanged instead of records, which leaves the same order.
 void SelectAndOrder(const OrderingRule& rule,
                     const MixRequest& request,
                     std::uint32_t minimum,
                     LcuTable& ordered) noexcept {
-    LcuTable all;
-    CMixAlgorithm::BuildLCUTable(request, all);
+    CashUnitGroup groups[kMaxCashUnits];
+    const unsigned groupCount = GroupCassettes(request, groups);
     KeptUnit kept[kMaxCashUnits];
     unsigned count = 0;
-    for (unsigned index = 0; index < all.usCount; ++index) {
-        const LogicalCashUnit& unit = all.aLCUs[index];
-        if (Serves(rule, request, unit, static_cast<int>(index), minimum)) {
-            kept[count] = Keep(rule, request, unit, index);
+    for (unsigned index = 0; index < groupCount; ++index) {
+        if (Serves(rule, request, groups[index], minimum)) {
+            kept[count] = Keep(rule, request.sExponent, groups[index]);
             ++count;
         }
     }
     SortUnits(rule, request, kept, count);
     for (unsigned place = 0; place < count; ++place) {
-        LogicalCashUnit& unit = ordered.aLCUs[place];
-        unit = all.aLCUs[kept[place].index];
-        unit.ulValues = kept[place].value;
-        ExchangeSort(unit.aPhysicalCUs, unit.usNumPhysicalCUs, rule.cassetteScan,
-                     [](const PhysicalCashUnit& first, const PhysicalCashUnit& second) {
-                         return first.ulCount < second.ulCount;
-                     });
+        CashUnitGroup& unit = *kept[place].group;
+        SortCassettes(rule, unit);
+        WriteUnit(unit, ordered.aLCUs[place]);
     }
     ordered.usCount = static_cast<std::uint16_t>(count);
 }
