@@ -2,25 +2,30 @@
 
 #include <cstdint>
 
+/// Turns a number from the processor's byte order to little-endian, and back.
+inline std::uint16_t InLittleEndian(std::uint16_t value) noexcept {
+    return __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__ ? value : __builtin_bswap16(value);
+}
+inline std::uint32_t InLittleEndian(std::uint32_t value) noexcept {
+    return __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__ ? value : __builtin_bswap32(value);
+}
+
 /// Unsigned 16-bit integer kept as little-endian bytes: alignment 1, any address, the same bytes on
 /// every processor.
 ///
 /// These types convert from and to the native integer and do nothing else. Their default
 /// constructors leave the bytes as they are, so a record can be laid over memory of the host.
-/// The bytes are written out one by one because compilers turn exactly this form into one access
-/// where the processor allows it.
+/// Being packed, a number is read in one access where the processor allows that at any address, and
+/// byte by byte where it does not.
 class u16le {
 public:
     u16le() noexcept = default;
-    u16le(std::uint16_t value) noexcept
-        : bytes_{static_cast<unsigned char>(value), static_cast<unsigned char>(value >> 8U)} {}
+    u16le(std::uint16_t value) noexcept : bits_(InLittleEndian(value)) {}
 
-    operator std::uint16_t() const noexcept {
-        return static_cast<std::uint16_t>(bytes_[0] | (static_cast<unsigned>(bytes_[1]) << 8U));
-    }
+    operator std::uint16_t() const noexcept { return InLittleEndian(bits_); }
 
 private:
-    unsigned char bytes_[2];
+    std::uint16_t bits_ [[gnu::packed]];
 };
 
 /// Signed 16-bit integer, two's complement.
@@ -41,16 +46,10 @@ private:
 class u32le {
 public:
     u32le() noexcept = default;
-    u32le(std::uint32_t value) noexcept
-        : bytes_{static_cast<unsigned char>(value), static_cast<unsigned char>(value >> 8U),
-                 static_cast<unsigned char>(value >> 16U),
-                 static_cast<unsigned char>(value >> 24U)} {}
+    u32le(std::uint32_t value) noexcept : bits_(InLittleEndian(value)) {}
 
-    operator std::uint32_t() const noexcept {
-        return bytes_[0] | (std::uint32_t{bytes_[1]} << 8U) | (std::uint32_t{bytes_[2]} << 16U) |
-               (std::uint32_t{bytes_[3]} << 24U);
-    }
+    operator std::uint32_t() const noexcept { return InLittleEndian(bits_); }
 
 private:
-    unsigned char bytes_[4];
+    std::uint32_t bits_ [[gnu::packed]];
 };
