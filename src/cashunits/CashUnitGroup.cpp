@@ -14,8 +14,7 @@ bool HoldsSameItem(const CashUnitGroup& group, const PhysicalCashUnit& cassette)
            std::memcmp(&group.currency, &cassette.cCurrencyID, sizeof(CurrencyId)) == 0;
 }
 
-CashUnitGroup FirstOfGroup(unsigned number, const PhysicalCashUnit& cassette) noexcept {
-    CashUnitGroup group;
+void Begin(CashUnitGroup& group, unsigned number, const PhysicalCashUnit& cassette) noexcept {
     group.number = static_cast<std::uint16_t>(number);
     group.type = cassette.usType;
     group.currency = cassette.cCurrencyID;
@@ -25,7 +24,6 @@ CashUnitGroup FirstOfGroup(unsigned number, const PhysicalCashUnit& cassette) no
     group.count = cassette.ulCount;
     group.cassetteCount = 1;
     group.cassettes[0] = &cassette;
-    return group;
 }
 
 void Join(CashUnitGroup& group, const PhysicalCashUnit& cassette) noexcept {
@@ -51,7 +49,7 @@ unsigned GroupCassettes(const MixRequest& request, CashUnitGroup* groups) noexce
         if (number < count) {
             Join(groups[number], cassette);
         } else {
-            groups[number] = FirstOfGroup(number, cassette);
+            Begin(groups[number], number, cassette);
             ++count;
         }
     }

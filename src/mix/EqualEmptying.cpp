@@ -15,59 +15,88 @@ std::uint32_t Magnitude(std::uint32_t difference) noexcept {
 /// wraps at 32 bits on purpose: with well-filled cassettes, wrapped numbers are compared.
 class Imbalance {
 public:
-    explicit Imbalance(const SearchUnits& units) noexcept : n_(units.n) {
+    explicit Imbalance(const SearchUnits& units) noexcept : units_(units) {
         std::uint64_t product = 1;
-        for (unsigned unit = 0; unit < n_; ++unit) {
-            product = std::min(product * units.counts[unit], kLargestTrueProduct + 1);
+        for (unsigned unit = 0; unit < units.n; ++unit) {
+            product = std::min(product * units.counts[unit], kWord);
             weights_[unit] = 1;
-            for (unsigned other = 0; other < n_; ++other) {
+            for (unsigned other = 0; other < units.n; ++other) {
                 weights_[unit] *= other != unit ? units.counts[other] : 1;
             }
         }
-        isTrue_ = product <= kLargestTrueProduct;
+        areTrue_ = product < kWord / 2;
     }
 
     std::uint32_t Score(const Counts& combination) const noexcept {
-        return n_ == 2 ? Difference(combination, 0, 1) : AroundCycle(combination, n_);
+        return static_cast<std::uint32_t>(
+            units_.n == 2 ? Magnitude(Share(combination, 0) - Share(combination, 1))
+                          : AroundCycle(combination, units_.n));
     }
 
     void Walk(const ExactWalk& walk, MostEven<Imbalance>& search) const noexcept;
 
-    /// Whether every combination with these first counts scores above `best`: however the others
-    /// stand, the way from the last chosen share back to the first is at least their difference.
-    bool IsAbove(std::uint32_t best, const Counts& combination, unsigned chosen) const noexcept {
-        return isTrue_ && AroundCycle(combination, chosen) > best;
+    /// Whether every combination with these first counts, and `rest` left to the others, scores
+    /// above `best`.
+    ///
+    /// However the others stand, from the last chosen share back to the first it is at least their
+    /// difference. A score is the sum less the multiples of 2^32 in it, so the largest sum must not
+    /// come to the next multiple.
+    bool IsAbove(std::uint32_t best,
+                 const Counts& combination,
+                 unsigned chosen,
+                 std::uint32_t rest) const noexcept {
+        if (!areTrue_) {
+            return false;
+        }
+        const std::uint64_t least = AroundCycle(combination, chosen);
+        return least > best &&
+               (least - best - 1) / kWord == MostAround(combination, chosen, rest) / kWord;
     }
 
 private:
-    // The score is at most four times the product of all counts; up to here it does not wrap.
-    static constexpr std::uint64_t kLargestTrueProduct = 0x3FFFFFFFU;
+    static constexpr std::uint64_t kWord = std::uint64_t{1} << 32U;
 
-    std::uint32_t
-    Difference(const Counts& combination, unsigned unit, unsigned neighbour) const noexcept {
-        return Magnitude(weights_[unit] * combination[unit] -
-                         weights_[neighbour] * combination[neighbour]);
+    std::uint32_t Share(const Counts& combination, unsigned unit) const noexcept {
+        return weights_[unit] * combination[unit];
     }
 
     /// The differences of neighbours among the first `units` units, the last one's being the first.
-    std::uint32_t AroundCycle(const Counts& combination, unsigned units) const noexcept {
-        std::uint32_t sum = Difference(combination, units - 1, 0);
+    std::uint64_t AroundCycle(const Counts& combination, unsigned units) const noexcept {
+        const std::uint32_t first = Share(combination, 0);
+        std::uint32_t before = first;
+        std::uint64_t sum = 0;
         for (unsigned unit = 1; unit < units; ++unit) {
-            sum += Difference(combination, unit - 1, unit);
+            const std::uint32_t share = Share(combination, unit);
+            sum += Magnitude(share - before);
+            before = share;
         }
-        return sum;
+        return sum + Magnitude(before - first);
     }
 
-    unsigned n_;
-    bool isTrue_ = false;  ///< whether no score wraps
-    Counts weights_{};     ///< by unit: the product of the counts of all others
+    /// No less than any sum that begins like this: two shares differ by the larger one at most.
+    std::uint64_t
+    MostAround(const Counts& combination, unsigned chosen, std::uint32_t rest) const noexcept {
+        const std::uint32_t first = Share(combination, 0);
+        std::uint32_t before = Share(combination, chosen - 1);
+        std::uint64_t sum = AroundCycle(combination, chosen) - Magnitude(before - first);
+        for (unsigned unit = chosen; unit < units_.n; ++unit) {
+            const std::uint32_t most = weights_[unit] * units_.MostOf(unit, rest);
+            sum += std::max(before, most);
+            before = most;
+        }
+        return sum + std::max(before, first);
+    }
+
+    const SearchUnits& units_;
+    bool areTrue_ = false;  ///< whether no share wraps, nor a difference read as a signed number
+    Counts weights_{};      ///< by unit: the product of the counts of all others
 };
 
 struct ShareRule : WithinLimitRule<Imbalance> {
     using WithinLimitRule::WithinLimitRule;
 
-    bool Enters(unsigned level, const Counts& combination, std::uint32_t) const noexcept {
-        return !most.isFound || !most.evenness.IsAbove(most.best, combination, level + 1);
+    bool Enters(unsigned level, const Counts& combination, std::uint32_t rest) const noexcept {
+        return !most.isFound || !most.evenness.IsAbove(most.best, combination, level + 1, rest);
     }
 };
 

@@ -38,6 +38,28 @@ void FillFullUnits(Draw& draw, RandomCase& random) {
     random.request.Amount(amount).Limit(static_cast<std::uint16_t>(draw.Between(5, 60)));
 }
 
+/// Nearly all items of some units and hardly any of the others: no share wraps, but the differences
+/// of the shares around the table can add up to more than 2^32.
+void FillUnevenShares(Draw& draw, RandomCase& random) {
+    const std::uint32_t smallest = draw.Between(1, 3);
+    const std::uint32_t smallestCount = draw.Between(30000, 60000);
+    const std::uint32_t value = smallest * smallestCount / draw.Between(1, 4);
+    std::uint32_t amount = 0;
+    const auto add = [&](std::uint32_t worth, std::uint32_t count) {
+        random.request.Bill(worth, count);
+        const std::uint32_t few = draw.Below(count / 10 + 1);
+        amount += worth * (draw.Percent(50) ? few : count - few);
+    };
+    add(smallest, smallestCount);
+    add(value, draw.Between(100, 400));
+    add(draw.Between(value + 1, 2 * value), draw.Between(4, 12));
+    add(draw.Between(2 * value + 1, 3 * value), draw.Between(4, 12));
+    if (draw.Percent(30)) {
+        add(draw.Between(3 * value + 1, 4 * value), draw.Between(1, 3));
+    }
+    random.request.Amount(amount).Limit(65535);
+}
+
 }  // namespace
 
 void FillWrapping(Draw& draw, RandomCase& random) {
@@ -48,8 +70,10 @@ void FillWrapping(Draw& draw, RandomCase& random) {
     random.request.Currency("EUR").Exponent(0).Partial(draw.Below(3));
     if (draw.Percent(30)) {
         FillManyItems(draw, random);
-    } else {
+    } else if (draw.Percent(80)) {
         FillFullUnits(draw, random);
+    } else {
+        FillUnevenShares(draw, random);
     }
     random.object.cstMinimum = draw.Below(2);
 }
