@@ -50,7 +50,7 @@ public:
         }
         const std::uint64_t least = AroundCycle(combination, chosen);
         return least > best &&
-               (least - best - 1) / kWord == MostAround(combination, chosen, rest) / kWord;
+               (least - best - 1) / kWord == (least + Detour(combination, chosen, rest)) / kWord;
     }
 
 private:
@@ -73,18 +73,20 @@ private:
         return sum + Magnitude(before - first);
     }
 
-    /// No less than any sum that begins like this: two shares differ by the larger one at most.
+    /// No less than what the others can add to the cycle of the first `chosen` units: two shares
+    /// differ by the larger one at most.
     std::uint64_t
-    MostAround(const Counts& combination, unsigned chosen, std::uint32_t rest) const noexcept {
+    Detour(const Counts& combination, unsigned chosen, std::uint32_t rest) const noexcept {
         const std::uint32_t first = Share(combination, 0);
-        std::uint32_t before = Share(combination, chosen - 1);
-        std::uint64_t sum = AroundCycle(combination, chosen) - Magnitude(before - first);
+        const std::uint32_t last = Share(combination, chosen - 1);
+        std::uint64_t sum = 0;
+        std::uint32_t before = last;
         for (unsigned unit = chosen; unit < units_.n; ++unit) {
             const std::uint32_t most = weights_[unit] * units_.MostOf(unit, rest);
             sum += std::max(before, most);
             before = most;
         }
-        return sum + std::max(before, first);
+        return sum + std::max(before, first) - Magnitude(last - first);
     }
 
     const SearchUnits& units_;
