@@ -5,4 +5,5 @@ if(QXMIX_SANITIZE)
   add_compile_options(-fsanitize=${QXMIX_SANITIZE} -fno-sanitize=vptr
                       -fno-sanitize-recover=all -fno-omit-frame-pointer -g)
   add_link_options(-fsanitize=${QXMIX_SANITIZE})
+  add_compile_definitions(QXMIX_SANITIZED)
 endif()

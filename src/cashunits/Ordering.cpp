@@ -30,21 +30,16 @@ constexpr const char* kNotAvailableLine = "%sThe Cassette %d is not available.";
 bool PassesCountTest(const OrderingRule& rule,
                      const CashUnitGroup& unit,
                      std::uint32_t minimum) noexcept {
-    const bool aboveMinimum = unit.count > minimum;
-    const bool positive = AsSigned(unit.count) > 0;
-    switch (rule.countTest) {
-    case CountTest::AboveMinimum:
-        return aboveMinimum || PassOver(rule, kNotAvailableLine, int{unit.number});
-    case CountTest::AboveMinimumAndPositive:
-        if (!aboveMinimum) {
-            // On purpose: the line of the status, though it is the count that was too small.
-            return PassOver(rule, kStatusLine, int{unit.number}, int{unit.status});
-        }
-        break;
-    case CountTest::Positive:
-        break;
+    if (rule.countTest != CountTest::Positive && unit.count <= minimum) {
+        // On purpose: one ordering tells the status, though it is the count that was too small.
+        return rule.countTest == CountTest::AboveMinimum
+                   ? PassOver(rule, kNotAvailableLine, int{unit.number})
+                   : PassOver(rule, kStatusLine, int{unit.number}, int{unit.status});
     }
-    return positive || PassOver(rule, kNotAvailableLine, int{unit.number});
+    if (rule.countTest != CountTest::AboveMinimum && AsSigned(unit.count) <= 0) {
+        return PassOver(rule, kNotAvailableLine, int{unit.number});
+    }
+    return true;
 }
 
 bool Serves(const OrderingRule& rule,

@@ -4,14 +4,13 @@
 #include <cstdint>
 #include <cstdlib>
 
-/// Storage of the ordinary allocator, not cleared.
-struct ObjectStorage {
-    void* memory;
-};
+/// The ordinary allocator, whose memory is not cleared.
+struct OrdinaryAllocator {};
 
-/// Constructs in storage that is known to be there: the module has no throwing allocation.
-inline void* operator new(std::size_t, ObjectStorage storage) noexcept {
-    return storage.memory;
+/// @return null without memory, and then nothing is constructed: the module has no throwing
+///   allocation.
+inline void* operator new(std::size_t size, OrdinaryAllocator) noexcept {
+    return std::malloc(size);
 }
 
 /// Creates an object; the bytes that its constructor does not write keep what the allocator left.
@@ -19,8 +18,7 @@ inline void* operator new(std::size_t, ObjectStorage storage) noexcept {
 /// @return null without memory.
 template <typename Object, typename... Arguments>
 Object* CreateObject(Arguments... arguments) noexcept {
-    const ObjectStorage storage{std::malloc(sizeof(Object))};
-    return storage.memory != nullptr ? new (storage) Object(arguments...) : nullptr;
+    return new (OrdinaryAllocator{}) Object(arguments...);
 }
 
 constexpr std::uint32_t kFreeStorage = 1;  ///< flag of Destroy: free the storage too

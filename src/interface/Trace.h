@@ -14,7 +14,8 @@ inline int TraceNumber(std::uint32_t value) noexcept {
     return static_cast<int>(value);
 }
 
-/// A line that is put together from pieces; text beyond 255 characters is cut off.
+/// A line that is put together from pieces; text beyond 255 characters is cut off, and a piece that
+/// cannot be formatted is left out.
 class TraceText {
 public:
     TraceText() noexcept { line_[0] = '\0'; }
@@ -27,6 +28,7 @@ public:
             length_ += static_cast<unsigned>(added);
             length_ = length_ < sizeof(line_) ? length_ : unsigned{sizeof(line_)} - 1;
         }
+        line_[length_] = '\0';  // what stands behind it after an error is anybody's guess
     }
 
     const char* Line() const noexcept { return line_; }

@@ -205,11 +205,13 @@ TEST_F(CallControl, DoesNotCountWhatTheHostDoes) {
 }
 
 TEST_F(CallControl, PassesOverFunctionsThatAreNone) {
-    const auto none = static_cast<QxmixFunction>(kQxmixAnyFunction + 1);
-    QxmixFailCall(none, 1, -99);
-    QxmixFailCallsFrom(none, 1, -99);
-    EXPECT_EQ(QxmixCallCount(none), 0U);
-    EXPECT_STREQ(QxmixFunctionName(none), "");
+    for (const int number : {kQxmixAnyFunction + 1, kQxmixAnyFunction + 1000, -1}) {
+        const auto none = static_cast<QxmixFunction>(number);
+        QxmixFailCall(none, 1, -99);
+        QxmixFailCallsFrom(none, 1, -99);
+        EXPECT_EQ(QxmixCallCount(none), 0U);
+        EXPECT_STREQ(QxmixFunctionName(none), "");
+    }
     EXPECT_STREQ(QxmixFunctionName(kQxmixAnyFunction), "");
     EXPECT_EQ(RegCloseKey(HKEY_LOCAL_MACHINE), 0);
 }

@@ -121,6 +121,14 @@ TEST_F(RegistryControl, DeletesAKeyWithEverythingBelowItAndNothingBeside) {
     EXPECT_EQ(QxmixRegistryDeleteKey("HKEY_LOCAL_MACHINE\\A"), kQxmixErrorFileNotFound);
 }
 
+TEST_F(RegistryControl, DeletesAKeyAndNotTheShorterOneBehindIt) {
+    ASSERT_EQ(QxmixRegistryCreateKey("HKEY_LOCAL_MACHINE\\LONG NAME\\A"), 0);
+    ASSERT_EQ(QxmixRegistryCreateKey("HKEY_LOCAL_MACHINE\\M"), 0);
+    EXPECT_EQ(QxmixRegistryDeleteKey("HKEY_LOCAL_MACHINE\\LONG NAME"), 0);
+    EXPECT_EQ(QxmixRegistryKeyExists("HKEY_LOCAL_MACHINE\\LONG NAME"), 0);
+    EXPECT_EQ(QxmixRegistryKeyExists("HKEY_LOCAL_MACHINE\\M"), 1);
+}
+
 TEST_F(RegistryControl, EmptiesARootButKeepsIt) {
     ASSERT_EQ(QxmixRegistrySetNumber("HKEY_LOCAL_MACHINE", "N", 1), 0);
     ASSERT_EQ(QxmixRegistryCreateKey("HKEY_CLASSES_ROOT\\A"), 0);
@@ -158,10 +166,38 @@ INSTANTIATE_TEST_SUITE_P(Wrong,
                                          "HKEY_LOCAL_MACHINE\\\xFF",
                                          "HKEY_LOCAL_MACHINE\\\xC3"));
 
-TEST_F(RegistryControl, RefusesWrongNamesAndText) {
-    const std::string tooLong(256, 'v');
-    EXPECT_EQ(QxmixRegistrySetNumber(kNew, "\xC0\x80", 1), kQxmixErrorInvalidParameter);
-    EXPECT_EQ(QxmixRegistrySetNumber(kNew, tooLong.c_str(), 1), kQxmixErrorInvalidParameter);
+class RegistryControlName : public PlatformTest, public testing::WithParamInterface<const char*> {};
+
+TEST_P(RegistryControlName, IsRefusedByEveryFunction) {
+    const char* const name = GetParam();
+    EXPECT_EQ(QxmixRegistrySetValue(kNew, name, 1, "", 0), kQxmixErrorInvalidParameter);
+    EXPECT_EQ(QxmixRegistrySetText(kNew, name, ""), kQxmixErrorInvalidParameter);
+    EXPECT_EQ(QxmixRegistrySetNumber(kNew, name, 0), kQxmixErrorInvalidParameter);
+    EXPECT_EQ(QxmixRegistryGetValue(kNew, name, nullptr, nullptr, nullptr),
+              kQxmixErrorInvalidParameter);
+    EXPECT_EQ(QxmixRegistryDeleteValue(kNew, name), kQxmixErrorInvalidParameter);
+    EXPECT_EQ(QxmixRegistryKeyExists(kNew), 0);
+}
+
+const std::string kTooLong(256, 'v');
+
+INSTANTIATE_TEST_SUITE_P(Wrong,
+                         RegistryControlName,
+                         testing::Values("\xC0\x80",      // longer than it need be
+                                         "\xED\xA0\x80",  // half of a pair, the first
+                                         "\xED\xB0\x80",  // and the second
+                                         "\xF4\x90\x80\x80",
+                                         kTooLong.c_str()));
+
+TEST_F(RegistryControl, TakesAMissingNameForTheKeysOwnValue) {
+    ASSERT_EQ(QxmixRegistrySetNumber(kNew, nullptr, 7), 0);
+    EXPECT_EQ(StoredBytes(kNew, "")[0], 7);
+    EXPECT_EQ(StoredBytes(kNew, nullptr)[0], 7);
+    EXPECT_EQ(QxmixRegistryDeleteValue(kNew, nullptr), 0);
+    EXPECT_EQ(QxmixRegistryDeleteValue(kNew, ""), kQxmixErrorFileNotFound);
+}
+
+TEST_F(RegistryControl, RefusesWrongText) {
     EXPECT_EQ(QxmixRegistrySetText(kNew, "N", "\xED\xA0\x80"), kQxmixErrorInvalidParameter);
     EXPECT_EQ(QxmixRegistrySetText(kNew, "N", nullptr), kQxmixErrorInvalidParameter);
     EXPECT_EQ(QxmixRegistrySetValue(kNew, "N", 1, nullptr, 1), kQxmixErrorInvalidParameter);

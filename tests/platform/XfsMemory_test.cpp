@@ -1,8 +1,30 @@
 #include "PlatformTest.h"
 
 #include <algorithm>
+#include <fstream>
+#include <sys/resource.h>
+#include <unistd.h>
 
 namespace {
+
+/// Lets the process have so many bytes more than it has, as long as it lives.
+class MemoryLimit {
+public:
+    explicit MemoryLimit(rlim_t bytes) {
+        getrlimit(RLIMIT_AS, &before_);
+        unsigned long pages = 0;
+        std::ifstream("/proc/self/statm") >> pages;
+        rlimit limit = before_;
+        limit.rlim_cur = pages * static_cast<rlim_t>(sysconf(_SC_PAGESIZE)) + bytes;
+        setrlimit(RLIMIT_AS, &limit);
+    }
+    MemoryLimit(const MemoryLimit&) = delete;
+    MemoryLimit& operator=(const MemoryLimit&) = delete;
+    ~MemoryLimit() { setrlimit(RLIMIT_AS, &before_); }
+
+private:
+    rlimit before_ = {};
+};
 
 class XfsMemory : public PlatformTest {
 protected:
@@ -91,6 +113,28 @@ TEST_F(XfsMemory, RefusesWildSizesAndLeavesThePointerAlone) {
     EXPECT_EQ(QxmixMemoryLiveBlocks(), 1U);
     EXPECT_EQ(WFMFreeBuffer(root_), kQxmixXfsSuccess);
 }
+
+// A sanitizer's own memory does not keep to the limit, and its allocator ends the process.
+#ifndef QXMIX_SANITIZED
+TEST_F(XfsMemory, TellsWhenTheMachineHasNoMoreAndLeavesThePointerAlone) {
+    constexpr ULONG kLargest = 16U * 1024 * 1024;
+    int stays = 0;
+    void* block = &stays;
+    HRESULT result = kQxmixXfsSuccess;
+    {
+        const MemoryLimit limit(4 * kLargest);
+        for (unsigned round = 0; round < 100 && result == kQxmixXfsSuccess; ++round) {
+            block = &stays;
+            result = WFMAllocateBuffer(kLargest, 0, &block);
+        }
+    }
+    EXPECT_EQ(result, kQxmixXfsOutOfMemory);
+    EXPECT_EQ(block, &stays);
+    const std::uint32_t blocks = QxmixMemoryLiveBlocks();
+    ASSERT_EQ(WFMAllocateBuffer(8, 0, &root_), kQxmixXfsSuccess);
+    EXPECT_EQ(QxmixMemoryLiveBlocks(), blocks + 1);
+}
+#endif
 
 TEST_F(XfsMemory, GivesEmptyBlocksAddressesOfTheirOwn) {
     ASSERT_EQ(WFMAllocateBuffer(0, 0, &root_), kQxmixXfsSuccess);

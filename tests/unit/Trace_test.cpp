@@ -4,19 +4,26 @@
 #include "Terminal.h"
 
 #include <cstdarg>
+#include <cstring>
 
 namespace {
 
 unsigned formattings = 0;
+bool formattingFails = false;
 
 }  // namespace
 
-// What the module's snprintf is led to by the linker: counts, and formats as ever.
+// What the module's snprintf is led to by the linker: counts, and formats as ever unless it has to
+// fail, with rubbish left in the room.
 extern "C" int
 __wrap_snprintf(char* room, std::size_t size, const char* format, ...);  // NOLINT(*-vararg)
 
 int __wrap_snprintf(char* room, std::size_t size, const char* format, ...) {
     ++formattings;
+    if (formattingFails) {
+        std::memset(room, '?', size);
+        return -1;
+    }
     va_list values;
     va_start(values, format);
     const int length = std::vsnprintf(room, size, format, values);
@@ -124,6 +131,17 @@ TEST(TraceText, CutsBehind255Characters) {
     TraceText whole;
     whole.Append("%s", std::string(1000, 'b').c_str());
     EXPECT_EQ(whole.Line(), std::string(255, 'b'));
+}
+
+TEST(TraceText, LeavesOutAPieceThatCannotBeFormatted) {
+    TraceText text;
+    text.Append("%s", "a");
+    formattingFails = true;
+    text.Append("%s", "b");
+    formattingFails = false;
+    EXPECT_STREQ(text.Line(), "a");
+    text.Append("%s", "c");
+    EXPECT_STREQ(text.Line(), "ac");
 }
 
 TEST(TraceText, IsEmptyAtFirst) {
