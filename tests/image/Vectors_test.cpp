@@ -1,11 +1,10 @@
 #include "ImageTest.h"
 #include "Requests.h"
 
-#include "Digest.h"
+#include "RequestDigest.h"
 #include "VectorFile.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -51,18 +50,10 @@ protected:
         EXPECT_EQ(asked.remainder, request.ulRemainder) << asked.name;
         EXPECT_TRUE(std::equal(result.aulNotes, result.aulNotes + kMaxCashUnits, asked.notes))
             << asked.name;
-        const u32le returned = static_cast<std::uint32_t>(answer.returned);
-        digest_.Add(&returned, sizeof(returned));
-        digest_.Add(&request, sizeof(request));
-        digest_.Add(&result, sizeof(result));
-        digest_.Add(answer.lastCode.c_str(), answer.lastCode.size() + 1);
+        property::AddTo(digest_, answer);
     }
 
-    std::string DigestAsText() const {
-        char text[24];
-        std::snprintf(text, sizeof(text), "%016llx", digest_.Value());
-        return text;
-    }
+    std::string DigestAsText() const { return property::TextOf(digest_); }
 
 private:
     Digest digest_;

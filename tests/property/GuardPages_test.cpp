@@ -63,9 +63,10 @@ protected:
         }
         expected.returned = outcome.returned;
         expected.lastCode = outcome.lastCode;
-        inner_->usFirstMixNumber = random.object.first;
-        inner_->usLastMixNumber = random.object.last;
-        inner_->ulCstMinimum4Mix6 = random.object.cstMinimum;
+        auto* const object = static_cast<CMixAlgorithm*>(inner_);
+        object->usFirstMixNumber = random.object.first;
+        object->usLastMixNumber = random.object.last;
+        object->ulCstMinimum4Mix6 = random.object.cstMinimum;
         actual.returned = outer_->MixCalculate(reinterpret_cast<MixRequest*>(request_.Bytes()),
                                                reinterpret_cast<MixResult*>(result_.Bytes()));
         actual.lastCode = TakeErrorCode();
@@ -82,11 +83,11 @@ protected:
 private:
     void Reserved() noexcept override {}
     std::int32_t OnObjectCreated(IMixAlgorithm* object) noexcept override {
-        inner_ = static_cast<CMixAlgorithm*>(object);  // the second of the two
+        inner_ = object;  // the second of the two
         return 0;
     }
 
-    CMixAlgorithm* inner_ = nullptr;
+    IMixAlgorithm* inner_ = nullptr;
     IMixAlgorithm* outer_;
 };
 

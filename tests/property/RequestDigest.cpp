@@ -4,7 +4,6 @@
 #include <cstdio>
 #include <iterator>
 
-#include "../vectors/Digest.h"
 #include "LittleEndian.h"
 
 namespace property {
@@ -22,6 +21,20 @@ bool HasAnswer(const RandomCase& random) {
 
 }  // namespace
 
+void AddTo(Digest& digest, const Answer& answer) {
+    const u32le returned = static_cast<std::uint32_t>(answer.returned);
+    digest.Add(&returned, sizeof(returned));
+    digest.Add(answer.request.data(), answer.request.size());
+    digest.Add(answer.result.data(), answer.result.size());
+    digest.Add(answer.lastCode.c_str(), answer.lastCode.size() + 1);
+}
+
+std::string TextOf(const Digest& digest) {
+    char text[24];
+    std::snprintf(text, sizeof(text), "%016llx", digest.Value());
+    return text;
+}
+
 RequestDigest DigestOfRequests(std::uint64_t cases, const Calculation& calculate) {
     RequestDigest all;
     Digest digest;
@@ -34,16 +47,10 @@ RequestDigest DigestOfRequests(std::uint64_t cases, const Calculation& calculate
         Answer answer;
         std::copy_n(random.request.Bytes(), reference::kRequestBytes, answer.request.begin());
         calculate(random.object, static_cast<unsigned>(number % 8), answer);
-        const u32le returned = static_cast<std::uint32_t>(answer.returned);
-        digest.Add(&returned, sizeof(returned));
-        digest.Add(answer.request.data(), answer.request.size());
-        digest.Add(answer.result.data(), answer.result.size());
-        digest.Add(answer.lastCode.c_str(), answer.lastCode.size() + 1);
+        AddTo(digest, answer);
         ++all.asked;
     }
-    char text[24];
-    std::snprintf(text, sizeof(text), "%016llx", digest.Value());
-    all.digest = text;
+    all.digest = TextOf(digest);
     return all;
 }
 

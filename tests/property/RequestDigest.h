@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 
+#include "../vectors/Digest.h"
 #include "ModuleUnderTest.h"
 #include "RandomRequests.h"
 
@@ -12,6 +13,14 @@ namespace property {
 /// behind an aligned address; the answer holds the request before and after.
 using Calculation =
     std::function<void(const reference::Object& object, unsigned shift, Answer& answer)>;
+
+constexpr std::uint64_t kDigestRequests = 100000;  ///< as many as the kept digest is made of
+
+/// Adds everything that a host sees of a calculation.
+void AddTo(Digest& digest, const Answer& answer);
+
+/// 16 hexadecimal digits.
+std::string TextOf(const Digest& digest);
 
 /// Random requests that are the same on every build, and what a module answers to them.
 struct RequestDigest {

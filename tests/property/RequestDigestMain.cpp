@@ -7,7 +7,8 @@
 #include "RequestDigest.h"
 
 int main(int count, char** arguments) {
-    const std::uint64_t cases = count > 1 ? std::strtoull(arguments[1], nullptr, 10) : 100000;
+    const std::uint64_t cases =
+        count > 1 ? std::strtoull(arguments[1], nullptr, 10) : property::kDigestRequests;
     property::ModuleUnderTest module;
     bool isIntact = true;
     const property::RequestDigest all = property::DigestOfRequests(

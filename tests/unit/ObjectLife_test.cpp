@@ -11,6 +11,7 @@ using Addresses = std::vector<const void*>;
 class Destruction : public TerminalTest, public testing::WithParamInterface<unsigned> {
 protected:
     Destruction() {
+        const Allocator fillsNewMemory;
         host_.Create();
         host_.Delete();
         host_.Create();

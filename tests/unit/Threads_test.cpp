@@ -1,8 +1,8 @@
 /// Calculations side by side: each gets what it gets alone.
 
-#include "Answer.h"
-
+#include "RequestBuilder.h"
 #include "Terminal.h"
+#include "TestHost.h"
 
 #include <atomic>
 #include <cstring>
