@@ -35,7 +35,7 @@ TEST(RandomRequests, AreTheSameOnEveryPlatform) {
     EXPECT_EQ(0x87CD4039D2AC7EDDULL, Digest(Kind::Realistic, 1));
     EXPECT_EQ(0x5AE57EE3F25B3C1FULL, Digest(Kind::Adversarial, 1));
     EXPECT_EQ(0xC46F2029181CB8D1ULL, Digest(Kind::Extreme, 1));
-    EXPECT_EQ(0x398EE98A433B1BCEULL, Digest(Kind::Wrapping, 1));
+    EXPECT_EQ(0x7033E5E578583C88ULL, Digest(Kind::Wrapping, 1));
     EXPECT_EQ(0xD93422A30079CED0ULL, Digest(Kind::AnyBytes, 1));
 }
 

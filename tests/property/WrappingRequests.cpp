@@ -45,17 +45,18 @@ void FillUnevenShares(Draw& draw, RandomCase& random) {
     const std::uint32_t smallestCount = draw.Between(30000, 60000);
     const std::uint32_t value = smallest * smallestCount / draw.Between(1, 4);
     std::uint32_t amount = 0;
-    const auto add = [&](std::uint32_t worth, std::uint32_t count) {
+    const auto add = [&](std::uint32_t worth, std::uint32_t fewest, std::uint32_t most) {
+        const std::uint32_t count = draw.Between(fewest, most);
         random.request.Bill(worth, count);
         const std::uint32_t few = draw.Below(count / 10 + 1);
         amount += worth * (draw.Percent(50) ? few : count - few);
     };
-    add(smallest, smallestCount);
-    add(value, draw.Between(100, 400));
-    add(draw.Between(value + 1, 2 * value), draw.Between(4, 12));
-    add(draw.Between(2 * value + 1, 3 * value), draw.Between(4, 12));
+    add(smallest, smallestCount, smallestCount);
+    add(value, 100, 400);
+    add(draw.Between(value + 1, 2 * value), 4, 12);
+    add(draw.Between(2 * value + 1, 3 * value), 4, 12);
     if (draw.Percent(30)) {
-        add(draw.Between(3 * value + 1, 4 * value), draw.Between(1, 3));
+        add(draw.Between(3 * value + 1, 4 * value), 1, 3);
     }
     random.request.Amount(amount).Limit(65535);
 }
