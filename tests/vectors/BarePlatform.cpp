@@ -1,6 +1,6 @@
 /// The least that the module needs of a platform: an empty registry that remembers the error code,
 /// no memory manager, no events and no trace. In place of the stand-in library, so that the vectors
-/// run where nothing but the C library can be had.
+/// run where nothing but the C library can be had, and benchmarks time the module alone.
 
 #include "PlatformApi.h"
 #include "RecordedCode.h"
