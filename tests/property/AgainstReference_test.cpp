@@ -12,7 +12,6 @@
 namespace property {
 namespace {
 
-constexpr std::uint64_t kStepBudget = 100000;
 constexpr unsigned kMostDifferencesShown = 5;
 
 /// Share of a kind in all cases, in hundredths.
@@ -58,7 +57,7 @@ protected:
         std::copy_n(random.request.Bytes(), reference::kRequestBytes, expected.request.begin());
         Answer actual = expected;
         const reference::Outcome outcome = reference::MixCalculate(
-            random.object, expected.request.data(), expected.result.data(), kStepBudget);
+            random.object, expected.request.data(), expected.result.data(), stepBudget_);
         if (!outcome.finished) {
             ++tally_.exceeded;
             return;
@@ -84,8 +83,10 @@ protected:
 
     std::uint64_t seed_ = Setting("QXMIX_SEED", 1);
     std::uint64_t first_ = Setting("QXMIX_FIRST", 0);
-    std::uint64_t cases_ =
-        std::max<std::uint64_t>(1, Setting("QXMIX_CASES", 1200000) * ShareOf(GetParam()) / 100);
+    std::uint64_t cases_ = Setting(
+        "QXMIX_EACH",
+        std::max<std::uint64_t>(1, Setting("QXMIX_CASES", 1200000) * ShareOf(GetParam()) / 100));
+    std::uint64_t stepBudget_ = Setting("QXMIX_STEPS", 100000);
     Tally tally_;
     ModuleUnderTest module_;
 };
@@ -97,7 +98,7 @@ TEST_P(AgainstReference, AnswersEveryRequestAlike) {
     std::cout << NameOf(GetParam()) << ": seed " << seed_ << ", " << cases_ << " cases from "
               << first_ << ": " << tally_.equal << " equal (" << tally_.paid << " paid), "
               << tally_.different << " different, " << tally_.exceeded << " not run (more than "
-              << kStepBudget << " steps)\n  equal by mix (0: invalid):";
+              << stepBudget_ << " steps)\n  equal by mix (0: invalid):";
     for (const std::uint64_t equal : tally_.equalByMix) {
         std::cout << ' ' << equal;
     }

@@ -8,6 +8,8 @@ namespace property {
 ///
 /// QXMIX_SEED   seed of the random requests
 /// QXMIX_CASES  random requests in all
+/// QXMIX_EACH   random requests of each kind, instead of a share of all
+/// QXMIX_STEPS  after how many steps of the reference a random request is given up
 /// QXMIX_FULL   1: every small table instead of a part of them
 std::uint64_t Setting(const char* name, std::uint64_t byDefault);
 
