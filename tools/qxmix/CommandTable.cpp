@@ -4,6 +4,7 @@
 #include "MapCommand.h"
 #include "MixCommand.h"
 #include "RegistryCommand.h"
+#include "ReplayCommand.h"
 #include "SimulateCommand.h"
 #include "TypesCommand.h"
 
@@ -15,6 +16,7 @@ std::vector<std::unique_ptr<Command>> AllCommands() {
     commands.push_back(std::make_unique<ExplainCommand>());
     commands.push_back(std::make_unique<MapCommand>());
     commands.push_back(std::make_unique<SimulateCommand>());
+    commands.push_back(std::make_unique<ReplayCommand>());
     commands.push_back(std::make_unique<BatchCommand>());
     commands.push_back(std::make_unique<TypesCommand>());
     commands.push_back(std::make_unique<RegistryCommand>());

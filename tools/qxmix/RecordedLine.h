@@ -1,7 +1,10 @@
 #pragma once
 
+#include "Json.h"
 #include "MixAnswers.h"
+#include "RequestReader.h"
 
+#include <cstdint>
 #include <string>
 
 namespace qxmix {
@@ -11,5 +14,23 @@ namespace qxmix {
 ///
 /// @throw WorkError when the file cannot be written.
 void RecordAnswers(const std::string& file, const MixAnswers& answers);
+
+/// One recorded line.
+struct RecordedLine {
+    std::uint64_t number = 0;  ///< of the line in its file, from 1
+    Json id;                   ///< null: none
+    AskedRequest asked;
+    Json answer;  ///< fields of a result (ResultJson), those that count; null: none was recorded
+};
+
+/// Reads a recorded line: an id, a request as hexadecimal digits or as a line of a batch, an
+/// answer.
+///
+/// @param reader  reads the latter.
+/// @throw InputError
+RecordedLine ReadRecordedLine(const std::string& text,
+                              const std::string& file,
+                              std::uint64_t number,
+                              RequestReader& reader);
 
 }  // namespace qxmix

@@ -1,0 +1,163 @@
+#!/usr/bin/env python3
+"""What `qxmix replay` compares, with what `qxmix mix --record` wrote and between two libraries."""
+
+import json
+import signal
+import time
+
+from tool_runner import Checks, Tool, parse_arguments
+
+EURO = "EUR:100x300,50x1200,20x1500,20x900,10x60:low"
+ONES = "EUR:1x2000"
+CRASH, HANG = 1001, 1002
+
+
+def write(tool, *lines):
+    text = "".join((line if isinstance(line, str) else json.dumps(line)) + "\n" for line in lines)
+    (tool.folder / "trace.ndjson").write_text(text)
+
+
+def replay(tool, *words):
+    status, output, errors = tool.run(["replay", "trace.ndjson", "--json", *words])
+    return status, json.loads(output)["result"] if output else None, errors
+
+
+def request(amount, dispenser=EURO, **fields):
+    return {"dispenser": dispenser, "amount": amount, **fields}
+
+
+def check_recorded(tool, checks):
+    for amount in (280, 285, 5):
+        tool.run(["mix", "examples/euro.json", "--amount", str(amount), "--mix", "all", "--record",
+                  "recorded.ndjson"])
+    status, output, _ = tool.run(["replay", "recorded.ndjson"])
+    checks.equal("what was recorded just now", (status, output),
+                 (0, "30 requests are answered as recorded\n"))
+    tool.run(["mix", ONES, "--amount", str(HANG), "--library", "fake.so", "--deadline", "100ms",
+              "--record", "hanging.ndjson"])
+    words = ["replay", "hanging.ndjson", "--deadline", "100ms"]
+    checks.equal("no answer is an answer", tool.run(words + ["--library", "fake.so"])[:2],
+                 (0, "1 request is answered as recorded\n"))
+    status, output, _ = tool.run(words)
+    checks.equal("another one is a difference", (status, output.split("\n")[3:]),
+                 (1, [" outcome     noAnswer             tooManyItems", ""]))
+
+
+def check_fields(tool, checks):
+    now = json.loads(tool.run(["mix", EURO, "--amount", "280", "--json"])[1])["result"]
+    write(tool, {"request": request(280), "answer": now})
+    checks.equal("a whole result", replay(tool)[:2],
+                 (0, {"requests": 1, "same": 1, "differences": []}))
+    others = {"outcome": "overpaid", "asked": "281", "paid": "0", "values": [1, 2, 3, 4, 5, 6],
+              "items": {"notes": 1, "coins": 0}, "returned": -14, "errorCode": "failed",
+              "registry": "971A2", "remainder": 7, "amountAfter": 3}
+    for field, other in others.items():
+        write(tool, {"id": field, "request": request(280), "answer": {field: other}},
+              {"id": field, "request": request(280), "answer": {field: now[field]}})
+        status, result, _ = replay(tool)
+        checks.equal(f"{field}: compared alone", (status, result["differences"]),
+                     (1, [{"line": 1, "id": field, "recorded": {field: other},
+                           "now": {field: now[field]}}]))
+    write(tool, {"request": request(280), "answer": {}})
+    checks.equal("nothing is compared that is left out", replay(tool)[0], 0)
+
+
+BAD = [
+    ('{"request":', "1:12: syntax error"),
+    ({"answer": {}}, "1: /request: missing; expected 2120 hex digits or a request"),
+    ({"request": request(5)}, "1: /answer: missing; expected what was answered, or two libraries"),
+    ({"request": request(5), "answer": {"paied": "5"}}, '1: /answer/paied: unknown field; did you mean "paid"?'),
+    ({"request": request(5), "answer": {"values": [1]}}, "1: /answer/values: 1 numbers is not allowed; expected a list of 6 numbers"),
+    ({"request": request(5), "answer": {"values": [1, 2, 3, 4, 5, "6"]}}, "1: /answer/values/5: "),
+    ({"request": request(5), "answer": {"returned": 2**31}}, "1: /answer/returned: "),
+    ({"request": request(5), "answer": {"registry": 5}}, "1: /answer/registry: 5 is not allowed; expected text or null"),
+    ({"request": request(5), "answer": {"outcome": "payed"}}, '1: /answer/outcome: unknown outcome "payed"; expected one of: '),
+    ({"request": {"amount": 5}, "answer": {}}, "1: /request/currency: missing"),
+    ({"request": "xy" * 1060, "answer": {}}, "1: /request: other characters than hex digits; expected 2120"),
+    ({"request": request(5), "answer": {}, "anser": 1}, '1: /anser: unknown field; did you mean "answer"?'),
+]
+
+
+def check_bad_lines(tool, checks):
+    for line, message in BAD:
+        write(tool, line)
+        status, result, errors = replay(tool)
+        checks.equal(f"{line}: exit status, nothing shown", (status, result), (2, None))
+        checks.check(f"{line}: said", errors.startswith(f"qxmix: trace.ndjson:{message}") and
+                     errors.count("\n") == 1, errors)
+
+
+def check_libraries(tool, checks):
+    write(tool, {"id": 1, "request": request(50, ONES, maxDispenseItems=100)},
+          {"id": 2, "request": request(CRASH, ONES, maxDispenseItems=2000)})
+    (tool.folder / "real.so").symlink_to(tool.environment["QXMIX_LIBRARY"])
+    words = ["replay", "trace.ndjson", "--library", "real.so", "--library", "fake.so"]
+    status, output, _ = tool.run(words)
+    checks.equal("two libraries", (status, output),
+                 (1, "1 of 2 requests is answered differently\n"
+                     "line 2, id 2: 1001 EUR, mix 1\n"
+                     "             real.so                  fake.so\n"
+                     " outcome     paid                     crashed\n"
+                     " paid        1001                     ?\n"
+                     " items       {\"notes\":1001,\"coins\":0} {\"notes\":null,\"coins\":null}\n"
+                     " values      1001 0 0 0 0 0           ? ? ? ? ? ?\n"
+                     " returned    0                        ?\n"
+                     " remainder   0                        ?\n"
+                     " amountAfter 1001                     ?\n"))
+    result = json.loads(tool.run(words + ["--json"])[1])["result"]
+    checks.equal("two libraries: a and b",
+                 [(d["a"]["outcome"], d["b"]["outcome"]) for d in result["differences"]],
+                 [("paid", "crashed")])
+    status, output, _ = tool.run(["replay", "trace.ndjson", "--library", "real.so", "--library",
+                                  tool.environment["QXMIX_LIBRARY"]])
+    checks.equal("alike", (status, output), (0, "2 requests are answered alike\n"))
+
+
+def check_registry(tool, checks):
+    refused = request(60, "EUR:50x200,20x90", mix=6)
+    write(tool, *[{"request": {**refused, "registry": {"CSTMinimum4Mix6": str(minimum)}},
+                   "answer": {"outcome": "paid" if minimum < 90 else "notDispensable"}}
+                  for minimum in list(range(1, 30)) + [95, 5, 250]])
+    checks.equal("requests bring their registry", replay(tool)[0], 0)
+    status, result, _ = replay(tool, "--registry", "mended.reg", "--registry-out", "left.reg")
+    checks.equal("--registry stands before it", (status, len(result["differences"])), (1, 30))
+    left = (tool.folder / "left.reg").read_bytes().decode("utf-16")
+    checks.check("--registry-out", '"CDM"=hex(1):39,37,31,41,32' in left, left)
+
+
+def check_many(tool, checks):
+    write(tool, *[{"id": n, "request": request(50), "answer": {"paid": "0"}} for n in range(25)])
+    lines = tool.run(["replay", "trace.ndjson"])[1].splitlines()
+    checks.equal("the first twenty are shown", (lines[0], len(lines), lines[-1]),
+                 ("25 of 25 requests are answered differently", 62, "and 5 more; --json has them all"))
+
+
+def check_interrupt(tool, checks):
+    write(tool, {"request": request(5, ONES), "answer": {"paid": "5"}},
+          {"request": request(HANG, ONES), "answer": {}})
+    for words, complete in (([], None), (["--json"], False)):
+        process = tool.start(["replay", "trace.ndjson", "--library", "fake.so", "--deadline", "60s"]
+                             + words)
+        time.sleep(0.6)
+        process.send_signal(signal.SIGINT)
+        output, errors = process.communicate(timeout=20)
+        checks.equal("Ctrl-C: exit status", (process.returncode, errors), (130, b""))
+        if complete is None:
+            checks.equal("Ctrl-C: what is complete", output,
+                         b"1 request is answered as recorded\n"
+                         b"interrupted at line 2, 1 requests asked\n")
+        else:
+            checks.equal("Ctrl-C: complete", json.loads(output)["complete"], complete)
+
+
+def main():
+    arguments = parse_arguments()
+    checks = Checks()
+    with Tool(arguments) as tool:
+        for part in (check_recorded, check_fields, check_bad_lines, check_libraries, check_registry,
+                     check_many, check_interrupt):
+            part(tool, checks)
+    checks.finish()
+
+
+main()
