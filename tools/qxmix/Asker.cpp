@@ -1,6 +1,7 @@
 #include "Asker.h"
 
 #include "Interrupt.h"
+#include "SharedLibrary.h"
 
 #include <utility>
 
@@ -51,6 +52,9 @@ Worker& Asker::OpenWorker() {
                                                    trace_(line);
                                                }
                                            });
+        if (version_.empty()) {
+            version_ = StatedVersion(library_);
+        }
     }
     return *worker_;
 }

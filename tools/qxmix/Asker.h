@@ -21,7 +21,8 @@ public:
     /// @throw WorkError when the library cannot be used.
     const Opening& Open();
 
-    /// Version that the library's trace lines name; empty when none does. Known once it is open.
+    /// Version that the library's file or its trace lines name; empty when none does. Known once it
+    /// is open.
     const std::string& ModuleVersion() const { return version_; }
 
     const std::string& Library() const { return library_; }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "SystemHandles.h"
+
 #include <chrono>
 #include <cstdint>
 #include <optional>
@@ -18,8 +20,8 @@ struct Message {
 /// One end of a two-way stream of messages.
 class Channel {
 public:
-    /// @param descriptor  a connected stream socket; closed with the channel.
-    explicit Channel(int descriptor) : descriptor_(descriptor) {}
+    /// @param end  what the system connected; closed with the channel.
+    explicit Channel(ChannelEnd end) : end_(end) {}
     Channel(Channel&& other) noexcept;
     Channel& operator=(Channel&& other) noexcept;
     Channel(const Channel&) = delete;
@@ -44,13 +46,16 @@ public:
     State Receive(Message& message, std::optional<Clock::time_point> until);
 
     /// Becomes readable when something came or the other end is gone.
-    int Descriptor() const { return descriptor_; }
+    ChannelEnd Descriptor() const { return end_; }
 
 private:
     bool TakeWhole(Message& message);
-    bool ReadSome();
 
-    int descriptor_;
+    // The system's part.
+    bool WriteAll(const std::string& bytes);
+    State ReadSome(std::optional<Clock::time_point> until);
+
+    ChannelEnd end_;
     std::string received_;
     std::size_t taken_ = 0;  // bytes of received_ that belong to messages already handed out
 };

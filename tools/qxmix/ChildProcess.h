@@ -6,7 +6,6 @@
 #include <functional>
 #include <optional>
 #include <string>
-#include <sys/types.h>
 
 namespace qxmix {
 
@@ -37,7 +36,7 @@ public:
     std::string WaitForEnd();
 
 private:
-    pid_t process_ = -1;
+    ProcessHandle process_ = kNoProcess;
     Channel channel_;
 };
 

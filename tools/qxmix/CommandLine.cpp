@@ -2,6 +2,7 @@
 
 #include "HelpText.h"
 #include "NearestName.h"
+#include "SystemOptions.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -34,11 +35,13 @@ CommandLine::CommandLine() : parser_("", "qxmix"), commands_(AllCommands()) {
     parser_.set_help_flag("-h,--help", "this text");
     parser_.add_flag("--version", wantsVersion_, "versions of the tool and the module");
     AddCommonOptions(parser_, options_);
+    LimitOptions(parser_);
     for (const auto& command : commands_) {
         CLI::App* const parser =
             parser_.add_subcommand(command->Info().name, command->Info().sentence);
         command->AddOptions(*parser);
         AddCommonOptions(*parser, options_);
+        LimitOptions(*parser);
         parsers_.push_back(parser);
     }
 }

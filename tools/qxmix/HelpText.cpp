@@ -51,7 +51,8 @@ std::string OptionList(const CLI::App& parser) {
     constexpr std::size_t kHelpWidth = 52;
     Table table({{Table::Align::Left, 2, 24}, {Table::Align::Left, 2, 0}});
     for (const CLI::Option* option : parser.get_options()) {
-        if (!option->nonpositional()) {
+        const bool isHidden = option->get_group().empty();
+        if (!option->nonpositional() || isHidden) {
             continue;
         }
         std::string names = OptionNames(*option);

@@ -1,6 +1,7 @@
 #include "LibrarySearch.h"
 
 #include "Errors.h"
+#include "LibraryPlaces.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -10,13 +11,6 @@ namespace qxmix {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr const char* kLibraryFile = "libQXMIX.so";
-
-fs::path ToolFolder() {
-    std::error_code error;
-    return fs::read_symlink("/proc/self/exe", error).parent_path();
-}
 
 /// The loader takes a name without a folder as one to search for; a person means the file.
 std::string AsFile(const std::string& named) {
@@ -37,12 +31,10 @@ std::string FindLibrary(const std::string& named) {
     if (configured != nullptr && *configured != '\0') {
         return AsFile(configured);
     }
-    // Relative to the tool, so that an installed tree may be moved.
-    for (const char* folder : {".", QXMIX_INSTALL_LIBRARY_FOLDER, QXMIX_BUILD_LIBRARY_FOLDER}) {
+    for (const std::string& file : LibraryPlaces()) {
         std::error_code error;
-        const fs::path file = (ToolFolder() / folder / kLibraryFile).lexically_normal();
         if (fs::exists(file, error)) {
-            return file.string();
+            return file;
         }
     }
     return kLibraryFile;

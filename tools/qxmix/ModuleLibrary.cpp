@@ -1,8 +1,7 @@
 #include "ModuleLibrary.h"
 
 #include "Errors.h"
-
-#include <dlfcn.h>
+#include "SharedLibrary.h"
 
 namespace qxmix {
 
@@ -13,8 +12,8 @@ void* FieldsOf(IMixAlgorithm* object) {
     return reinterpret_cast<char*>(object) + sizeof(void*);
 }
 
-void* FindExport(void* library, const std::string& file, const char* name) {
-    void* const address = dlsym(library, name);
+void* RequireExport(void* library, const std::string& file, const char* name) {
+    void* const address = FindExport(library, name);
     if (address == nullptr) {
         throw WorkError(file + ": exports no " + name);
     }
@@ -35,13 +34,10 @@ std::int32_t ModuleHost::OnObjectCreated(IMixAlgorithm* object) noexcept {
 }
 
 ModuleLibrary::ModuleLibrary(const std::string& file) {
-    void* const library = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
-    if (library == nullptr) {
-        throw WorkError(std::string(dlerror()));
-    }
+    void* const library = OpenSharedLibrary(file);
     using CreateFunction = IMixAlgorithm* (*)(MixAlgorithmHost*);
-    void* const create = FindExport(library, file, "CreateMixAlgorithm");
-    FindExport(library, file, "DeleteMixAlgorithm");
+    void* const create = RequireExport(library, file, "CreateMixAlgorithm");
+    RequireExport(library, file, "DeleteMixAlgorithm");
     algorithm_ = reinterpret_cast<CreateFunction>(create)(&host_);
     if (algorithm_ == nullptr) {
         throw WorkError(file + ": CreateMixAlgorithm gave no object");

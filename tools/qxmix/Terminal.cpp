@@ -1,10 +1,9 @@
 #include "Terminal.h"
 
+#include "Console.h"
+
 #include <algorithm>
 #include <cstdlib>
-#include <cstring>
-#include <sys/ioctl.h>
-#include <unistd.h>
 
 namespace qxmix {
 
@@ -13,12 +12,6 @@ namespace {
 bool IsSet(const char* variable) {
     const char* const value = std::getenv(variable);
     return value != nullptr && *value != '\0';
-}
-
-bool WantsColor() {
-    const char* const terminal = std::getenv("TERM");
-    const bool isDumb = terminal != nullptr && std::strcmp(terminal, "dumb") == 0;
-    return isatty(STDOUT_FILENO) == 1 && !isDumb && !IsSet("NO_COLOR");
 }
 
 bool ContinuesCharacter(char byte) {
@@ -35,15 +28,12 @@ bool IsControlAt(const std::string& text, std::size_t at) {
 }  // namespace
 
 std::size_t OutputWidth() {
-    winsize size{};
-    if (isatty(STDOUT_FILENO) != 1 || ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0) {
-        return kPlainWidth;
-    }
-    return std::max<std::size_t>(size.ws_col, kPlainWidth);
+    return std::max(TerminalColumns(), kPlainWidth);
 }
 
 Painter::Painter(ColorMode mode)
-    : isOn_(mode == ColorMode::Always || (mode == ColorMode::Auto && WantsColor())) {
+    : isOn_(mode == ColorMode::Always ||
+            (mode == ColorMode::Auto && !IsSet("NO_COLOR") && HasColorTerminal())) {
 }
 
 std::string Painter::Paint(const std::string& text, const std::string& style) const {

@@ -3,27 +3,14 @@
 #include "CommandLine.h"
 #include "HelpText.h"
 #include "Output.h"
+#include "StandardStreams.h"
 #include "VersionAnswer.h"
 
-#include <csignal>
 #include <cstdio>
-#include <fcntl.h>
-#include <unistd.h>
 
 namespace qxmix {
 
 namespace {
-
-/// Keeps files of the tool from taking the place of a standard stream that the caller has closed:
-/// what is written there then fails, as it should.
-void HoldStandardStreams() {
-    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-        if (fcntl(stream, F_GETFD) == -1) {
-            // Opened the wrong way round on purpose, and taken by the lowest free number.
-            static_cast<void>(open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY));
-        }
-    }
-}
 
 ExitStatus Run(CommandLine& commandLine, int argumentCount, const char* const* arguments) {
     switch (commandLine.Parse(argumentCount, arguments)) {
@@ -44,8 +31,7 @@ ExitStatus Run(CommandLine& commandLine, int argumentCount, const char* const* a
 }  // namespace
 
 int RunTool(int argumentCount, const char* const* arguments) {
-    HoldStandardStreams();
-    std::signal(SIGPIPE, SIG_DFL);
+    PrepareStandardStreams();
     ExitStatus status = ExitStatus::CannotWork;
     try {
         CommandLine commandLine;

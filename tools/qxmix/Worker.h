@@ -53,7 +53,7 @@ public:
     Reply GiveUp();
 
     /// Becomes readable when Finish may have something to do.
-    int Descriptor() { return child_.Connection().Descriptor(); }
+    ChannelEnd Descriptor() { return child_.Connection().Descriptor(); }
 
     /// Processor time that the worker has used so far.
     std::chrono::nanoseconds WorkingTime() const { return child_.WorkingTime(); }

@@ -52,7 +52,7 @@ void DetachStandardStreams() {
 
 }  // namespace
 
-ChildProcess::ChildProcess(const std::function<void(Channel&)>& body) : channel_(-1) {
+ChildProcess::ChildProcess(const std::function<void(Channel&)>& body) : channel_(kNoChannelEnd) {
     const auto [mine, childs] = ConnectedSockets();
     process_ = fork();
     if (process_ == 0) {
@@ -91,7 +91,7 @@ std::string ChildProcess::WaitForEnd() {
     int status = 0;
     while (waitpid(process_, &status, 0) < 0 && errno == EINTR) {
     }
-    process_ = -1;
+    process_ = kNoProcess;
     if (WIFSIGNALED(status)) {
         const int signal = WTERMSIG(status);
         return "signal " + std::to_string(signal) + " (" + strsignal(signal) + ")";

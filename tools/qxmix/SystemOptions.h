@@ -1,0 +1,11 @@
+#pragma once
+
+#include <CLI/App.hpp>
+
+namespace qxmix {
+
+/// Takes back the common options that mean nothing on this system: --help does not list them, and
+/// who gives one is told why in one line.
+void LimitOptions(CLI::App& command);
+
+}  // namespace qxmix

@@ -1,0 +1,62 @@
+#include "Channel.h"
+#include "Errors.h"
+#include "Interrupt.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <poll.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace qxmix {
+
+namespace {
+
+/// Time left, rounded up, in the unit of poll; -1 for no end.
+int MillisecondsUntil(std::optional<Clock::time_point> until) {
+    if (!until) {
+        return -1;
+    }
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(*until - Clock::now()).count();
+    return static_cast<int>(std::clamp<std::int64_t>(left, 0, INT32_MAX));
+}
+
+}  // namespace
+
+Channel::~Channel() {
+    if (end_ != kNoChannelEnd) {
+        close(end_);
+    }
+}
+
+bool Channel::WriteAll(const std::string& bytes) {
+    std::size_t sent = 0;
+    while (sent < bytes.size()) {
+        const ssize_t more = send(end_, bytes.data() + sent, bytes.size() - sent, MSG_NOSIGNAL);
+        if (more < 0 && errno != EINTR) {
+            return false;
+        }
+        sent += more < 0 ? 0 : static_cast<std::size_t>(more);
+    }
+    return true;
+}
+
+Channel::State Channel::ReadSome(std::optional<Clock::time_point> until) {
+    pollfd waiting[] = {{end_, POLLIN, 0}, {InterruptDescriptor(), POLLIN, 0}};
+    const int ready = poll(waiting, 2, MillisecondsUntil(until));
+    if (ready > 0 && waiting[1].revents != 0) {
+        throw Interruption();
+    }
+    if (ready == 0) {
+        return State::Waiting;
+    }
+    char block[8192];
+    const ssize_t size = ready < 0 ? -1 : recv(end_, block, sizeof(block), 0);
+    if (size < 0) {
+        return errno == EINTR || errno == EAGAIN ? State::Received : State::Closed;
+    }
+    received_.append(block, static_cast<std::size_t>(size));
+    return size > 0 ? State::Received : State::Closed;
+}
+
+}  // namespace qxmix

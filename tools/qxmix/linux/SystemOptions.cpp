@@ -1,0 +1,9 @@
+#include "SystemOptions.h"
+
+namespace qxmix {
+
+void LimitOptions(CLI::App&) {
+    // The stand-in of the terminal's system is the tool's own: every option can be kept.
+}
+
+}  // namespace qxmix
