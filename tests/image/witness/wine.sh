@@ -63,7 +63,7 @@ expect_program() {
 }
 
 i686-w64-mingw32-g++ -O2 -shared -static -s -o "$work/MSXFS.dll" \
-    "$here/XfsManager.cpp" "$here/XfsManager.def" -Wl,--enable-stdcall-fixup
+    "$project"/tools/xfsmanager/XfsManager.{cpp,def} -Wl,--enable-stdcall-fixup
 
 # A Wine without its 32-bit part cannot run the simplest program, and ends with 0.
 printf '#include <cstdio>\nint main() { std::puts("ok"); }\n' >"$work/probe.cpp"
