@@ -1,5 +1,5 @@
-// A stand-in for the XFS manager's library on desktop Windows, for tests and for the tool on a desk:
-// the two functions that the module imports, and the one that frees what they gave.
+// A stand-in for the XFS manager's library on desktop Windows, for tests and for the tool on a
+// desk: the two functions that the module imports, and the one that frees what they gave.
 
 #include <windows.h>
 

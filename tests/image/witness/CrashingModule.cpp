@@ -21,9 +21,9 @@ SLOT std::int32_t MixCalculate(void*, void*, void*) {
 }
 
 struct Slots {
-    void* (SLOT* destroy)(void*, std::uint32_t);
-    std::int32_t (SLOT* getMixTypes)(void*, void*);
-    std::int32_t (SLOT* mixCalculate)(void*, void*, void*);
+    void*(SLOT* destroy)(void*, std::uint32_t);
+    std::int32_t(SLOT* getMixTypes)(void*, void*);
+    std::int32_t(SLOT* mixCalculate)(void*, void*, void*);
 };
 
 const Slots kSlots{&Destroy, &GetMixTypes, &MixCalculate};
