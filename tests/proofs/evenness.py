@@ -94,11 +94,17 @@ claims.prove("nor the way over two or three",
              And(distance(p, q) + distance(q, r) + distance(r, s) >= distance(p, s),
                  distance(p, q) + distance(q, r) + distance(r, s) + distance(s, t)
                  >= distance(p, t)))
-share = integers("p q r s t")
-for size in range(3, 6):
-    cycle = share[:size]
-    score = sum(distance(cycle[i], cycle[(i + 1) % size]) for i in range(size))
-    claims.prove(f"a cycle of {size} is at most {size - size % 2} times its longest share",
-                 score <= (size - size % 2) * x,
-                 [And(0 <= one, one <= x) for one in cycle])
+claims.prove("two shares differ by the larger one at most", distance(p, q) <= If(p < q, q, p),
+             [p >= 0, q >= 0])
+claims.prove("and by no more than the larger of what they are at most",
+             distance(p, q) <= If(s < t, t, s), [0 <= p, p <= s, 0 <= q, q <= t])
+
+# IsAbove: the sum lies between `least` and `least + detour`; its score is what 2^32 leaves of it.
+least, best, detour, total, score, multiple = integers("least best detour total score multiple")
+word = 2**32
+between = [0 <= best, best < least, least <= total, total <= least + detour, 0 <= score,
+           score < word, total == word * multiple + score]
+claims.prove("a sum that does not come to the next multiple of 2^32 scores above the best",
+             score > best, [*between, (least - best - 1) / word == (least + detour) / word])
+claims.refute("every sum above the best scores above the best", score > best, between)
 claims.finish()
