@@ -1,5 +1,6 @@
 #include "BatchCommand.h"
 #include "Command.h"
+#include "CompareCommand.h"
 #include "ExplainCommand.h"
 #include "MapCommand.h"
 #include "MixCommand.h"
@@ -16,6 +17,7 @@ std::vector<std::unique_ptr<Command>> AllCommands() {
     commands.push_back(std::make_unique<ExplainCommand>());
     commands.push_back(std::make_unique<MapCommand>());
     commands.push_back(std::make_unique<SimulateCommand>());
+    commands.push_back(std::make_unique<CompareCommand>());
     commands.push_back(std::make_unique<ReplayCommand>());
     commands.push_back(std::make_unique<BatchCommand>());
     commands.push_back(std::make_unique<TypesCommand>());

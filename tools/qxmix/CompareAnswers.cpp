@@ -1,0 +1,96 @@
+#include "CompareAnswers.h"
+
+#include "NotesText.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace qxmix {
+
+namespace {
+
+bool IsDangerous(const MapCell& cell) {
+    return RowOf(cell.outcome).exitStatus == ExitStatus::Danger || cell.outcome == Outcome::Crashed;
+}
+
+/// "paid  1x50 1x10", "refused".
+std::string CellText(const Dispenser& dispenser, const MapCell& cell, bool tellsCassettes) {
+    const std::string words = RowOf(cell.outcome).words;
+    const std::string notes =
+        cell.IsAnswered() && cell.returned == 0 ? NotesText(dispenser, cell, tellsCassettes) : "";
+    return notes.empty() ? words : words + "  " + notes;
+}
+
+Change ChangeOf(const CompareDifference& difference) {
+    if (difference.textA == difference.textB) {
+        return Change::Same;
+    }
+    if (IsDangerous(difference.a) || IsDangerous(difference.b)) {
+        return Change::Danger;
+    }
+    const bool wasPaid = difference.a.outcome == Outcome::Paid;
+    const bool isPaid = difference.b.outcome == Outcome::Paid;
+    return wasPaid && !isPaid ? Change::Lost : isPaid && !wasPaid ? Change::Gained : Change::Other;
+}
+
+bool IsWorse(const CompareDifference& left, const CompareDifference& right) {
+    return std::tie(left.change, left.mixA, left.amount) <
+           std::tie(right.change, right.mixA, right.amount);
+}
+
+}  // namespace
+
+std::uint64_t CompareAnswers::Count(Change change) const {
+    const auto count =
+        std::count_if(differences.begin(), differences.end(),
+                      [change](const CompareDifference& one) { return one.change == change; });
+    return change == Change::Same ? same : static_cast<std::uint64_t>(count);
+}
+
+CompareAnswers
+Compare(const CompareQuestions& questions, const MapAnswers& a, const MapAnswers& b) {
+    CompareAnswers answers;
+    answers.isComplete = a.isComplete && b.isComplete;
+    answers.amountCount = std::min(a.AmountCount(), b.AmountCount());
+    const bool tells = questions.isOneDispenser;
+    for (std::size_t row = 0; row < questions.a.mixes.size(); ++row) {
+        MapRowReader readerA(a.rows[row]);
+        MapRowReader readerB(b.rows[row]);
+        for (std::uint64_t index = 0; index < answers.amountCount; ++index) {
+            CompareDifference difference;
+            difference.amount = questions.a.Amount(index);
+            difference.mixA = questions.a.mixes[row];
+            difference.mixB = questions.b.mixes[row];
+            difference.a = readerA.Next();
+            difference.b = readerB.Next();
+            difference.textA = CellText(questions.a.dispenser, difference.a, tells);
+            difference.textB = CellText(questions.b.dispenser, difference.b, tells);
+            difference.change = ChangeOf(difference);
+            answers.hasCrash = answers.hasCrash || difference.a.outcome == Outcome::Crashed ||
+                               difference.b.outcome == Outcome::Crashed;
+            if (difference.change != Change::Same) {
+                answers.differences.push_back(difference);
+                continue;
+            }
+            ++answers.same;
+            answers.sameDangers += IsDangerous(difference.a) ? 1U : 0U;
+        }
+    }
+    std::sort(answers.differences.begin(), answers.differences.end(), IsWorse);
+    return answers;
+}
+
+ExitStatus ExitStatusOf(const CompareAnswers& answers) {
+    if (!answers.isComplete) {
+        return ExitStatus::Interrupted;
+    }
+    if (answers.hasCrash) {
+        return ExitStatus::CannotWork;
+    }
+    if (answers.Count(Change::Danger) + answers.sameDangers != 0) {
+        return ExitStatus::Danger;
+    }
+    return answers.differences.empty() ? ExitStatus::Well : ExitStatus::HonestNo;
+}
+
+}  // namespace qxmix

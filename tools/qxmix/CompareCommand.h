@@ -1,0 +1,34 @@
+#pragma once
+
+#include "AmountRange.h"
+#include "AskOptions.h"
+#include "Command.h"
+#include "CompareAnswers.h"
+#include "JobsOption.h"
+
+#include <array>
+#include <string>
+
+namespace qxmix {
+
+/// `qxmix compare`: two dispensers or two builds of the module, what changes for whom.
+class CompareCommand final : public Command {
+public:
+    const CommandInfo& Info() const override;
+    void AddOptions(CLI::App& command) override;
+    ExitStatus Run(const CommonOptions& options) override;
+
+private:
+    CompareQuestions Prepare(const CommonOptions& options) const;
+    MapQuestions PrepareSide(const std::string& name, const CommonOptions& options) const;
+    AmountRange RangeOf(const CompareQuestions& questions) const;
+    std::array<std::string, 2> Names(const CommonOptions& options) const;
+
+    std::string a_;  // as named on the command line
+    std::string b_;  // empty: the same as a_
+    AmountRangeOptions range_;
+    AskOptions ask_;
+    JobsOption jobs_;
+};
+
+}  // namespace qxmix
