@@ -44,7 +44,7 @@ private:
         std::uint32_t n = MostOf(units_[j], question_.amount - before);
         while (true) {
             journal_.Step();
-            trial_[j] = n;
+            trial_.at(j) = n;
             const std::uint32_t p = before + units_[j].value * n;
             if (j + 1 < last) {
                 if (Level(j + 1, p)) {

@@ -42,7 +42,7 @@ private:
         std::uint32_t x = MostOf(units_[k], question_.amount - used);
         while (true) {
             journal_.Step();
-            trial_[k] = x;
+            trial_.at(k) = x;
             const std::uint32_t u = used + units_[k].value * x;
             if (k + 1 < last) {
                 if (Level(k + 1, u)) {

@@ -70,7 +70,10 @@ std::optional<Reply> Worker::Finish(const TraceSink& trace) {
     if (state == Channel::State::Waiting || KindOf(answer) == MessageKind::TraceLine) {
         return std::nullopt;
     }
-    return Reply{{Ending::Kind::Answered, ""}, ReadCalculation(answer)};
+    Reply reply;
+    reply.ending.kind = Ending::Kind::Answered;
+    reply.calculation = ReadCalculation(answer);
+    return reply;
 }
 
 Reply Worker::GiveUp() {
