@@ -5,8 +5,10 @@
 #include "Costs.h"
 #include "ImageTest.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <string>
 
 namespace {
 
@@ -15,31 +17,53 @@ using emulation::CostRow;
 constexpr std::uint64_t kWalkBudget = 1'000'000'000;
 constexpr std::uint64_t kFirstFitBudget = 2'000'000;
 
-void Print(const CostRow& row) {
-    std::printf("| %s | %u | %llu | %llu | %u | %zu of %zu |\n", row.set.c_str(), row.mix,
-                static_cast<unsigned long long>(row.Median()),
-                static_cast<unsigned long long>(row.Most()), row.DeepestStack(), row.Unanswered(),
-                row.costs.size());
+/// 17704059 as "17,704,059".
+std::string Grouped(std::uint64_t number) {
+    std::string text = std::to_string(number);
+    for (std::size_t at = text.size(); at > 3; at -= 3) {
+        text.insert(at - 3, ",");
+    }
+    return text;
 }
 
+class CostTable {
+public:
+    explicit CostTable(emulation::RequestPlayer& player) : player_(player) {
+        std::puts("| Requests | Mix | Median | Most |\n|---|---|---|---|");
+    }
+
+    void
+    Add(const bench::QuestionSet& set, const std::vector<unsigned>& mixes, std::uint64_t budget) {
+        for (const CostRow& row : MeasureCosts(player_, set, mixes, budget)) {
+            deepestStack_ = std::max(deepestStack_, row.DeepestStack());
+            std::printf("| %s | %u | %s | %s", row.set.c_str(), row.mix,
+                        Grouped(row.Median()).c_str(), Grouped(row.Most()).c_str());
+            if (row.Unanswered() != 0) {
+                std::printf(" (%zu of %zu not answered within the budget)", row.Unanswered(),
+                            row.costs.size());
+            }
+            std::puts(" |");
+        }
+    }
+
+    std::uint32_t DeepestStack() const { return deepestStack_; }
+
+private:
+    emulation::RequestPlayer& player_;
+    std::uint32_t deepestStack_ = 0;
+};
+
 void PrintTable(emulation::RequestPlayer& player, unsigned questions) {
-    std::puts("| Requests | Mix | Median | Most | Stack, bytes | Not answered |\n"
-              "|---|---|---|---|---|---|");
     std::vector<bench::QuestionSet> sets = bench::RealisticSets(questions);
     sets.push_back(bench::SmallAmounts(questions));
-    std::vector<CostRow> firstFit;
+    CostTable table(player);
     for (const bench::QuestionSet& set : sets) {
-        for (const CostRow& row : MeasureCosts(player, set, emulation::kWalkedMixes, kWalkBudget)) {
-            Print(row);
-        }
-        for (const CostRow& row :
-             MeasureCosts(player, set, emulation::kFirstFitMixes, kFirstFitBudget)) {
-            firstFit.push_back(row);
-        }
+        table.Add(set, emulation::kWalkedMixes, kWalkBudget);
     }
-    for (const CostRow& row : firstFit) {
-        Print(row);
+    for (const bench::QuestionSet& set : sets) {
+        table.Add(set, emulation::kFirstFitMixes, kFirstFitBudget);
     }
+    std::printf("deepest stack: %s bytes\n", Grouped(table.DeepestStack()).c_str());
 }
 
 }  // namespace
