@@ -68,8 +68,9 @@ std::int32_t CMixAlgorithm::CalcFirstFitEmptying(const MixRequest& request,
     }
     FirstShortRule search(units);
     CountDown<FirstFitRule>(search);
-    // On purpose for two units alone: with more, only a combination ends the loops above.
-    if (!search.isFound && units.n == 2 && units.allowsPartial) {
+    // On purpose for two units alone: with more, only a combination ends the loops above, so that
+    // there is one by now.
+    if (!search.isFound && units.allowsPartial) {
         CountDown(search);
     }
     if (!search.isFound) {

@@ -19,15 +19,12 @@ namespace {
 bool IsBelowSmallestNote(const MixPlan& plan,
                          const MixRequest& request,
                          const LcuTable& table) noexcept {
-    switch (plan.smallestNote) {
-    case SmallestNote::LastUnit:
-        return request.ulAmount < table.aLCUs[table.usCount - 1].ulValues;
-    case SmallestNote::FirstUnit:
-        return request.ulAmount < table.aLCUs[0].ulValues;
-    case SmallestNote::NotAsked:
-        break;
+    if (plan.smallestNote == SmallestNote::NotAsked) {
+        return false;
     }
-    return false;
+    const unsigned smallest =
+        plan.smallestNote == SmallestNote::FirstUnit ? 0U : table.usCount - 1U;
+    return request.ulAmount < table.aLCUs[smallest].ulValues;
 }
 
 float TotalHeld(const LcuTable& table) noexcept {

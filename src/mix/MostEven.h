@@ -23,15 +23,17 @@ public:
             refusal.Remember(combination);
             return units.n == 2 ? Verdict::EndSearch : Verdict::GoOn;
         }
-        Keep(combination, evenness.Score(combination));
+        Keep(combination);
         return Verdict::GoOn;
     }
 
-    /// Judges a combination of three and more units; those over the limit are recalled afterwards.
-    void ConsiderOfMany(const Counts& combination) noexcept {
+    /// Of equal scores the one stays that the loops meet first, whatever order they came in here.
+    void Keep(const Counts& combination) noexcept {
         const std::uint32_t score = evenness.Score(combination);
-        if ((!isFound || score <= best) && units.IsWithinLimit(combination)) {
-            Keep(combination, score);
+        if (!isFound || score < best || (score == best && combination > found)) {
+            isFound = true;
+            best = score;
+            found = combination;
         }
     }
 
@@ -57,15 +59,6 @@ private:
             return (unpaid != 0) == wantsShort ? most.Consider(combination) : Verdict::GoOn;
         }
     };
-
-    /// Of equal scores the one stays that the loops meet first, whatever order they came in here.
-    void Keep(const Counts& combination, std::uint32_t score) noexcept {
-        if (!isFound || score < best || (score == best && combination > found)) {
-            isFound = true;
-            best = score;
-            found = combination;
-        }
-    }
 
     /// For two units the walk stays whole, since the first combination over the limit ends it.
     struct TwoUnitRule : WalkRule {
@@ -104,15 +97,16 @@ private:
     }
 };
 
-/// Shows a search of three and more units the combinations within the limit.
+/// Shows a search of three and more units the combinations within the limit: the bound is exact at
+/// the last two units, so none beyond it is left. Of a walk with shortfall all of them fall short,
+/// since otherwise the walk before would have found one that makes the whole amount.
 template <typename Evenness>
 struct WithinLimitRule : WalkRule {
     MostEven<Evenness>& most;
-    const ExactWalk& walk;
     LimitBound bound;
 
     WithinLimitRule(MostEven<Evenness>& search, const ExactWalk& exactWalk) noexcept
-        : most(search), walk(exactWalk), bound(search.units, exactWalk.MostShortfall()) {}
+        : most(search), bound(search.units, exactWalk.MostShortfall()) {}
 
     void Narrow(unsigned level,
                 const Counts& combination,
@@ -123,10 +117,8 @@ struct WithinLimitRule : WalkRule {
 
     /// Nothing replaces a score of 0, since only a smaller one would, or an equal one met earlier.
     Verdict Visit(const Counts& combination) noexcept {
-        if (walk.Regards(combination)) {
-            most.ConsiderOfMany(combination);
-        }
-        return most.isFound && most.best == 0 ? Verdict::EndSearch : Verdict::GoOn;
+        most.Keep(combination);
+        return most.best == 0 ? Verdict::EndSearch : Verdict::GoOn;
     }
 };
 

@@ -108,6 +108,11 @@ TEST(CalcEqualEmptying, LeavesOutLoopsThatStartAt2To31) {
         kNotDispensed);
 }
 
+TEST(CalcEqualEmptying, SkipsRefusalsOfThreeUnitsWhenACountReaches2To31Too) {
+    EXPECT_EQ(Pay(Table().Bill(50, 10).Bill(20, 10).Bill(10, 0x80000000).Amount(100).Limit(4)),
+              Chosen({2, 0, 0}, "971A3"));
+}
+
 TEST(CalcEqualEmptying, ComparesWrappedSharesOfTwoUnits) {
     // 131072 * 32768 is 2^32: taking everything from one unit scores 0, like taking equal shares.
     EXPECT_EQ(Pay(Table().Bill(1, 131072).Bill(2, 131072).Amount(32768).Limit(65535)),

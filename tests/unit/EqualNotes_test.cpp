@@ -159,6 +159,42 @@ TEST(CalcEqualNotes, SearchesAsUsualWhenOnlyACountReaches2To31) {
               Chosen({2, 0}, "971A3"));
 }
 
+TEST(CalcEqualNotes, SkipsRefusalsOfThreeUnitsWhenACountReaches2To31Too) {
+    EXPECT_EQ(Pay(Table().Bill(50, 10).Bill(20, 10).Bill(10, 0xFFFFFFFF).Amount(100).Limit(4)),
+              Chosen({1, 2, 1}, "971A3"));
+}
+
+TEST(CalcEqualNotes, KeepsTheFirstOfEqualSpreadsOfNotesAndCoins) {
+    // 0, 1, 0, 3 and 0, 0, 1, 3 are equally unequal, and nothing else that pays 29 is better.
+    EXPECT_EQ(Pay(Table().Coin(10, 4).Coin(8, 1).Bill(8, 5).Coin(7, 6).Amount(29).Limit(6)),
+              Chosen({0, 1, 0, 3}));
+}
+
+TEST(CalcEqualNotes, LeavesNoCodeWhenNothingWasRefused) {
+    EXPECT_EQ(
+        Pay(Table().Bill(6, 1).Bill(5, 1).Bill(11, 1).Coin(3, 3).Bill(5, 3).Amount(17).Limit(2)),
+        Chosen({1, 0, 1, 0, 0}));
+}
+
+TEST(CalcEqualNotes, LeavesTheCodeOfTheLastRefusalBelowTheAmount) {
+    // 3, 2, 0 makes 13 and 4, 1, 0 falls short of it: both are over the limit.
+    EXPECT_EQ(Pay(Table().Bill(1, 4).Bill(5, 2).Bill(12, 0).Amount(13).Limit(4).Partial()),
+              Chosen({1, 1, 0}, "971A3"));
+}
+
+TEST(CalcEqualNotes, TakesTheMostEqualOfLargeValues) {
+    const Table table = Table().Bill(1000000, 10).Bill(500000, 10).Bill(250000, 10);
+    EXPECT_EQ(Pay(Table(table).Amount(1750000)), Chosen({1, 1, 1}));
+    EXPECT_EQ(Pay(Table(table).Amount(2000000)), Chosen({1, 1, 2}));
+}
+
+TEST(CalcEqualNotes, ComparesWrappedSpreadsOfThreeUnits) {
+    // 6 * 26755^2 is 2^32 + 12854: all from the first unit beats what is really more equal.
+    const Table table = Table().Bill(1, 100000).Bill(200, 10).Bill(5000, 1).Limit(65535);
+    EXPECT_EQ(Pay(Table(table).Amount(26755)), Chosen({26755, 0, 0}));
+    EXPECT_EQ(Pay(Table(table).Amount(26754)), Chosen({19754, 10, 1}));
+}
+
 TEST(CalcEqualNotes, ComparesWrappedSpreads) {
     // 2 * 46341^2 is 2^32 + 9266: as a spread of 9266 it beats all the more equal combinations that
     // the hundred items of the second unit allow.

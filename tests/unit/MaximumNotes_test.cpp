@@ -101,6 +101,11 @@ TEST(CalcMaximumNotes, FailsWhereItWouldDivideByZero) {
               Failed(-315, "97194"));
 }
 
+TEST(CalcMaximumNotes, SearchesAsUsualWhenOnlyACountReaches2To31) {
+    EXPECT_EQ(Pay(Table().Bill(10, 0x80000000).Bill(50, 10).Amount(100).Limit(5)), Chosen({0, 2}));
+    EXPECT_EQ(Pay(Table().Bill(10, 0x80000000).Bill(50, 10).Amount(100)), Chosen({10, 0}));
+}
+
 TEST(CalcMaximumNotes, LimitsTheStartOfALoopOnlyFromThreeUnitsOn) {
     // With two units the loop starts at 2^31, which is negative, and is left out.
     const Table two = Table().Bill(1, 0xFFFFFFFF).Bill(0x80000000, 1).Amount(0x80000000);

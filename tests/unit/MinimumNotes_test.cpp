@@ -108,4 +108,9 @@ TEST(CalcMinimumNotes, RunsLoopsThatStartAt2To31) {
               Failed(-307, "971A3"));
 }
 
+TEST(CalcMinimumNotes, SearchesAsUsualWhenOnlyACountReaches2To31) {
+    EXPECT_EQ(Pay(Table().Bill(50, 0x80000000).Bill(20, 10).Amount(110)), Chosen({1, 3}));
+    EXPECT_EQ(Pay(Table().Bill(50, 0x80000000).Bill(20, 10).Amount(130).Limit(40)), Chosen({1, 4}));
+}
+
 }  // namespace

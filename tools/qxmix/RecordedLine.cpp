@@ -10,8 +10,10 @@
 #include "ResultJson.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <system_error>
 
 namespace qxmix {
 
@@ -27,7 +29,12 @@ Json ParseLine(const std::string& text, const Place& place) {
     }
 }
 
+/// Devices and pipes have no lines to go on from: reading them would not end.
 std::uint64_t CountLines(const std::string& file) {
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(file, error)) {
+        return 0;
+    }
     std::ifstream recorded(file, std::ios::binary);
     return static_cast<std::uint64_t>(std::count(std::istreambuf_iterator<char>(recorded),
                                                  std::istreambuf_iterator<char>(), '\n'));

@@ -115,8 +115,18 @@ void OutputFiles::Commit() {
 
 void AppendToFile(const std::string& file, const std::string& content) {
     WritableFile appended(file, O_CREAT | O_APPEND, file);
-    appended.Write(content);
-    appended.Close();
+    struct stat before {};
+    const bool canBeCut = fstat(appended.Descriptor(), &before) == 0 && S_ISREG(before.st_mode);
+    try {
+        appended.Write(content);
+        appended.Close();
+    } catch (const WorkError&) {
+        // A full disk takes the first half of a line, which nobody could read back.
+        if (canBeCut && truncate(file.c_str(), before.st_size) != 0) {
+            throw WorkError(file + ": holds a part of a line at its end: " + std::strerror(errno));
+        }
+        throw;
+    }
 }
 
 }  // namespace qxmix
