@@ -16,7 +16,6 @@ WRITERS = [
     ["mix", *ASK, "--raw-out", "out.bin"],
     ["mix", *ASK, "--registry-out", "out.reg"],
     ["mix", *ASK, "--record", "out.ndjson"],
-    ["explain", *ASK, "--record", "out.ndjson"],
     ["types", "--registry-out", "out.reg"],
     ["map", ASK[0], "--output", "out.txt"],
     ["map", ASK[0], "--output", "out.csv"],
@@ -68,11 +67,11 @@ class SmallDisk:
         return self if mounted else None
 
     def fill(self):
-        """Takes the room there is, but for half a page."""
-        with open(self.folder / "filling", "wb") as filling:
+        """Takes all the room there is."""
+        with open(self.folder / "filling", "wb", buffering=0) as filling:
             try:
                 while filling.write(b"x" * 512):
-                    filling.flush()
+                    pass
             except OSError:
                 pass
 
