@@ -33,3 +33,58 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/QXMixConfig.cmake
 
 configure_file(cmake/qxmix.pc.in qxmix.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/qxmix.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+# What goes with the tool: manual page, completions, and what its guide speaks of.
+if(TARGET qxmix AND NOT CMAKE_CROSSCOMPILING)
+  set(completions ${CMAKE_BINARY_DIR}/completions)
+  set(completion_places bash-completion/completions/qxmix zsh/site-functions/_qxmix
+                        fish/vendor_completions.d/qxmix.fish)
+  set(completion_shells bash zsh fish)
+  foreach(shell place IN ZIP_LISTS completion_shells completion_places)
+    add_custom_command(
+      OUTPUT ${completions}/${place}
+      COMMAND ${CMAKE_COMMAND} -DTOOL=$<TARGET_FILE:qxmix> -DSHELL=${shell}
+              -DOUTPUT=${completions}/${place} -P ${PROJECT_SOURCE_DIR}/cmake/Completions.cmake
+      DEPENDS qxmix cmake/Completions.cmake
+      VERBATIM)
+    list(APPEND tool_files ${completions}/${place})
+  endforeach()
+  install(DIRECTORY ${completions}/ DESTINATION ${CMAKE_INSTALL_DATAROOTDIR})
+
+  find_program(QXMIX_SCDOC scdoc)
+  if(QXMIX_SCDOC)
+    add_custom_command(
+      OUTPUT ${CMAKE_BINARY_DIR}/qxmix.1
+      COMMAND sh -c "${QXMIX_SCDOC} <${PROJECT_SOURCE_DIR}/docs/qxmix.1.scd >qxmix.1"
+      DEPENDS docs/qxmix.1.scd
+      VERBATIM)
+    list(APPEND tool_files ${CMAKE_BINARY_DIR}/qxmix.1)
+    install(FILES ${CMAKE_BINARY_DIR}/qxmix.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+  else()
+    message(STATUS "no scdoc: the manual page is not made")
+  endif()
+  add_custom_target(tool_files ALL DEPENDS ${tool_files})
+  install(
+    DIRECTORY docs schema examples
+    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/qxmix
+    PATTERN qxmix.1.scd EXCLUDE)
+  install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/qxmix)
+endif()
+
+# `cpack` makes a Debian package of a build.
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME qxmix)
+set(CPACK_PACKAGE_CONTACT "QXMix maintainers <maintainers@qxmix.invalid>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Denomination mix of a cash dispenser, and a tool that asks it")
+set(CPACK_PACKAGE_DESCRIPTION
+    "The module that picks bank notes from cassettes, for hosts on Linux, and qxmix, the command
+line tool that tells what a dispenser will pay, why, and where it is dangerous.")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION utils)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY})
+# Packing takes what is built; it does not build the tests.
+set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)
+include(CPack)

@@ -54,6 +54,7 @@ ANSWERS = [
     "types",
     "registry examples/device.reg",
     "registry empty.reg --set TraceLevel=5 --clear-error",
+    "completions bash",
     "--version",
     "--version --library missing.so",
     "--version --library fake.so",

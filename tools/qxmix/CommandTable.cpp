@@ -1,6 +1,7 @@
 #include "BatchCommand.h"
 #include "Command.h"
 #include "CompareCommand.h"
+#include "CompletionsCommand.h"
 #include "ExplainCommand.h"
 #include "MapCommand.h"
 #include "MixCommand.h"
@@ -22,6 +23,7 @@ std::vector<std::unique_ptr<Command>> AllCommands() {
     commands.push_back(std::make_unique<BatchCommand>());
     commands.push_back(std::make_unique<TypesCommand>());
     commands.push_back(std::make_unique<RegistryCommand>());
+    commands.push_back(std::make_unique<CompletionsCommand>());
     return commands;
 }
 

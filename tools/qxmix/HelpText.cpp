@@ -4,6 +4,7 @@
 #include "TextList.h"
 
 #include <CLI/Option.hpp>
+#include <utility>
 
 namespace qxmix {
 
@@ -64,6 +65,22 @@ std::string OptionList(const CLI::App& parser) {
     return "options\n" + table.Text(Plain());
 }
 
+std::string ExitStatusList() {
+    static const std::pair<ExitStatus, const char*> statuses[] = {
+        {ExitStatus::Well, "all is well"},
+        {ExitStatus::HonestNo, "refused, nothing or in part paid, differences, warnings"},
+        {ExitStatus::BadInput, "bad input or usage"},
+        {ExitStatus::Danger, "danger: more paid or taken than allowed, no answer, errors of lint"},
+        {ExitStatus::CannotWork, "no library, a crash in it, or a file that cannot be written"},
+        {ExitStatus::Interrupted, "ended with Ctrl-C"},
+    };
+    Table table({{Table::Align::Left, 2, 10}, {Table::Align::Left, 2, 0}});
+    for (const auto& [status, meaning] : statuses) {
+        table.AddRow({Cell(std::to_string(static_cast<int>(status))), Cell(meaning)});
+    }
+    return "exit status\n" + table.Text(Plain());
+}
+
 }  // namespace
 
 std::string CommandHelp(const CommandInfo& info, const CLI::App& parser) {
@@ -76,7 +93,7 @@ std::string CommandList(const std::vector<std::unique_ptr<Command>>& commands) {
     for (const auto& command : commands) {
         table.AddRow({Cell(command->Info().name), Cell(command->Info().sentence)});
     }
-    return "usage: qxmix COMMAND ...\n" + table.Text(Plain()) +
+    return "usage: qxmix COMMAND ...\n" + table.Text(Plain()) + ExitStatusList() +
            "qxmix COMMAND --help tells more; qxmix --version names the versions.\n";
 }
 

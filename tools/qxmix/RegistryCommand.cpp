@@ -98,8 +98,8 @@ const CommandInfo& RegistryCommand::Info() const {
         "registry",
         "Shows what the module takes from a registry file; writes one.",
         {"registry FILE [--set NAME=VALUE] [--clear-error] [--output FILE]"},
-        {"registry device.reg",
-         "registry device.reg --set CSTMinimum4Mix6=100 --output device.reg"}};
+        {"registry examples/device.reg",
+         "registry examples/device.reg --set CSTMinimum4Mix6=100 --output mended.reg"}};
     return info;
 }
 

@@ -1,0 +1,34 @@
+#!/usr/bin/env bash
+# use_deb.sh BUILD WORK
+# Makes the Debian package of a build, unpacks it and uses what is in it.
+set -euo pipefail
+build=$1 work=$2
+fail() { echo "$1"; exit 1; }
+rm -rf "$work/deb"
+mkdir -p "$work/deb"
+cpack --config "$build/CPackConfig.cmake" -B "$work/deb" >"$work/deb/log" 2>&1 ||
+    { cat "$work/deb/log"; exit 1; }
+package=$(echo "$work"/deb/*.deb)
+[ -f "$package" ] || fail "no package, or several: $package"
+[ "$(dpkg-deb -f "$package" Package)" = qxmix ] || fail "wrong name"
+[ "$(dpkg-deb -f "$package" Architecture)" = "$(dpkg --print-architecture)" ] || fail "wrong architecture"
+dpkg-deb -f "$package" Depends | grep -q 'libc6 (>= ' || fail "does not depend on libc6"
+
+root=$work/deb/root
+dpkg-deb -x "$package" "$root"
+cd "$root/usr/share/doc/qxmix"
+unset QXMIX_LIBRARY
+tool=$root/usr/bin/qxmix
+$tool --version | grep -q '^module V .* (libQXMIX.so)$' || fail "the tool does not find the library"
+$tool mix examples/euro.json --amount 280 | grep -q '^PAID  280 of 280 EUR' || fail "mix"
+{ $tool batch <examples/two.ndjson || [ $? -eq 2 ]; } | grep -c '"id":' | grep -qx 2 || fail "batch"
+readelf -d "$tool" "$root"/usr/lib/lib*.so | grep RUNPATH | grep -v '\$ORIGIN' && fail "looks outside"
+for file in share/man/man1/qxmix.1 share/doc/qxmix/schema/answer.schema.json \
+    share/doc/qxmix/docs/qxmix.md share/bash-completion/completions/qxmix \
+    share/zsh/site-functions/_qxmix share/fish/vendor_completions.d/qxmix.fish \
+    include/qxmix/qxmix.h lib/pkgconfig/qxmix.pc lib/libqxmix_platform.so; do
+    [ -s "$root/usr/$file" ] || fail "$file is missing"
+done
+cmp <("$tool" completions bash) "$root/usr/share/bash-completion/completions/qxmix"
+find "$root" ! -perm -o=r | grep . && fail "not readable by everybody"
+echo "the installed package answers"
