@@ -74,6 +74,19 @@ def check_interrupts(tool, checks):
     checks.check("Ctrl-C: output files are written", (tool.folder / "left.reg").exists())
 
 
+def check_lint_interrupt(tool, checks):
+    # Mix 4 answers none of these amounts: many deadlines are missed.
+    process = tool.start(["lint", "endless.json", "--to", "60006", "--jobs", "1",
+                          "--deadline", "50ms"])
+    time.sleep(1.5)
+    process.send_signal(signal.SIGINT)
+    output, errors = process.communicate(timeout=20)
+    checks.equal("Ctrl-C while checking: exit status", process.returncode, 130)
+    checks.equal("Ctrl-C while checking: nothing said", errors, b"")
+    checks.check("Ctrl-C while checking: what is known", re.search(
+        rb"error QX402 .*\ninterrupted at \d+ EUR, \d+ of 6001 amounts\n$", output, re.S), output)
+
+
 def check_end_of_tool(tool, checks):
     process = tool.start(HANGING)
     child = wait_for_child(process)
@@ -256,7 +269,7 @@ def check_input(tool, checks):
 def check_called_alone(tool, checks):
     status, output, errors = tool.run([])
     checks.equal("called alone: exit status", (status, output), (2, ""))
-    for command in ("mix", "explain", "map", "types", "registry"):
+    for command in ("mix", "explain", "map", "lint", "types", "registry"):
         checks.check(f"called alone: lists {command}", f"\n  {command} " in errors, errors)
         status, shown, errors_of_help = tool.run([command, "--help"])
         checks.equal(f"{command} --help", (status, errors_of_help), (0, ""))
@@ -267,7 +280,8 @@ def main():
     arguments = parse_arguments()
     checks = Checks()
     with Tool(arguments) as tool:
-        for part in (check_interrupts, check_end_of_tool, check_pipes, check_colors, check_widths,
+        for part in (check_interrupts, check_lint_interrupt, check_end_of_tool, check_pipes,
+                     check_colors, check_widths,
                      check_files, check_no_answer, check_raw, check_trace_and_registry,
                      check_library_order, check_input, check_called_alone):
             part(tool, checks)

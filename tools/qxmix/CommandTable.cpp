@@ -3,6 +3,7 @@
 #include "CompareCommand.h"
 #include "CompletionsCommand.h"
 #include "ExplainCommand.h"
+#include "LintCommand.h"
 #include "MapCommand.h"
 #include "MixCommand.h"
 #include "RegistryCommand.h"
@@ -17,6 +18,7 @@ std::vector<std::unique_ptr<Command>> AllCommands() {
     commands.push_back(std::make_unique<MixCommand>());
     commands.push_back(std::make_unique<ExplainCommand>());
     commands.push_back(std::make_unique<MapCommand>());
+    commands.push_back(std::make_unique<LintCommand>());
     commands.push_back(std::make_unique<SimulateCommand>());
     commands.push_back(std::make_unique<CompareCommand>());
     commands.push_back(std::make_unique<ReplayCommand>());

@@ -25,8 +25,7 @@ ColorMode ParseColorMode(const std::string& text) {
 Milliseconds ParseDeadline(const std::string& text) {
     const auto deadline = ParseDuration(text);
     if (!deadline) {
-        throw InputError("--deadline: " +
-                         NotAllowed(text, "a time from 1ms to 86400s such as 2s or 100ms"));
+        throw InputError("--deadline: " + NotAllowed(text, kDurationExpected));
     }
     return *deadline;
 }

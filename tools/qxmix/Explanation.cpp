@@ -1,9 +1,9 @@
 #include "Explanation.h"
 
 #include "ResultCodes.h"
+#include "SearchedItems.h"
 
 #include <algorithm>
-#include <numeric>
 
 namespace qxmix {
 
@@ -45,27 +45,6 @@ public:
         return total < AskedMoney(questions_.dispenser, questions_.amount);
     }
 
-    /// Items that the search takes of each unit kept, in the mix's order.
-    ///
-    /// @param limit  most notes, and most coins, of one dispense.
-    std::vector<std::uint32_t> TakenOfUnits(std::uint16_t limit) const {
-        MixRequest request = units_.OneCassettePerUnit();
-        request.usMaxDispenseItems = limit;
-        const Reply reply = Ask(request);
-        if (reply.ending.kind != Ending::Kind::Answered || reply.calculation.returned != kSuccess) {
-            return {};
-        }
-        std::vector<std::uint32_t> taken(request.usNumPhysicalCUs);
-        std::size_t slot = 0;
-        for (const Unit& unit : units_.All()) {
-            if (!unit.dropped) {
-                taken[unit.order] = reply.calculation.result.aulNotes[slot];
-                ++slot;
-            }
-        }
-        return taken;
-    }
-
 private:
     Reply Ask(const MixRequest& request) const {
         return asker_.Ask(request, kDeadline, Asker::Tracing::Silent);
@@ -75,17 +54,6 @@ private:
     const Units& units_;
     Asker& asker_;
 };
-
-std::vector<std::uint32_t> GivenOf(const Units& units, const Judgement& judgement) {
-    std::vector<std::uint32_t> given;
-    for (const Unit& unit : units.Kept()) {
-        given.push_back(std::accumulate(unit.cassettes.begin(), unit.cassettes.end(), 0U,
-                                        [&judgement](std::uint32_t sum, std::size_t cassette) {
-                                            return sum + judgement.taken[cassette];
-                                        }));
-    }
-    return given;
-}
 
 DecidedBy WhatRefused(const SecondQuestions& again, const Units& units, std::int32_t returned) {
     switch (returned) {
@@ -153,16 +121,16 @@ Explanation Explain(const MixQuestions& questions, const MixAnswer& answer, Aske
     const MixRequest& request = questions.requests.front();
     Explanation story(answer, Units(request, asker.Open().minimum));
     const SecondQuestions again(questions, story.units, asker);
-    story.given = GivenOf(story.units, answer.judgement);
+    story.given = GivenItems(story.units, answer.judgement);
     if (!answer.judgement.IsAnswered()) {
         story.decidedBy = DecidedBy::Search;
     } else if (answer.reply.calculation.returned == kSuccess) {
-        story.taken = again.TakenOfUnits(questions.dispenser.maxDispenseItems);
+        story.taken = SearchedItems(story.units, questions.amount, asker);
         story.decidedBy = WhatPaid(questions, again, story);
     } else {
         story.decidedBy = WhatRefused(again, story.units, answer.reply.calculation.returned);
         if (story.decidedBy == DecidedBy::Limit) {
-            story.taken = again.TakenOfUnits(kNoLimit);
+            story.taken = SearchedItems(story.units, questions.amount, asker, kNoLimit);
         }
     }
     story.around = AskAround(questions, answer, asker);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Errors.h"
 #include "Json.h"
 #include "Terminal.h"
 
@@ -22,15 +23,29 @@ struct Finding {
     std::string advice;  ///< empty: nothing to do
 };
 
+/// Columns before the message of a finding.
+constexpr std::size_t kLeftOfFinding = 13;
+
+enum class FindingPlace { Untold, Told };
+
 /// The findings for people, without a heading: a line each, and for all but the notes a second one
 /// that says what to do.
 ///
 /// @param quiet  leaves the notes out.
 std::string FindingsText(const std::vector<Finding>& findings, bool quiet, const Painter& painter);
 
+/// One of them.
+///
+/// @param place  whether the field that it is about is told, too.
+std::string FindingText(const Finding& finding, FindingPlace place, const Painter& painter);
+
+Json FindingJson(const Finding& finding);
 Json FindingsJson(const std::vector<Finding>& findings);
 
-/// Whether any is an error.
-bool HasError(const std::vector<Finding>& findings);
+/// What a command that only looks ends with when it found this.
+ExitStatus ExitStatusOf(Severity severity);
+
+/// What it ends with when it found all these.
+ExitStatus ExitStatusOf(const std::vector<Finding>& findings);
 
 }  // namespace qxmix

@@ -2,6 +2,7 @@
 
 #include "MapVerdict.h"
 #include "TextList.h"
+#include "WrappedText.h"
 
 #include <algorithm>
 
@@ -16,27 +17,6 @@ constexpr std::size_t kLeftOfCells = 6;
 std::string AmountText(const MapQuestions& questions, std::uint64_t place) {
     const Dispenser& dispenser = questions.dispenser;
     return AskedMoney(dispenser, questions.Amount(place)).Text(AmountDecimals(dispenser));
-}
-
-/// Lines of at most 80 columns that break only where a separator ends a part.
-std::string Wrapped(const std::vector<std::string>& parts,
-                    const std::string& separator,
-                    std::size_t used,
-                    std::size_t indent) {
-    std::string text;
-    std::size_t column = used;
-    for (std::size_t index = 0; index < parts.size(); ++index) {
-        const std::string part = parts[index] + (index + 1 < parts.size() ? separator : "");
-        const std::size_t needed = part.find_last_not_of(' ') + 1;
-        if (column + needed > kPlainWidth && index > 0) {
-            text.erase(text.find_last_not_of(' ') + 1);
-            text += "\n" + std::string(indent, ' ');
-            column = indent;
-        }
-        text += part;
-        column += part.size();
-    }
-    return text;
 }
 
 /// The amount above the first cell of each group of ten.
@@ -109,7 +89,7 @@ std::string LegendText(const MapAnswers& answers, std::uint64_t stretch, const P
     for (const OutcomeRow& row : seen) {
         parts.push_back(std::string(1, row.letter) + " " + row.words);
     }
-    std::string text = " " + Wrapped(parts, "  ", 1, 1) + "\n";
+    std::string text = " " + WrappedText(parts, "  ", 1, 1) + "\n";
     // Painted afterwards: colour codes have no width.
     for (const OutcomeRow& row : seen) {
         const std::string plain = std::string(" ") + row.letter + " " + row.words;
@@ -142,7 +122,7 @@ MapText(const MapQuestions& questions, const MapAnswers& answers, const Painter&
         parts.push_back(part.substr(parts.empty() ? 0 : 1));
     }
     std::string text = painter.Paint(verdict.word, RowOf(verdict.colour).terminalStyle) + "  " +
-                       Wrapped(parts, ", ", before, before) + "\n";
+                       WrappedText(parts, ", ", before, before) + "\n";
     for (const std::string& line : UnpaidLines(questions, answers)) {
         text += line + "\n";
     }

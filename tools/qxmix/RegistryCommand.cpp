@@ -82,15 +82,6 @@ std::string ValuesText(const std::string& registry, const Opening& taken, const 
     return table.Text(painter);
 }
 
-ExitStatus ExitStatusOf(const std::vector<Finding>& findings) {
-    const bool hasWarning =
-        std::any_of(findings.begin(), findings.end(),
-                    [](const Finding& finding) { return finding.severity == Severity::Warning; });
-    return HasError(findings) ? ExitStatus::Danger
-           : hasWarning       ? ExitStatus::HonestNo
-                              : ExitStatus::Well;
-}
-
 }  // namespace
 
 const CommandInfo& RegistryCommand::Info() const {

@@ -7,8 +7,12 @@ namespace qxmix {
 
 namespace {
 
-std::string SetAdvice(const std::string& fileName, const std::string& setting) {
-    return "qxmix registry " + fileName + " --set " + setting + " --output F";
+/// @param fileName  of the registry; empty: the values stand in a dispenser file.
+/// @param instead   what to write there.
+std::string
+SetAdvice(const std::string& fileName, const std::string& setting, const std::string& instead) {
+    return fileName.empty() ? "write " + instead
+                            : "qxmix registry " + fileName + " --set " + setting + " --output F";
 }
 
 /// Whether a value is text that is one decimal number and nothing else.
@@ -31,7 +35,7 @@ Finding NoDecimalMinimum(std::uint32_t taken, const std::string& fileName) {
     finding.message =
         "CSTMinimum4Mix6 is not a number: " +
         (taken == 0 ? "mixes 6 to 9 keep no minimum" : "taken as " + std::to_string(taken));
-    finding.advice = SetAdvice(fileName, "CSTMinimum4Mix6=100");
+    finding.advice = SetAdvice(fileName, "CSTMinimum4Mix6=100", "\"CSTMinimum4Mix6\": \"100\"");
     return finding;
 }
 
@@ -41,7 +45,7 @@ Finding NoDwordLevel(std::uint32_t taken, const std::string& fileName) {
     finding.severity = Severity::Warning;
     finding.pointer = "/registry/TraceLevel";
     finding.message = "TraceLevel is no dword: taken as " + std::to_string(taken);
-    finding.advice = SetAdvice(fileName, "TraceLevel=1");
+    finding.advice = SetAdvice(fileName, "TraceLevel=1", "\"TraceLevel\": 1");
     return finding;
 }
 

@@ -12,7 +12,7 @@ namespace qxmix {
 ///
 /// @param registry  text of a registry file.
 /// @param taken     what the module took from it.
-/// @param fileName  the file's name in advice.
+/// @param fileName  the file's name in advice; empty: the values stand in a dispenser file.
 std::vector<Finding>
 CheckRegistry(const std::string& registry, const Opening& taken, const std::string& fileName);
 

@@ -93,14 +93,12 @@ std::optional<std::size_t> NumberBehind(const std::string& line, const std::stri
 }  // namespace
 
 Units::Units(const MixRequest& request, std::uint32_t minimum)
-    : request_(WithPlaces(request)), minimum_(minimum), amount_(request.ulAmount), kept_{} {
+    : request_(WithPlaces(request)), minimum_(minimum),
+      amount_(SearchedAmount(request.ulAmount)), kept_{} {
     LcuTable all;
     CMixAlgorithm::BuildLCUTable(request_, all);
     for (unsigned index = 0; index < all.usCount; ++index) {
         units_.push_back(UnitOf(all.aLCUs[index]));
-    }
-    if (request.sExponent > 0) {
-        amount_ = ScaleByPowerOfTen(amount_, request.sExponent);
     }
     NoHost host;
     CMixAlgorithm algorithm(&host);
@@ -134,6 +132,10 @@ void Units::ReadDrops(const std::vector<std::string>& lines) {
             units_[*notAvailable].dropped = NotAvailable(*plan, units_[*notAvailable], minimum_);
         }
     }
+}
+
+std::uint32_t Units::SearchedAmount(std::uint32_t asked) const {
+    return request_.sExponent > 0 ? ScaleByPowerOfTen(asked, request_.sExponent) : asked;
 }
 
 std::vector<Unit> Units::Kept() const {

@@ -44,6 +44,9 @@ public:
     /// The amount as the mix searches for it: a positive exponent is in it.
     std::uint32_t Amount() const { return amount_; }
 
+    /// Another amount, as the mix searches for it.
+    std::uint32_t SearchedAmount(std::uint32_t asked) const;
+
     /// The value that the amount must reach; none when the mix does not ask, or keeps no unit.
     std::optional<std::uint32_t> ValueToReach() const;
 

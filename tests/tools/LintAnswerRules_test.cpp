@@ -1,0 +1,101 @@
+#include "LintOf.h"
+
+namespace qxmix {
+namespace {
+
+TEST(LintQX501, FindsSuccessesThatPayTooLittle) {
+    const LintOf lint = LintOf("EUR:50x400:full,20x400").Amounts({20, 50, 70});
+    EXPECT_EQ(Said(lint, "QX501"),
+              (Lines{"/mix: mix 1 succeeds, pays too little on 2 amounts: 50 pays 0, ..."}));
+    EXPECT_EQ(lint.Findings("QX501").front().advice,
+              "mend QX201; until then book what the remainder leaves");
+    EXPECT_EQ(Said(LintOf("EUR:50x400,20x400").Amounts({20, 50, 70}), "QX501"), Lines{});
+    EXPECT_EQ(Said(LintOf(lint).Partial(), "QX501"), Lines{}) << "asked for";
+}
+
+TEST(LintQX501, NamesTheRuleThatIsBehindIt) {
+    const auto advice = [](const LintOf& lint) { return lint.Findings("QX501").front().advice; };
+    EXPECT_EQ(advice(LintOf("EUR:20x30:empty,20x1").Amounts({60})),
+              "mend QX203; until then book what the remainder leaves");
+    EXPECT_EQ(advice(LintOf("EUR:20x30:manipulated").Amounts({60})),
+              "mend QX202; until then book what the remainder leaves");
+    EXPECT_EQ(advice(LintOf("EUR:20x30").Position(0, 6).Amounts({60})),
+              "mend QX102; until then book what the remainder leaves");
+}
+
+TEST(LintQX502, FindsAmountsBelowTheSmallestNote) {
+    const LintOf lint = LintOf("EUR:50x400,20x400").Amounts({10, 19, 20, 30});
+    EXPECT_EQ(Said(lint, "QX502"),
+              (Lines{"/mix: mix 1 succeeds and pays nothing on 2 amounts: 10, 19"}));
+    EXPECT_EQ(lint.Findings("QX502").front().severity, Severity::Note);
+    EXPECT_EQ(Said(LintOf(lint).Amounts({20}), "QX502"), Lines{});
+}
+
+TEST(LintQX503, FindsDeadButtons) {
+    LintOf lint = LintOf("EUR:50x400:low,20x400").Mixes({1, 5}).Amounts({20, 30, 50});
+    lint.dispenser.amounts.buttons = {20, 30, 50};
+    EXPECT_EQ(Said(lint, "QX503"),
+              (Lines{"/amounts/buttons/1: dead button: 30 EUR is not paid",
+                     "/amounts/buttons/2: dead button: 50 EUR is not paid (mix 5)"}));
+    lint.dispenser.amounts.buttons = {20};
+    EXPECT_EQ(Said(lint, "QX503"), Lines{});
+}
+
+TEST(LintQX504, FindsWhatTheLimitStops) {
+    EXPECT_EQ(Said(LintOf("EUR:50x10,20x10").Limit(5).Amounts({30, 60, 330}), "QX504"),
+              (Lines{"/maxDispenseItems: the limit of 5 stops mix 1 on 1 amount: 330"}));
+    EXPECT_EQ(Said(LintOf("EUR:50x10,20x10").Limit(5).Mixes({3}).Amounts({30, 60, 330}), "QX504"),
+              (Lines{"/maxDispenseItems: the limit of 5 stops mix 3 on 1 amount: 330"}));
+    EXPECT_EQ(Said(LintOf("EUR:50x10,20x10").Limit(9).Amounts({30, 60, 330}), "QX504"), Lines{});
+}
+
+TEST(LintQX505, FindsSearchesThatEndAtTheLimit) {
+    // 9 notes and 3 coins come first; 8 notes and 8 coins would be within the limit.
+    const LintOf lint = LintOf("EUR:10x100,2x100:coinDispenser").Limit(8).Mixes({2}).Amounts({96});
+    EXPECT_EQ(Said(lint, "QX505"),
+              (Lines{"/mix: mix 2 stops at a combination over the limit on 1 amount: 96"}));
+    EXPECT_EQ(Said(LintOf("EUR:10x100,2x100").Limit(8).Mixes({2}).Amounts({96}), "QX505"), Lines{})
+        << "no coins";
+    EXPECT_EQ(Said(LintOf(lint).Mixes({1}), "QX505"), Lines{}) << "another search";
+}
+
+TEST(LintQX506, FindsCodesLeftByASuccess) {
+    const LintOf lint = LintOf("EUR:50x10,20x10").Limit(5).Mixes({3}).Amounts({70, 140});
+    EXPECT_EQ(Said(lint, "QX506"),
+              (Lines{"/mix: mix 3 pays and leaves a stale code on 1 amount: 140 971A3"}));
+    EXPECT_EQ(lint.Findings("QX506").front().amounts->first[0]["registry"], "971A3");
+    EXPECT_EQ(Said(LintOf(lint).Amounts({70}), "QX506"), Lines{});
+}
+
+TEST(LintQX507, FindsTheSlowestAnswer) {
+    LintCase lint = LintOf("EUR:50x10,20x10").Amounts({20, 50, 70}).Case();
+    const auto said = [&lint] {
+        Lines lines;
+        for (const LintFinding& finding : CheckAll(lint)) {
+            if (finding.id == "QX507") {
+                lines.push_back(finding.message);
+            }
+        }
+        return lines;
+    };
+    MapRow row;
+    for (const int microseconds : {10, 20000, 500}) {
+        MapCell cell;
+        cell.outcome = Outcome::Paid;
+        cell.took = std::chrono::microseconds(microseconds);
+        row.Add(cell);
+    }
+    lint.mixes.front().row = row;
+    EXPECT_EQ(said(), Lines{}) << "as long as is allowed";
+    lint.slow = Milliseconds(19);
+    EXPECT_EQ(said(), (Lines{"mix 1 takes 20 ms for 50 EUR"}));
+}
+
+TEST(LintQX508, FindsMixesThatPayNothing) {
+    EXPECT_EQ(Said(LintOf("EUR:50x10,20x10").Mixes({1, 6}).Amounts({20, 30}), "QX508"),
+              (Lines{"/mix: mix 6 pays nothing here"}));
+    EXPECT_EQ(Said(LintOf("EUR:50x10").Amounts({20, 50}), "QX508"), Lines{});
+}
+
+}  // namespace
+}  // namespace qxmix

@@ -1,0 +1,63 @@
+#include "LintOf.h"
+
+namespace qxmix {
+namespace {
+
+TEST(LintQX101, FindsPositionsThatAreNotThePlace) {
+    EXPECT_EQ(Said(LintOf("EUR:50x10,20x10").Position(0, 1).Position(1, 0), "QX101"),
+              (Lines{"/cassettes/0/position: items go to slot 1, the remainder counts them at "
+                     "cassette 1's value",
+                     "/cassettes/1/position: items go to slot 0, the remainder counts them at "
+                     "cassette 0's value"}));
+    EXPECT_EQ(Said(LintOf("EUR:50x10,20x10").Position(1, 5), "QX101"),
+              (Lines{"/cassettes/1/position: items go to slot 5, the remainder does not count "
+                     "them"}));
+    EXPECT_EQ(Said(LintOf("EUR:50x10,20x10"), "QX101"), Lines{});
+    EXPECT_EQ(Said(LintOf("EUR:50x10,20x10").Position(1, 6), "QX101"), Lines{}) << "QX102";
+}
+
+TEST(LintQX102, FindsPositionsThatAreNoneAndThoseUsedTwice) {
+    EXPECT_EQ(Said(LintOf("EUR:50x10,20x10").Position(1, 6), "QX102"),
+              (Lines{"/cassettes/1/position: there is no slot 6: it never receives an item"}));
+    EXPECT_EQ(Said(LintOf("EUR:50x10,20x10").Position(1, 0), "QX102"),
+              (Lines{"/cassettes/1/position: slot 0 is written twice, the later replaces"}));
+    EXPECT_EQ(Said(LintOf("EUR:50x10,20x10").Position(1, 5), "QX102"), Lines{});
+}
+
+TEST(LintQX103, FindsOneNoteOfTwoTypes) {
+    EXPECT_EQ(Said(LintOf("EUR:50x10,50x10:coupon"), "QX103"),
+              (Lines{"/cassettes/1/type: 50 EUR is coupon here, billCassette in cassette 0: two "
+                     "units instead of one"}));
+    EXPECT_EQ(Said(LintOf("EUR:50x10,50x10,20x10:coupon,USD50x10:coupon"), "QX103"), Lines{});
+}
+
+TEST(LintQX104, FindsOtherCurrencies) {
+    const LintOf some("EUR:50x10,USD20x10");
+    EXPECT_EQ(Said(some, "QX104"),
+              (Lines{"/cassettes/1/currency: USD is not EUR: passed over in silence"}));
+    EXPECT_EQ(some.Findings("QX104").front().severity, Severity::Note);
+    EXPECT_EQ(LintOf("EUR:USD20x10").Findings("QX104").front().severity, Severity::Error);
+    EXPECT_EQ(Said(LintOf("EUR:50x10"), "QX104"), Lines{});
+}
+
+TEST(LintQX105, FindsWhatIsNeverDrawnFrom) {
+    EXPECT_EQ(Said(LintOf("EUR:50x200,20x200:rejectCassette"), "QX105"),
+              (Lines{"/cassettes/1/type: rejectCassette is never drawn from"}));
+    EXPECT_EQ(Said(LintOf("EUR:50x200,20x2147483648"), "QX105"),
+              (Lines{"/cassettes/1/count: 2147483648 reads as negative: never drawn from"}));
+    EXPECT_EQ(Said(LintOf("EUR:50x200,0x200"), "QX105"),
+              (Lines{"/cassettes/1/value: worth nothing: never drawn from"}));
+    EXPECT_EQ(Said(LintOf("EUR:50x200,20x2147483647,0x200:coupon,2x9:coinCylinder"), "QX105"),
+              Lines{});
+}
+
+TEST(LintQX105, KnowsThatMixNineIsDifferent) {
+    const LintOf recycling("EUR:50x200:recycling,20x200");
+    EXPECT_EQ(Said(LintOf(recycling).Mixes({1, 9}), "QX105"),
+              (Lines{"/cassettes/0/type: recycling is never drawn from (mix 1)"}));
+    EXPECT_EQ(Said(LintOf(recycling).Mixes({9}), "QX105"), Lines{});
+    EXPECT_EQ(Said(LintOf("EUR:50x2147483648,20x200").Mixes({9}), "QX105"), Lines{});
+}
+
+}  // namespace
+}  // namespace qxmix

@@ -1,0 +1,38 @@
+#include "LintOf.h"
+
+namespace qxmix {
+namespace {
+
+TEST(LintQX509, FindsSharesThatWrap) {
+    // Two units: 2 x 40 x the larger count.
+    EXPECT_EQ(Said(LintOf("EUR:50x53687091,20x9").Mixes({1, 3}), "QX509"), Lines{});
+    EXPECT_EQ(Said(LintOf("EUR:50x53687092,20x9").Mixes({1, 3}), "QX509"),
+              (Lines{"/mix: shares may be compared as wrapped numbers: uneven emptying (mix 3)"}));
+    // Three: 3 x 40 x 6000 x 5965 is just below, of two that are neighbours in a circle.
+    EXPECT_EQ(Said(LintOf("EUR:50x6000,20x10,10x5965").Mixes({3}), "QX509"), Lines{});
+    EXPECT_EQ(Said(LintOf("EUR:50x6000,20x10,10x5966").Mixes({3}), "QX509").size(), 1U);
+    EXPECT_EQ(Said(LintOf("EUR:50x4000000").Mixes({3}), "QX509"), Lines{}) << "one unit";
+}
+
+TEST(LintQX510, FindsEvennessThatWraps) {
+    const auto said = [](const char* dispenser, std::uint16_t limit) {
+        return Said(LintOf(dispenser).Mixes({2}).Limit(limit), "QX510");
+    };
+    // Two units: 2 x 46341^2 is the first above 2^32.
+    EXPECT_EQ(said("EUR:50x9,20x9", 46340), Lines{});
+    EXPECT_EQ(said("EUR:50x9,20x9", 46341),
+              (Lines{"/maxDispenseItems: evenness may be compared as wrapped numbers"}));
+    EXPECT_EQ(said("EUR:50x9,20x9:coinCylinder", 23170), Lines{});
+    EXPECT_EQ(said("EUR:50x9,20x9:coinCylinder", 23171).size(), 1U);
+    EXPECT_EQ(said("EUR:50x9", 65535), Lines{}) << "one unit";
+}
+
+TEST(LintQX511, FindsTotalsThatAreRounded) {
+    EXPECT_EQ(Said(LintOf("EUR:4x4194304"), "QX511"), Lines{});
+    EXPECT_EQ(Said(LintOf("EUR:4x4194304,1x1"), "QX511").size(), 1U);
+    EXPECT_EQ(Said(LintOf("CHF:50x4000").Exponent(-2), "QX511").size(), 1U) << "20,000,000";
+    EXPECT_EQ(Said(LintOf("CHF:50x4000"), "QX511"), Lines{});
+}
+
+}  // namespace
+}  // namespace qxmix

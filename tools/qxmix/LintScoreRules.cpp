@@ -1,0 +1,104 @@
+#include "CashUnitCodes.h"
+#include "LintRules.h"
+
+#include <algorithm>
+
+namespace qxmix {
+
+namespace {
+
+constexpr std::uint64_t kWrap = std::uint64_t{1} << 32U;
+constexpr std::uint64_t kExactInSinglePrecision = 16777216;
+constexpr std::size_t kMostUnits = 5;
+
+bool IsOneOf(const LintMix& mix, std::uint16_t first, std::uint16_t second) {
+    return mix.mix == first || mix.mix == second;
+}
+
+bool HasSeveralUnits(const LintMix& mix) {
+    return mix.kept.size() >= 2 && mix.kept.size() <= kMostUnits;
+}
+
+/// A product that is held to 2^32: what is beyond that does not matter.
+class HeldProduct {
+public:
+    HeldProduct& Times(std::uint64_t factor) {
+        value_ = std::min(kWrap, value_ * std::min(kWrap - 1, factor));
+        return *this;
+    }
+
+    bool Wraps() const { return value_ == kWrap; }
+
+private:
+    std::uint64_t value_ = 1;
+};
+
+/// Whether the term of a unit and its neighbour can reach 2^32 in the score of even emptying.
+bool CanImbalanceWrap(const LintMix& mix, std::size_t place, std::uint16_t limit) {
+    const std::size_t next = (place + 1) % mix.kept.size();
+    HeldProduct product;
+    product.Times(mix.kept.size()).Times(limit);
+    product.Times(std::max(mix.kept[place].counted, mix.kept[next].counted));
+    for (std::size_t other = 0; other < mix.kept.size(); ++other) {
+        if (other != place && other != next) {
+            product.Times(mix.kept[other].counted);
+        }
+    }
+    return product.Wraps();
+}
+
+bool CanImbalanceWrap(const LintMix& mix, std::uint16_t limit) {
+    bool canWrap = false;
+    for (std::size_t place = 0; place < mix.kept.size(); ++place) {
+        canWrap = canWrap || CanImbalanceWrap(mix, place, limit);
+    }
+    return canWrap;
+}
+
+bool CanSpreadWrap(const LintMix& mix, std::uint16_t limit) {
+    const bool hasCoins = std::any_of(mix.kept.begin(), mix.kept.end(), [](const Unit& unit) {
+        return Contains(kCoinTypes, unit.type);
+    });
+    const std::uint64_t most = std::uint64_t{limit} * (hasCoins ? 2 : 1);
+    const std::uint64_t units = mix.kept.size();
+    return HeldProduct().Times(units).Times(units - 1).Times(most).Times(most).Wraps();
+}
+
+/// What the units hold, in the unit of the amount: six products below 2^64 may need more.
+Money WorthOf(const LintMix& mix) {
+    Money worth;
+    for (const Unit& unit : mix.kept) {
+        worth += Money::Of(unit.searched, 0).Times(unit.counted);
+    }
+    return worth;
+}
+
+}  // namespace
+
+void CheckImbalanceScores(const LintCase& lint, LintReport& report) {
+    const std::uint16_t limit = lint.TheDispenser().maxDispenseItems;
+    report.Add("/mix", "shares may be compared as wrapped numbers: uneven emptying",
+               MixesWhere(lint, [limit](const LintMix& mix) {
+                   return IsOneOf(mix, 3, 8) && HasSeveralUnits(mix) &&
+                          CanImbalanceWrap(mix, limit);
+               }));
+}
+
+void CheckSpreadScores(const LintCase& lint, LintReport& report) {
+    const std::uint16_t limit = lint.TheDispenser().maxDispenseItems;
+    report.Add("/maxDispenseItems", "evenness may be compared as wrapped numbers",
+               MixesWhere(lint, [limit](const LintMix& mix) {
+                   return IsOneOf(mix, 2, 7) && HasSeveralUnits(mix) && CanSpreadWrap(mix, limit);
+               }));
+}
+
+void CheckRoundedTotal(const LintCase& lint, LintReport& report) {
+    const Money exact = Money::Of(kExactInSinglePrecision, 0);
+    report.Add("/cassettes",
+               "the units hold more than " + exact.Text() +
+                   ": the total is rounded to single precision, and amounts near it, and partial "
+                   "amounts, are off",
+               MixesWhere(lint, [&exact](const LintMix& mix) { return WorthOf(mix) > exact; }));
+}
+
+}  // namespace qxmix
