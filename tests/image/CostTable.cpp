@@ -14,6 +14,9 @@ namespace {
 
 using emulation::CostRow;
 
+// The others are as these, or cheaper where they pass over cassettes.
+const std::vector<unsigned> kShownMixes{1, 2, 3, 10};
+
 constexpr std::uint64_t kWalkBudget = 1'000'000'000;
 constexpr std::uint64_t kFirstFitBudget = 2'000'000;
 
@@ -58,7 +61,7 @@ void PrintTable(emulation::RequestPlayer& player, unsigned questions) {
     sets.push_back(bench::SmallAmounts(questions));
     CostTable table(player);
     for (const bench::QuestionSet& set : sets) {
-        table.Add(set, emulation::kWalkedMixes, kWalkBudget);
+        table.Add(set, kShownMixes, kWalkBudget);
     }
     for (const bench::QuestionSet& set : sets) {
         table.Add(set, emulation::kFirstFitMixes, kFirstFitBudget);

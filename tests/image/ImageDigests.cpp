@@ -14,6 +14,7 @@
 #include <cstring>
 #include <fstream>
 #include <iterator>
+#include <utility>
 
 namespace {
 
@@ -24,7 +25,8 @@ using emulation::RequestPlayer;
 /// A library at its own base, and what its calculations took.
 class Library {
 public:
-    explicit Library(const std::string& path) : library_(emulation::ReadPe(FileOf(path))) {}
+    Library(const std::string& path, emulation::HostCode host)
+        : library_(emulation::ReadPe(FileOf(path))), module_(library_, library_.base, host) {}
 
     std::string VectorDigest(int files, char** paths) {
         Digest digest;
@@ -62,7 +64,7 @@ private:
     }
 
     emulation::PeFile library_;
-    emulation::EmulatedModule module_{library_, library_.base};
+    emulation::EmulatedModule module_;
     RequestPlayer player_{module_};
     std::uint32_t deepestStack_ = 0;
 };
@@ -74,8 +76,11 @@ int main(int count, char** arguments) {
         std::fputs("usage: image_digests FOLDER VECTOR-FILE...\n", stderr);
         return 2;
     }
-    for (const char* const name : {"device", "device-armv4t", "windows"}) {
-        Library library(std::string(arguments[1]) + "/" + name + "/QXMIX.dll");
+    using emulation::HostCode;
+    const std::pair<const char*, HostCode> images[] = {
+        {"device", HostCode::Arm}, {"device-armv4t", HostCode::Thumb}, {"windows", HostCode::Arm}};
+    for (const auto& [name, host] : images) {
+        Library library(std::string(arguments[1]) + "/" + name + "/QXMIX.dll", host);
         const std::string vectors = library.VectorDigest(count - 2, arguments + 2);
         const std::string requests = library.RequestDigest();
         std::printf("%s %s %s %u\n", name, vectors.c_str(), requests.c_str(),
