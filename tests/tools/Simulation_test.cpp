@@ -1,3 +1,6 @@
+#include "ErrorText.h"
+#include "SimulationJson.h"
+#include "SimulationPage.h"
 #include "SimulationRanking.h"
 
 #include <gtest/gtest.h>
@@ -151,6 +154,38 @@ TEST(RankMixes, RanksNoMixThatIsDangerousInAnyRun) {
     const SimulationRow row = RankMixes(Mixes({1}), answers).front();
     EXPECT_FALSE(row.rank);
     EXPECT_EQ(row.dangerousRuns, 1U);
+}
+
+/// The page of so many withdrawals, all paid, by mixes 1 and on.
+std::string PageText(std::size_t withdrawals, std::size_t mixes) {
+    SimulationQuestions questions;
+    questions.dispenser = TwoCassettes();
+    questions.dispenser.cassettes[0].count = 4000000;
+    SimulationAnswers answers;
+    answers.demand = Withdrawals(withdrawals);
+    answers.planned = withdrawals;
+    answers.runs.resize(1);
+    for (std::size_t place = 0; place < mixes; ++place) {
+        questions.mixes.push_back(static_cast<std::uint16_t>(place + 1));
+        answers.steps.emplace_back(withdrawals, Step(Outcome::Paid, 2));
+        answers.runs[0].push_back(
+            SummaryOf(questions.dispenser, answers.demand, answers.steps.back()));
+    }
+    questions.demand = answers.demand;
+    Envelope envelope;
+    envelope.command = "simulate";
+    envelope.input = SimulationInputJson(questions);
+    envelope.result = SimulationResultJson(questions, answers);
+    return SimulationPage(questions, answers, envelope, "qxmix simulate ...");
+}
+
+TEST(SimulationPage, NamesTheMixesThatFitWhenItIsTooLarge) {
+    EXPECT_NE(ErrorText([] { PageText(250000, 8); })
+                  .find("expected at most 5000000, as with "
+                        "--mixes 1,2,3,4,5"),
+              std::string::npos)
+        << ErrorText([] { PageText(250000, 8); });
+    EXPECT_LE(PageText(250000, 5).size(), 5000000U);
 }
 
 }  // namespace

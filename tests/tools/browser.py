@@ -135,4 +135,4 @@ class Browser:
 
 
 VIRTUAL_KEYS = {"ArrowLeft": 37, "ArrowUp": 38, "ArrowRight": 39, "ArrowDown": 40, "End": 35,
-                "Home": 36, "Tab": 9}
+                "Home": 36, "PageDown": 34, "PageUp": 33, "Tab": 9}

@@ -1,23 +1,12 @@
 #!/usr/bin/env python3
-"""The page of `qxmix map` in a real browser, opened from disk without a network.
+"""The page of `qxmix map` in a real browser, opened from disk without a network."""
 
-Skipped (exit status 77) where no browser is installed. With --pictures FOLDER the screenshots stay.
-"""
-
-import html
 import json
-import pathlib
 import re
-import shutil
-import subprocess
-import sys
 
-from browser import Browser, find_browser
-from tool_runner import Checks, Tool, parse_arguments
+from page_checks import (HOSTILE, check_pictures, check_skeleton, check_without_script,
+                         printed_sheets, run_page_checks)
 
-HOSTILE = "</script><img src=x onerror=alert(1)>"
-DEFICIENCIES = ("protanopia", "deuteranopia", "tritanopia", "achromatopsia")
-SKIPPED = 77
 DETAILS = "['what', 'items', 'said'].map(id => document.getElementById(id).textContent)"
 NAMED = [(10, 1), (60, 1), (500, 1), (280, 3), (30, 4), (50, 4), (10, 9), (30, 9), (40, 9),
          (490, 10)]
@@ -63,8 +52,7 @@ def point_at(browser, amount, mix):
 
 
 def check_content(tool, browser, checks, words):
-    checks.equal("nothing leaves",
-                 [url for url in browser.requests() if not url.startswith("file:")], [])
+    check_skeleton(browser, checks, "Corner " + HOSTILE)
     _, output, _ = tool.run(words + ["--json"])
     embedded = browser.run("document.getElementById('answer').textContent")
     known, expected = json.loads(embedded), json.loads(output)
@@ -73,13 +61,6 @@ def check_content(tool, browser, checks, words):
             # Which misses come first, and so get the whole deadline, is a matter of time.
             row["deadlines"] = sum(length for _, length in row["deadlines"])
     checks.equal("the data is that of --json", known, expected)
-    checks.equal("the title is text", browser.run("document.getElementById('title').textContent"),
-                 "Corner " + HOSTILE)
-    checks.equal("labels make no elements", browser.run("document.images.length"), 0)
-    checks.equal("one h1", browser.run("document.querySelectorAll('h1').length"), 1)
-    checks.check("every table has a caption and headers", browser.run(
-        "[...document.querySelectorAll('table')]"
-        ".every(t => t.caption && t.querySelector('th[scope=col]'))"))
 
 
 def check_cells(tool, browser, checks):
@@ -165,61 +146,15 @@ def check_narrow(browser, checks, path):
         "document.getElementById('larger').click(), scroller.scrollWidth > scroller.clientWidth"))
 
 
-def check_contrast(browser, checks):
-    ratios = browser.run("""[...document.querySelectorAll('.key')].map(key => {
-        const light = text => { const parts = text.match(/[0-9.]+/g).slice(0, 3).map(part => {
-            const share = part / 255;
-            return share <= 0.03928 ? share / 12.92 : ((share + 0.055) / 1.055) ** 2.4; });
-            return 0.2126 * parts[0] + 0.7152 * parts[1] + 0.0722 * parts[2] + 0.05; };
-        const style = getComputedStyle(key);
-        const pair = [light(style.color), light(style.backgroundColor)];
-        return Math.max(...pair) / Math.min(...pair); })""")
-    checks.check("letters have a contrast of 4.5", ratios and min(ratios) >= 4.5, ratios)
-
-
 def check_print(tool, browser, checks):
-    pdf = tool.folder / "map.pdf"
-    pdf.write_bytes(browser.print_to_pdf())
-    checks.check("prints", pdf.read_bytes().startswith(b"%PDF"))
-    if shutil.which("pdftotext") is None:
-        print("not checked: the text of the print (no pdftotext)")
+    sheets = printed_sheets(tool, browser, checks)
+    if sheets is None:
         return
-    text = subprocess.run(["pdftotext", "-layout", str(pdf), "-"], capture_output=True, text=True,
-                          check=True).stdout
-    first, *_ = text.split("\f")
+    text = " ".join(sheets)
     checks.check("print: letters", "X.X..X.X.." in text and "O.O......." in text, text)
     checks.check("print: dispenser and command on the first sheet",
-                 "1000" in first and "qxmix map hostile.json" in re.sub(r"\s+", " ", first), first)
+                 "1000" in sheets[0] and "qxmix map hostile.json" in sheets[0], sheets[0])
     checks.check("print: no controls", "Zoom" not in text and "Arrow keys" not in text, text)
-
-
-def check_pictures(tool, browser, checks, path, pictures):
-    browser.resize(1280, 900)
-    for scheme in ("light", "dark"):
-        browser.call("Emulation.setEmulatedMedia", media="",
-                     features=[{"name": "prefers-color-scheme", "value": scheme}])
-        browser.open(path)
-        check_contrast(browser, checks)
-        seen = {}
-        for deficiency in ("none", *DEFICIENCIES):
-            browser.call("Emulation.setEmulatedVisionDeficiency", type=deficiency)
-            seen[deficiency] = browser.screenshot()
-            if pictures:
-                (pictures / f"map-{scheme}-{deficiency}.png").write_bytes(seen[deficiency])
-        checks.equal(f"{scheme}: pictures differ", len(set(seen.values())), len(seen))
-        browser.call("Emulation.setEmulatedVisionDeficiency", type="none")
-
-
-def check_without_script(tool, checks, path):
-    page = pathlib.Path(path).read_text()
-    head = page.split("<head>", 1)[1].lstrip()
-    checks.check("the policy comes first", head.startswith(
-        '<meta http-equiv="Content-Security-Policy" content="default-src \'none\'; '
-        'style-src \'unsafe-inline\'; '
-        'script-src \'unsafe-inline\'; img-src data:">'), head[:200])
-    summary = html.unescape(page.split("<noscript>", 1)[1].split("</noscript>", 1)[0])
-    checks.check("without scripts: counts", '<th scope="row">4</th><td>24</td>' in summary, summary)
-    checks.equal("hostile labels end no script", page.count("</script>"), 3)
 
 
 def check_large(tool, browser, checks):
@@ -238,38 +173,25 @@ def check_large(tool, browser, checks):
     checks.check("large: the last cell", " to 200000 EUR, mix 1: " in last, last)
 
 
-def main():
-    program = find_browser()
-    if program is None:
-        print("skipped: no chromium in the path")
-        sys.exit(SKIPPED)
-    pictures = None
-    if "--pictures" in sys.argv:
-        at = sys.argv.index("--pictures")
-        pictures = pathlib.Path(sys.argv[at + 1])
-        del sys.argv[at:at + 2]
-    arguments = parse_arguments()
-    checks = Checks()
-    with Tool(arguments) as tool, Browser(program) as browser:
-        words = four_notes(tool)
-        status, _, _ = tool.run(words + ["--output", "map.html"])
-        checks.equal("exit status", status, 3)
-        path = tool.folder / "map.html"
-        check_without_script(tool, checks, path)
-        browser.resize(1280, 900)
-        browser.open(path)
-        check_content(tool, browser, checks, words)
-        check_cells(tool, browser, checks)
-        check_keys(browser, checks)
-        check_filters(browser, checks)
-        check_zoom(browser, checks)
-        check_print(tool, browser, checks)
-        checks.equal("no complaints", browser.complaints(), [])
-        check_narrow(browser, checks, path)
-        checks.equal("narrow: no complaints", browser.complaints(), [])
-        check_pictures(tool, browser, checks, path, pictures)
-        check_large(tool, browser, checks)
-    checks.finish()
+def check_page(tool, browser, checks, pictures):
+    words = four_notes(tool)
+    status, _, _ = tool.run(words + ["--output", "map.html"])
+    checks.equal("exit status", status, 3)
+    path = tool.folder / "map.html"
+    check_without_script(checks, path, '<th scope="row">4</th><td>24</td>')
+    browser.resize(1280, 900)
+    browser.open(path)
+    check_content(tool, browser, checks, words)
+    check_cells(tool, browser, checks)
+    check_keys(browser, checks)
+    check_filters(browser, checks)
+    check_zoom(browser, checks)
+    check_print(tool, browser, checks)
+    checks.equal("no complaints", browser.complaints(), [])
+    check_narrow(browser, checks, path)
+    checks.equal("narrow: no complaints", browser.complaints(), [])
+    check_pictures(browser, checks, path, pictures)
+    check_large(tool, browser, checks)
 
 
-main()
+run_page_checks(check_page)

@@ -3,14 +3,12 @@
 #include "Envelope.h"
 #include "MapAnswers.h"
 
-#include <cstddef>
 #include <cstdint>
 #include <string>
 
 namespace qxmix {
 
 constexpr std::uint64_t kMostPageCells = 1000000;
-constexpr std::size_t kMostPageBytes = 5000000;
 
 /// The map as one HTML file that needs nothing else.
 ///

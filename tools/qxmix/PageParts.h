@@ -2,11 +2,15 @@
 
 #include "Json.h"
 
+#include <cstddef>
 #include <map>
 #include <string>
 #include <string_view>
 
 namespace qxmix {
+
+/// Most bytes of a page.
+constexpr std::size_t kMostPageBytes = 5000000;
 
 /// A page with its parts filled in; every {{name}} of it must be among them.
 std::string FillPage(std::string_view page, const std::map<std::string, std::string>& parts);

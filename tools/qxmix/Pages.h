@@ -14,5 +14,11 @@ extern const std::string_view kMapModelScript;
 extern const std::string_view kMapGridScript;
 extern const std::string_view kMapTablesScript;
 extern const std::string_view kMapStartScript;
+extern const std::string_view kSimHtml;
+extern const std::string_view kSimCss;
+extern const std::string_view kSimModelScript;
+extern const std::string_view kSimPanelsScript;
+extern const std::string_view kSimTablesScript;
+extern const std::string_view kSimStartScript;
 
 }  // namespace qxmix

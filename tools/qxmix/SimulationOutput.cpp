@@ -1,6 +1,7 @@
 #include "SimulationOutput.h"
 
 #include "SimulationCsv.h"
+#include "SimulationPage.h"
 #include "SimulationText.h"
 
 namespace qxmix {
@@ -9,15 +10,14 @@ std::string SimulationFile(OutputForm form,
                            const SimulationQuestions& questions,
                            const SimulationAnswers& answers,
                            const Envelope& envelope,
-                           const std::string& /*commandLine*/) {
+                           const std::string& commandLine) {
     switch (form) {
     case OutputForm::TextFile:
         return SimulationText(questions, answers, Painter(ColorMode::Never));
     case OutputForm::CsvFile:
         return SimulationCsv(questions, answers);
     case OutputForm::Page:
-        throw InputError("--output: a page is not allowed; expected a name that ends in .txt, "
-                         ".json or .csv");
+        return SimulationPage(questions, answers, envelope, commandLine);
     case OutputForm::JsonFile:
         break;
     }

@@ -1,5 +1,5 @@
 showTitle();
-showDispenser();
+showFacts();
 showSummary();
 makeFilters();
 showRuns();

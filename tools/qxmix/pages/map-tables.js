@@ -14,17 +14,6 @@ function shownCount(index) {
     return shownRows().reduce((sum, row) => sum + row.count(index), 0);
 }
 
-function addFilter(fieldset, id, content, onChange) {
-    const label = element("label");
-    const box = element("input");
-    box.type = "checkbox";
-    box.checked = true;
-    box.id = id;
-    box.addEventListener("change", () => onChange(box.checked));
-    label.append(box, ...content);
-    fieldset.append(label);
-}
-
 function onFilter(hidden, item, isShown) {
     if (isShown) {
         hidden.delete(item);
@@ -74,28 +63,13 @@ function showTitle() {
     }
 }
 
-function showDispenser() {
-    fillTable(document.getElementById("dispenser"), "Cassettes in " + dispenser.currency +
-        ", at most " + plural(dispenser.maxDispenseItems, "item") + " at a time",
-        ["cassette", "item#", "holds#", "status", "type"],
-        dispenser.cassettes.map((cassette, index) => [cassetteLabel(index),
-            cassette.worth + " " + cassette.currency, String(cassette.count),
-            String(cassette.status), String(cassette.type).replace(/^billCassette$/, "bills")]));
-    const asked = document.getElementById("asked");
+function showFacts() {
     const last = askedText(amountAt(Math.max(amountCount - 1, 0)));
-    const facts = [
+    showDispenser([
         ["Amounts", askedText(amounts.min) + " to " + withCurrency(last) + ", " + amountCount +
             " of them"],
         ["Deadline", durationWords(answer.input.deadline) + " for a calculation"],
-    ];
-    for (const [name, text] of facts) {
-        asked.append(element("dt", name), element("dd", text));
-    }
-    const command = element("dd");
-    command.append(element("code", page.commandLine));
-    asked.append(element("dt", "Command"), command);
-    document.getElementById("versions").textContent = "qxmix " + answer.tool + ", module " +
-        (answer.module || "without a version") + " (" + answer.library + ")";
+    ]);
 }
 
 function showSummary() {

@@ -62,34 +62,44 @@ function cassetteOfSlot(slot) {
     return dispenser.cassettes.findIndex((cassette) => cassette.position === slot);
 }
 
-/** What the items are worth together. */
-function paidText(values) {
+/** What items are worth together, by cassette. */
+function worthText(items) {
     const worths = dispenser.cassettes.map((cassette) => cassette.worth.split("."));
     const decimals = Math.max(...worths.map((worth) => (worth[1] || "").length));
-    let sum = 0n;
-    values.forEach((items, slot) => {
+    const sum = worths.reduce((part, [whole, fraction = ""], index) =>
+        part + BigInt(items[index]) * BigInt(whole + fraction.padEnd(decimals, "0")), 0n);
+    return moneyText(sum, decimals, amountDecimals);
+}
+
+/** What items are worth together, by slot. */
+function paidText(values) {
+    const items = dispenser.cassettes.map(() => 0);
+    values.forEach((count, slot) => {
         const cassette = cassetteOfSlot(slot);
         if (cassette >= 0) {
-            const [whole, fraction = ""] = worths[cassette];
-            sum += BigInt(items) * BigInt(whole + fraction.padEnd(decimals, "0"));
+            items[cassette] = count;
         }
     });
-    return moneyText(sum, decimals, amountDecimals);
+    return worthText(items);
 }
 
 const outcomes = page.outcomes;
 const outcomeOfLetter = new Map(outcomes.map((outcome, index) => [outcome.letter, index]));
+
+function cassetteItems(items, index) {
+    const cassette = dispenser.cassettes[index];
+    return items + " x " + cassette.worth + " " + cassette.currency + " from " +
+        cassetteLabel(index);
+}
 
 function itemsText(values) {
     const parts = [];
     values.forEach((items, slot) => {
         const index = cassetteOfSlot(slot);
         if (items > 0) {
-            const cassette = dispenser.cassettes[index];
             parts.push(index < 0
                 ? items + " from position " + slot + ", where no cassette is"
-                : items + " x " + cassette.worth + " " + cassette.currency + " from " +
-                  cassetteLabel(index));
+                : cassetteItems(items, index));
         }
     });
     return parts.length === 0 ? "Nothing is taken." : parts.join(", ");
@@ -126,6 +136,7 @@ function fillTable(table, caption, headings, lines) {
             if (index === 0) {
                 cell.scope = "row";
             }
+            cell.dataset.heading = headings[index].replace(/#$/, "");
             cell.append(content);
             row.append(cell);
         });
@@ -138,4 +149,34 @@ function key(outcome) {
     const shown = element("span", outcome.letter, "key o-" + outcome.name);
     shown.setAttribute("aria-hidden", "true");
     return shown;
+}
+
+function addFilter(fieldset, id, content, onChange) {
+    const label = element("label");
+    const box = element("input");
+    box.type = "checkbox";
+    box.checked = true;
+    box.id = id;
+    box.addEventListener("change", () => onChange(box.checked));
+    label.append(box, ...content);
+    fieldset.append(label);
+}
+
+/** The dispenser as a table, the facts below it, the command line and the versions. */
+function showDispenser(facts) {
+    fillTable(document.getElementById("dispenser"), "Cassettes in " + dispenser.currency +
+        ", at most " + plural(dispenser.maxDispenseItems, "item") + " at a time",
+        ["cassette", "item#", "holds#", "status", "type"],
+        dispenser.cassettes.map((cassette, index) => [cassetteLabel(index),
+            cassette.worth + " " + cassette.currency, String(cassette.count),
+            String(cassette.status), String(cassette.type).replace(/^billCassette$/, "bills")]));
+    const asked = document.getElementById("asked");
+    for (const [name, text] of facts) {
+        asked.append(element("dt", name), element("dd", text));
+    }
+    const command = element("dd");
+    command.append(element("code", page.commandLine));
+    asked.append(element("dt", "Command"), command);
+    document.getElementById("versions").textContent = "qxmix " + answer.tool + ", module " +
+        (answer.module || "without a version") + " (" + answer.library + ")";
 }

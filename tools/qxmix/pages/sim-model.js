@@ -1,0 +1,120 @@
+// The withdrawals, and what each mix made of them, taken out of the answer.
+const demand = answer.result.demand;
+const withdrawalCount = demand.times.length;
+const cassetteCount = dispenser.cassettes.length;
+
+const SECONDS_IN_DAY = 86400;
+const DAYS_IN_WEEK = 7;
+const DAYS = ["Mon", "Tue", "Wed", "Thu", "Fri", "Sat", "Sun"];
+
+function twoDigits(number) {
+    return String(number).padStart(2, "0");
+}
+
+function clockText(time) {
+    const minutes = Math.floor(time % SECONDS_IN_DAY / 60);
+    return twoDigits(Math.floor(minutes / 60)) + ":" + twoDigits(minutes % 60);
+}
+
+/** The day of a time: its date, or its name and, where there are several, its week. */
+function dayText(time) {
+    const day = Math.floor(time / SECONDS_IN_DAY);
+    if (demand.firstDay !== null) {
+        const first = Date.parse(demand.firstDay + "T00:00:00Z");
+        return new Date(first + day * SECONDS_IN_DAY * 1000).toISOString().slice(0, 10);
+    }
+    const isLong = answer.input.demand.days > DAYS_IN_WEEK;
+    return (isLong ? "w" + (Math.floor(day / DAYS_IN_WEEK) + 1) + " " : "") +
+        DAYS[day % DAYS_IN_WEEK];
+}
+
+function timeText(time) {
+    return dayText(time) + " " + clockText(time);
+}
+
+function amountText(index) {
+    const currency = demand.currencies === null ? dispenser.currency : demand.currencies[index];
+    return askedText(demand.amounts[index]) + " " + currency;
+}
+
+function statusByCount(cassette, count) {
+    return count <= cassette.emptyThreshold ? "empty" : count <= cassette.lowThreshold ? "low" : "ok";
+}
+
+/** One mix: what became of each withdrawal, and what each cassette held behind it. */
+class MixRun {
+    constructor(mix) {
+        Object.assign(this, { mix: mix.mix, rank: mix.rank, known: mix });
+        const answers = mix.answers;
+        this.size = answers.path.length / answers.digits;
+        this.steps = answers.steps;
+        this.places = Uint32Array.from({ length: this.size },
+            (_, index) => placeAt(answers.path, answers.digits, index));
+        this.cells = Uint8Array.from(this.places,
+            (place) => outcomeOfLetter.get(this.steps[place][0]));
+        this.counts = new Uint32Array(this.size * cassetteCount);
+        this.statuses = new Array(this.size);
+        this.drain();
+    }
+
+    drain() {
+        const counts = dispenser.cassettes.map((cassette) => cassette.count);
+        let statuses = dispenser.cassettes.map((cassette) => cassette.status);
+        for (let index = 0; index < this.size; index += 1) {
+            if (this.isTaken(index)) {
+                const items = this.items(index);
+                statuses = statuses.map((status, at) => {
+                    counts[at] -= items[at];
+                    return items[at] > 0 && (status === "ok" || status === "low")
+                        ? statusByCount(dispenser.cassettes[at], counts[at]) : status;
+                });
+            }
+            this.counts.set(counts, index * cassetteCount);
+            this.statuses[index] = statuses;
+        }
+    }
+
+    outcome(index) {
+        return outcomes[this.cells[index]];
+    }
+
+    isTaken(index) {
+        return ["paid", "paidInPart"].includes(this.outcome(index).name);
+    }
+
+    items(index) {
+        return this.steps[this.places[index]][1];
+    }
+
+    heldBehind(index, cassette) {
+        return this.counts[index * cassetteCount + cassette];
+    }
+}
+
+const rows = answer.result.mixes.map((mix) => new MixRun(mix));
+
+/** What became of a withdrawal, for people: three lines. */
+function describe(row, index) {
+    const before = timeText(demand.times[index]) + ", " + amountText(index) + ", mix " + row.mix +
+        ": ";
+    if (index >= row.size) {
+        return [before + "given up before", "Nothing is taken.", ""];
+    }
+    const outcome = row.outcome(index);
+    const items = row.items(index);
+    const parts = items.map((count, at) => (count > 0 ? cassetteItems(count, at) : ""))
+        .filter((part) => part !== "");
+    let what = before + outcome.words;
+    if (["overpaid", "overdrawn", "paidInPart"].includes(outcome.name)) {
+        what += ", " + withCurrency(worthText(items));
+    }
+    if (outcome.name === "noAnswer") {
+        what += " within " + durationWords(answer.input.deadline);
+    }
+    const isSafe = parts.length === 0 || row.isTaken(index);
+    const taken = parts.length === 0 ? "Nothing is taken."
+        : (isSafe ? "" : "Not carried out: ") + parts.join(", ");
+    const held = dispenser.cassettes.map((cassette, at) => cassetteLabel(at) + " " +
+        row.heldBehind(index, at) + " " + row.statuses[index][at]);
+    return [what, taken, "Then " + held.join(", ")];
+}

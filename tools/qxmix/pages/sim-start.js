@@ -1,0 +1,43 @@
+showTitle();
+showRanking();
+showRanges();
+showFacts();
+showLegend();
+if (withdrawalCount > 0) {
+    for (const row of rows) {
+        row.changes = dispenser.cassettes.map((_, cassette) => changesOf(row, cassette));
+    }
+    makeFilters();
+    draw();
+    panels.addEventListener("pointermove", (event) => {
+        const plot = event.target.closest(".plot");
+        if (plot !== null) {
+            const x = event.clientX - plot.getBoundingClientRect().left;
+            const time = firstTime + (x - LEFT) / plotWidth() * (lastTime - firstTime);
+            show(placeOf(plot), nearest(time));
+        }
+    });
+    panels.addEventListener("focusin", (event) => {
+        const plot = event.target.closest(".plot");
+        if (plot !== null) {
+            show(placeOf(plot), cursor.index);
+        }
+    });
+    panels.addEventListener("keydown", onKey);
+    document.getElementById("before").addEventListener("click",
+        () => show(cursor.row, refusalFrom(cursor.row, cursor.index, -1)));
+    document.getElementById("next").addEventListener("click",
+        () => show(cursor.row, refusalFrom(cursor.row, cursor.index, 1)));
+    window.addEventListener("resize", () => draw());
+    window.addEventListener("beforeprint", () => {
+        // The first sheet says what was simulated.
+        document.getElementById("curves").before(document.getElementById("about"));
+        draw(true);
+    });
+    window.addEventListener("afterprint", () => {
+        document.getElementById("curves").after(document.getElementById("about"));
+        draw();
+    });
+} else {
+    document.getElementById("curves").hidden = true;
+}
