@@ -17,6 +17,7 @@ extern const std::string_view kMapStartScript;
 extern const std::string_view kSimHtml;
 extern const std::string_view kSimCss;
 extern const std::string_view kSimModelScript;
+extern const std::string_view kSimCurvesScript;
 extern const std::string_view kSimPanelsScript;
 extern const std::string_view kSimTablesScript;
 extern const std::string_view kSimStartScript;

@@ -15,8 +15,8 @@ namespace {
 
 std::string Script() {
     return std::string(kPartsScript) + std::string(kSimModelScript) +
-           std::string(kSimPanelsScript) + std::string(kSimTablesScript) +
-           std::string(kSimStartScript);
+           std::string(kSimCurvesScript) + std::string(kSimPanelsScript) +
+           std::string(kSimTablesScript) + std::string(kSimStartScript);
 }
 
 /// How every mix fared as a table, for readers whose browser runs no scripts. It holds nothing but

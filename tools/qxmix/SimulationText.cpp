@@ -110,33 +110,56 @@ std::string TimeText(const SimulationAnswers& answers, const std::optional<std::
 }
 
 /// The table of many runs: medians, and the range of what is served.
+///
+/// @param hasEmpty  whether it says when the first cassette ran empty.
 Table ManyRunsTable(const SimulationQuestions& questions,
                     const SimulationAnswers& answers,
-                    const std::vector<SimulationRow>& rows) {
-    Table table({{Align::Right, 0, 4},
-                 {Align::Right, 1, 3},
-                 {Align::Left, 2, 12},
-                 {Align::Right, 1, 7},
-                 {Align::Right, 1, 7},
-                 {Align::Right, 1, 6},
-                 {Align::Right, 1, 5},
-                 {Align::Left, 1, 11},
-                 {Align::Left, 1, 9},
-                 {Align::Right, 1, 0}});
-    table.AddRow({"rank", "mix", "served", "range", "refused", "danger", "items", "1st refusal",
-                  "1st empty", "left"});
+                    const std::vector<SimulationRow>& rows,
+                    bool hasEmpty) {
+    std::vector<Table::Column> columns = {
+        {Align::Right, 0, 4}, {Align::Right, 1, 3}, {Align::Left, 1, 12}, {Align::Right, 1, 7},
+        {Align::Right, 1, 7}, {Align::Right, 1, 6}, {Align::Right, 1, 5}, {Align::Left, 1, 11}};
+    std::vector<Cell> headings = {"rank",    "mix",    "served", "range",
+                                  "refused", "danger", "items",  "1st refusal"};
+    if (hasEmpty) {
+        columns.push_back({Align::Left, 1, 9});
+        headings.emplace_back("1st empty");
+    }
+    columns.push_back({Align::Right, 1, 0});
+    headings.emplace_back("left");
+    Table table(columns);
+    table.AddRow(headings);
     for (const SimulationRow& row : rows) {
         const std::string style = row.rank ? "" : RowOf(Outcome::Overpaid).terminalStyle;
-        table.AddRow({{RankText(row), style},
-                      {std::to_string(row.mix), style},
-                      ServedText(row.served.median, answers.demand.withdrawals.size()),
-                      std::to_string(row.served.least) + "-" + std::to_string(row.served.most),
-                      DashForZero(row.refused.median),
-                      {DashForZero(row.dangerousRuns), style},
-                      TenthsText(row.tenths.median),
-                      TimeText(answers, row.firstRefusal.median),
-                      TimeText(answers, row.firstEmpty.median),
-                      LeftText(questions.dispenser, row.left.median)});
+        std::vector<Cell> cells = {{RankText(row), style},
+                                   {std::to_string(row.mix), style},
+                                   ServedText(row.served.median, answers.demand.withdrawals.size()),
+                                   std::to_string(row.served.least) + "-" +
+                                       std::to_string(row.served.most),
+                                   DashForZero(row.refused.median),
+                                   {DashForZero(row.dangerousRuns), style},
+                                   TenthsText(row.tenths.median),
+                                   TimeText(answers, row.firstRefusal.median)};
+        if (hasEmpty) {
+            cells.emplace_back(TimeText(answers, row.firstEmpty.median));
+        }
+        cells.emplace_back(LeftText(questions.dispenser, row.left.median));
+        table.AddRow(cells);
+    }
+    return table;
+}
+
+/// The table, in 80 columns if that can be.
+Table FittingTable(const SimulationQuestions& questions,
+                   const SimulationAnswers& answers,
+                   const std::vector<SimulationRow>& rows) {
+    Table table = questions.runs == 1 ? OneRunTable(questions, answers, rows)
+                                      : ManyRunsTable(questions, answers, rows, true);
+    if (table.Width() > kPlainWidth && questions.runs > 1) {
+        table = ManyRunsTable(questions, answers, rows, false);
+    }
+    if (table.Width() > kPlainWidth) {
+        table.Narrow();
     }
     return table;
 }
@@ -169,12 +192,7 @@ std::string SimulationText(const SimulationQuestions& questions,
     if (!verdict.danger.empty()) {
         text += painter.Paint(verdict.danger, RowOf(Outcome::Overpaid).terminalStyle) + "\n";
     }
-    Table table =
-        isOneRun ? OneRunTable(questions, answers, rows) : ManyRunsTable(questions, answers, rows);
-    if (table.Width() > kPlainWidth) {
-        table.Narrow();
-    }
-    text += "\n" + table.Text(painter);
+    text += "\n" + FittingTable(questions, answers, rows).Text(painter);
     const std::string& currency = questions.dispenser.currency;
     if (isOneRun) {
         text += "items per withdrawal served; first refusal with its amount; left: " + currency +

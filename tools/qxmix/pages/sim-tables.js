@@ -87,7 +87,8 @@ function keepRoles(table) {
 }
 
 function rangeText(range, text) {
-    return text(range.median) + " (" + text(range.least) + " to " + text(range.most) + ")";
+    const [median, least, most] = [range.median, range.least, range.most].map(text);
+    return least === most ? median : median + " (" + least + " to " + most + ")";
 }
 
 function showRanges() {
@@ -97,7 +98,8 @@ function showRanges() {
     document.getElementById("allRuns").hidden = false;
     const orNone = (text) => (text === null ? "none" : text);
     fillTable(document.getElementById("ranges"), "Medians, and in brackets the range of " +
-        plural(demand.runs, "run") + "; the ranking and the curves are those of the first",
+        plural(demand.runs, "run") + "; ranks go by the median of what is served, " +
+        "the other numbers above and the curves are those of the first run",
         ["mix#", "served", "in part", "refused", "runs with danger#", "items each",
             "first refusal", "left then", "first empty", "spread"],
         answer.result.mixes.map((mix) => [String(mix.mix),
