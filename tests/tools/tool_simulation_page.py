@@ -207,8 +207,13 @@ def check_large(tool, browser, checks):
     pattern = json.loads((tool.folder / "examples/week.json").read_text())
     pattern.update(days=20, perDay=1000)
     (tool.folder / "large.json").write_text(json.dumps(pattern))
-    tool.run(["simulate", "EUR:100x60000:ok,50x50000,20x20000", "--demand", "large.json", "--mixes",
-              "1", "--output", "large.html"])
+    cassettes = [{"value": value, "count": count, "lowThreshold": count * 3 // 5,
+                  "emptyThreshold": count // 5}
+                 for value, count in ((100, 9000), (50, 9000), (20, 9000))]
+    (tool.folder / "thousands.json").write_text(
+        json.dumps({"currency": "EUR", "cassettes": cassettes}))
+    tool.run(["simulate", "thousands.json", "--demand", "large.json", "--mixes", "2", "--output",
+              "large.html"])
     browser.open(tool.folder / "large.html")
     checks.equal("large: no complaints", browser.complaints(), [])
     points = browser.run("[...document.querySelectorAll('.line:not(.end)')]"
@@ -219,6 +224,26 @@ def check_large(tool, browser, checks):
         return rows[0].statuses.filter((now, index) => index > 0 &&
             now[cassette] !== rows[0].statuses[index - 1][cassette] && !kept.has(index)).length; })""")
     checks.equal("large: every change of status is kept", missing, [0, 0, 0])
+    changes = browser.run("rows[0].statuses[rows[0].size - 1]")
+    checks.equal("large: all statuses have changed", changes, ["empty"] * 3)
+
+
+def check_worst_letters(tool, browser, checks):
+    words = ["simulate", "examples/euro.json", "--demand", "examples/week.json", "--mixes", "2"]
+    tool.run(words + ["--output", "week.html"])
+    tool.run(words + ["--output", "week.csv"])
+    rows = list(csv.DictReader(io.StringIO((tool.folder / "week.csv").read_text())))
+    browser.open(tool.folder / "week.html")
+    columns = browser.run("Math.floor(plotWidth() / LETTER_WIDTH)")
+    times = browser.run("demand.times")
+    worst = {}
+    for row, time in zip(rows, times):
+        column = time * columns // (7 * 86400)
+        worst[column] = max(worst.get(column, ""), LETTERS[row["outcome"]])  # r is above .
+    shown = browser.run("[...document.querySelectorAll('.letters span')]"
+                        ".map(s => [parseFloat(s.style.left), s.textContent])")
+    checks.equal("a letter is the worst of its stretch", [letter for _, letter in sorted(shown)],
+                 [worst[column] for column in sorted(worst)])
 
 
 def check_page(tool, browser, checks, pictures):
@@ -250,6 +275,7 @@ def check_page(tool, browser, checks, pictures):
     check_pictures(browser, checks, path, pictures)
     check_runs(tool, browser, checks)
     check_large(tool, browser, checks)
+    check_worst_letters(tool, browser, checks)
 
 
 run_page_checks(check_page)
