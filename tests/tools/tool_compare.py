@@ -96,6 +96,27 @@ def check_rows(tool, checks):
     checks.equal("--registry-out", (left[0], (tool.folder / "left.reg").exists()), (1, True))
 
 
+def check_output(tool, checks):
+    words = ["compare", "examples/euro.json", "examples/no-tens.json", "--to", "100"]
+    for ending, expected in ((".txt", tool.run(words)[1]), (".json", tool.run(words + ["--json"])[1])):
+        shown = tool.run(words + ["--output", "out" + ending, "--color", "never"])
+        checks.equal(f"{ending}: written", (tool.folder / ("out" + ending)).read_text(), expected)
+        checks.equal(f"{ending}: shown, too", shown[:2], (1, tool.run(words)[1]))
+    tool.run(words + ["--output", "out.csv"])
+    lines = (tool.folder / "out.csv").read_text().splitlines()
+    checks.equal(".csv", (lines[0], lines[1], len(lines)),
+                 ("amount,change,a_mix,a_outcome,a_v0,a_v1,a_v2,a_v3,a_v4,a_v5,"
+                  "b_mix,b_outcome,b_v0,b_v1,b_v2,b_v3,b_v4,b_v5",
+                  "10,lost,1,paid,0,0,0,0,1,0,1,nothingPaid,0,0,0,0,0,0", 5))
+    tool.run(["compare", ONES, "--limit", "2000", "--from", "1001", "--to", "1001", "--library",
+              tool.environment["QXMIX_LIBRARY"], "--library", "fake.so", "--output", "out.csv"])
+    checks.equal(".csv: unknown is empty", (tool.folder / "out.csv").read_text().splitlines()[1:],
+                 ["1001,danger,1,paid,1001,0,0,0,0,0,1,crashed,,,,,,"])
+    checks.equal("another form", tool.run(words + ["--output", "out.html"]),
+                 (2, "", "qxmix: --output: out.html is not allowed; expected a name that ends in "
+                         ".txt, .json or .csv\n"))
+
+
 def check_interrupt(tool, checks):
     (tool.folder / "real.so").unlink(missing_ok=True)
     (tool.folder / "real.so").symlink_to(tool.environment["QXMIX_LIBRARY"])
@@ -118,7 +139,8 @@ def main():
     arguments = parse_arguments()
     checks = Checks()
     with Tool(arguments) as tool:
-        for part in (check_against_mix, check_settings, check_libraries, check_rows, check_interrupt):
+        for part in (check_against_mix, check_settings, check_libraries, check_rows, check_output,
+                     check_interrupt):
             part(tool, checks)
     checks.finish()
 

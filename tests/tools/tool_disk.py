@@ -22,6 +22,7 @@ WRITERS = [
     ["map", ASK[0], "--output", "out.json"],
     ["map", ASK[0], "--output", "out.html"],
     ["compare", ASK[0], "EUR:50x10,20x31", "--registry-out", "out.reg"],
+    ["compare", ASK[0], "EUR:50x10,20x31", "--output", "out.csv"],
     ["replay", "examples/trace.ndjson", "--registry-out", "out.reg"],
     ["registry", "examples/device.reg", "--set", "CSTMinimum4Mix6=7", "--output", "out.reg"],
     ["simulate", ASK[0], "--demand", "examples/week.json", "--runs", "2", "--output", "out.csv"],

@@ -40,6 +40,11 @@ bool IsWorse(const CompareDifference& left, const CompareDifference& right) {
 
 }  // namespace
 
+const char* NameOf(Change change) {
+    constexpr const char* kNames[] = {"danger", "lost", "other", "gained", "same"};
+    return kNames[static_cast<std::size_t>(change)];
+}
+
 std::uint64_t CompareAnswers::Count(Change change) const {
     const auto count =
         std::count_if(differences.begin(), differences.end(),

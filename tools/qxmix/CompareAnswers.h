@@ -19,6 +19,9 @@ struct CompareQuestions {
 /// What changes for the customer. The order is from worst to best.
 enum class Change { Danger, Lost, Other, Gained, Same };
 
+/// In JSON and CSV.
+const char* NameOf(Change change);
+
 /// One amount that is answered differently.
 struct CompareDifference {
     Change change = Change::Other;

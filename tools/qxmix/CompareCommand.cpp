@@ -1,9 +1,9 @@
 #include "CompareCommand.h"
 
+#include "CompareCsv.h"
 #include "CompareJson.h"
 #include "CompareText.h"
 #include "DispenserReader.h"
-#include "Envelope.h"
 #include "LibrarySearch.h"
 #include "MapOutput.h"
 #include "Output.h"
@@ -18,6 +18,12 @@ namespace qxmix {
 namespace {
 
 constexpr std::uint64_t kMostCells = 10000000;
+constexpr const char* kFormsExpected = ".txt, .json or .csv";
+
+std::string EndingOf(const std::string& file) {
+    const std::size_t dot = file.rfind('.');
+    return dot == std::string::npos ? "" : file.substr(dot);
+}
 
 void CheckAlike(const std::string& name,
                 const std::string& field,
@@ -62,9 +68,14 @@ void CompareCommand::AddOptions(CLI::App& command) {
     AddAmountRangeOptions(command, range_);
     AddAskOptions(command, ask_);
     AddJobsOption(command, jobs_);
+    command
+        .add_option("--output", output_,
+                    std::string("writes the differences, too; the name ends in ") + kFormsExpected)
+        ->type_name("FILE");
 }
 
 ExitStatus CompareCommand::Run(const CommonOptions& options) {
+    CheckOutput();
     CompareQuestions questions = Prepare(options);
     const std::vector<std::string>& libraries = options.libraries;
     Side a(libraries.empty() ? "" : libraries.front(), options, questions.a);
@@ -82,25 +93,41 @@ ExitStatus CompareCommand::Run(const CommonOptions& options) {
     const MapAnswers answersB = ask(questions.b, b, cells);
     progress.Wipe();
     const CompareAnswers answers = Compare(questions, answersA, answersB);
-    OutputFiles files;
-    files.Add(options.registryOut, WithErrorCode(b.asker.Registry(), answersB.lastCode));
-    files.Commit();
-    if (!options.json) {
-        WriteStandardOutput(
-            CompareText(questions, answers, Names(options), Painter(options.color)));
-        return ExitStatusOf(answers);
-    }
-    Envelope envelope;
+    Envelope envelope = EnvelopeOf(questions, answers);
     envelope.module = b.asker.ModuleVersion();
     envelope.library = FileNameOf(b.asker.Library());
+    envelope.input["libraries"] = {FileNameOf(a.asker.Library()), envelope.library};
+    const auto text = [&](ColorMode color) {
+        return CompareText(questions, answers, Names(options), Painter(color));
+    };
+    OutputFiles files;
+    files.Add(options.registryOut, WithErrorCode(b.asker.Registry(), answersB.lastCode));
+    const std::string ending = EndingOf(output_);
+    files.Add(output_, ending == ".txt"   ? text(ColorMode::Never)
+                       : ending == ".csv" ? CompareCsv(answers)
+                                          : EnvelopeText(envelope));
+    files.Commit();
+    WriteStandardOutput(options.json ? EnvelopeText(envelope) : text(options.color));
+    return envelope.exitStatus;
+}
+
+Envelope CompareCommand::EnvelopeOf(const CompareQuestions& questions,
+                                    const CompareAnswers& answers) const {
+    Envelope envelope;
     envelope.command = Info().name;
     envelope.complete = answers.isComplete;
     envelope.input = CompareInputJson(questions);
-    envelope.input["libraries"] = {FileNameOf(a.asker.Library()), envelope.library};
     envelope.result = CompareResultJson(questions, answers);
     envelope.exitStatus = ExitStatusOf(answers);
-    WriteStandardOutput(EnvelopeText(envelope));
-    return envelope.exitStatus;
+    return envelope;
+}
+
+void CompareCommand::CheckOutput() const {
+    const std::string ending = EndingOf(output_);
+    if (!output_.empty() && ending != ".txt" && ending != ".json" && ending != ".csv") {
+        throw InputError("--output: " +
+                         NotAllowed(output_, std::string("a name that ends in ") + kFormsExpected));
+    }
 }
 
 CompareQuestions CompareCommand::Prepare(const CommonOptions& options) const {

@@ -4,6 +4,7 @@
 #include "AskOptions.h"
 #include "Command.h"
 #include "CompareAnswers.h"
+#include "Envelope.h"
 #include "JobsOption.h"
 
 #include <array>
@@ -21,6 +22,8 @@ public:
 private:
     CompareQuestions Prepare(const CommonOptions& options) const;
     MapQuestions PrepareSide(const std::string& name, const CommonOptions& options) const;
+    void CheckOutput() const;
+    Envelope EnvelopeOf(const CompareQuestions& questions, const CompareAnswers& answers) const;
     AmountRange RangeOf(const CompareQuestions& questions) const;
     std::array<std::string, 2> Names(const CommonOptions& options) const;
 
@@ -29,6 +32,7 @@ private:
     AmountRangeOptions range_;
     AskOptions ask_;
     JobsOption jobs_;
+    std::string output_;  // empty: not given
 };
 
 }  // namespace qxmix

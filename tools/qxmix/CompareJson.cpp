@@ -8,11 +8,6 @@ namespace qxmix {
 
 namespace {
 
-const char* NameOf(Change change) {
-    constexpr const char* kNames[] = {"danger", "lost", "other", "gained", "same"};
-    return kNames[static_cast<std::size_t>(change)];
-}
-
 Json SideJson(const Dispenser& dispenser,
               std::uint32_t amount,
               std::uint16_t mix,
