@@ -194,7 +194,7 @@ def check_interrupt(tool, checks):
     lines = [f"2026-01-01 10:{minute:02},{900 + minute}" for minute in range(12)]
     lines.append("2026-01-01 11:00,1002")
     (tool.folder / "hang.csv").write_text("\n".join(["time,amount"] + lines) + "\n")
-    words = FAKE + ["--mixes", "1,2", "--deadline", "60s"]
+    words = FAKE + ["--mixes", "1,2", "--deadline", "60s", "--jobs", "1"]
     for form, extra in (("text", []), ("JSON", ["--json", "--output", "cut.csv"])):
         process = tool.start(words + extra)
         time.sleep(1)
