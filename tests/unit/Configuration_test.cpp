@@ -212,6 +212,26 @@ TEST_F(FailingRegistry, FallsBackAtEachCall) {
     }
 }
 
+TEST_F(FailingRegistry, FallsBackWhenEveryCallFailsFromOneOn) {
+    const FailingCall cases[] = {
+        {1, 1, 100, 2}, {2, 1, 100, 3}, {3, 3, 100, 3}, {4, 3, 100, 5}, {5, 3, 250, 5}};
+    // Nothing is left open but what could not be closed, and the key of the trace level.
+    const std::uint32_t openKeys[] = {0, 1, 1, 2, 2};
+    for (const FailingCall& one : cases) {
+        QxmixReset();
+        QxmixRegistrySetNumber(kTraceKey, "TraceLevel", 3);
+        QxmixRegistrySetText(kMinimumKey, kMinimumName, "250");
+        CallLog log;
+        QxmixFailCallsFrom(kQxmixAnyFunction, one.n, kQxmixUsualFailure);
+        Module module;
+        EXPECT_EQ(module.Inner().ulTraceLevel, one.traceLevel) << one.n;
+        EXPECT_EQ(module.Inner().ulCstMinimum4Mix6, one.minimum) << one.n;
+        EXPECT_EQ(CallLog::All().size(), one.calls) << one.n;
+        EXPECT_EQ(QxmixRegistryOpenKeys(), openKeys[one.n - 1]) << one.n;
+        QxmixResetCalls();
+    }
+}
+
 TEST_F(FailingRegistry, WorksOnDefaultsWhenEveryCallFails) {
     QxmixFailCallsFrom(kQxmixAnyFunction, 1, 5);
     Module module;

@@ -71,6 +71,33 @@ TEST_F(RegWriteError, IgnoresAFailureToClose) {
     EXPECT_EQ(RecordedCode(), "971A2");
 }
 
+struct FailingCall {
+    std::uint32_t n;
+    bool onward;  ///< every later call fails too
+    const char* code;
+    std::size_t calls;
+    std::uint32_t openKeys;
+};
+
+TEST_F(RegWriteError, LeavesTheCodeBeforeWhenItCannotBeReplaced) {
+    const FailingCall cases[] = {
+        {1, false, "971A5", 1, 0}, {2, false, "971A5", 3, 0}, {3, false, "971A2", 3, 1},
+        {1, true, "971A5", 1, 0},  {2, true, "971A5", 3, 1},  {3, true, "971A2", 3, 1},
+    };
+    for (const FailingCall& one : cases) {
+        QxmixReset();
+        CMixAlgorithm::RegWriteError("971A5");
+        CallLog log;
+        (one.onward ? QxmixFailCallsFrom : QxmixFailCall)(kQxmixAnyFunction, one.n,
+                                                          kQxmixUsualFailure);
+        EXPECT_EQ(Fail(Failure::NotDispensable), -306);
+        EXPECT_EQ(CallLog::All().size(), one.calls) << one.n;
+        QxmixResetCalls();
+        EXPECT_EQ(RecordedCode(), one.code) << one.n;
+        EXPECT_EQ(QxmixRegistryOpenKeys(), one.openKeys) << one.n;
+    }
+}
+
 TEST_F(RegWriteError, TracesBetweenSettingAndClosing) {
     struct Seen {
         std::uint32_t sets;
