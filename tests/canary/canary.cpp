@@ -43,7 +43,10 @@ void ReadUnwrittenMemory() {
 }
 
 void LoseMemory() {
-    std::printf("%s\n", std::malloc(1234) != nullptr ? "lost" : "nothing to lose");
+    // More than one, since the last address may linger in a register.
+    for (unsigned count = 0; count < 10 * one; ++count) {
+        std::printf("%s\n", std::malloc(1234) != nullptr ? "lost" : "nothing to lose");
+    }
 }
 
 void OverflowASum() {
