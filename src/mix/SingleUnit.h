@@ -11,8 +11,9 @@
 ///   overwrites the limit's own.
 inline std::int32_t PayFromSingleUnit(const SearchUnits& units, LcuNotes& notes) noexcept {
     Counts combination{};
-    const bool isExact = TakeGreedily(units, combination) == 0;
-    if (!(isExact || units.allowsPartial) || !units.IsWithinLimit(combination)) {
+    const std::uint32_t unpaid = TakeGreedily(units, combination);
+    const bool suffices = unpaid == 0 || units.allowsPartial;
+    if (!suffices || !units.IsWithinLimit(combination)) {
         return Fail(Failure::NotDispensable);
     }
     StoreNotes(units, combination, notes);

@@ -133,6 +133,15 @@ TEST(CalcEqualEmptying, TakesADifferenceOf2To31ForTheLargest) {
               Chosen({384, 2}));
 }
 
+TEST(CalcEqualEmptying, TakesTheMostUnequalSharesWhoseSumWraps) {
+    // No share wraps, but four differences of a whole cassette add up to 4 * 1080000000, which is
+    // 2^32 + 25032704: less than any combination that takes something from every unit.
+    EXPECT_EQ(
+        Pay(Table().Bill(1, 40000).Bill(1000, 300).Bill(5000, 10).Bill(7000, 9).Amount(90000).Limit(
+            65535)),
+        Chosen({40000, 0, 10, 0}));
+}
+
 TEST(CalcEqualEmptying, ComparesWrappedSharesOfThreeUnits) {
     // Unwrapped, 1, 2 and 1 would be the most equal shares of all the combinations that make 100.
     EXPECT_EQ(Pay(Table().Bill(50, 20000).Bill(20, 20000).Bill(10, 20000).Amount(100)),
