@@ -32,7 +32,7 @@ private:
         const unsigned last = units_.n - 1;
         for (std::uint32_t count = std::min(rest / units_.values[unit], units_.counts[unit]) + 1;
              count-- > 0;) {
-            combination[unit] = count;
+            combination.at(unit) = count;
             const std::uint32_t left = rest - count * units_.values[unit];
             if (unit + 1 < last) {
                 Loop(unit + 1, left, combination);
