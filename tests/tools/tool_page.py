@@ -157,6 +157,29 @@ def check_print(tool, browser, checks):
     checks.check("print: no controls", "Zoom" not in text and "Arrow keys" not in text, text)
 
 
+def check_forced_colors(browser, checks, path):
+    """The reader's own colours: letters and borders tell cells apart, and small dangers stand out."""
+    browser.call("Emulation.setEmulatedMedia", media="",
+                 features=[{"name": "forced-colors", "value": "active"}])
+    browser.open(path)
+    checks.check("forced colours: active", browser.run("matchMedia('(forced-colors: active)').matches"))
+    look = "const s = getComputedStyle(c); "
+    danger, paid = (browser.run(f"{{ const c = {cell(amount, 9)}; {look}"
+                                "[c.textContent, s.borderTopWidth, s.color !== s.backgroundColor] }")
+                    for amount in (10, 20))
+    checks.equal("forced colours: letters in a border", (danger, paid),
+                 (["O", "1px", True], [".", "1px", True]))
+    while not browser.run("document.getElementById('smaller').disabled"):
+        browser.run("document.getElementById('smaller').click()")
+    danger, paid = (browser.run(f"{{ const c = {cell(amount, 4)}; {look}"
+                                "[c.textContent, s.borderTopWidth, s.backgroundColor] }")
+                    for amount in (10, 20))
+    checks.equal("forced colours: small cells have no border", (danger[:2], paid[:2]),
+                 (["", "0px"], ["", "0px"]))
+    checks.check("forced colours: small dangers stand out", danger[2] != paid[2], (danger, paid))
+    browser.call("Emulation.setEmulatedMedia", media="", features=[])
+
+
 def check_large(tool, browser, checks):
     words = ["map", "EUR:100x30000,50x12000,20x15000,10x9000", "--from", "10", "--to", "200000",
              "--mixes", "1,2", "--output", "large.html"]
@@ -191,6 +214,7 @@ def check_page(tool, browser, checks, pictures):
     check_narrow(browser, checks, path)
     checks.equal("narrow: no complaints", browser.complaints(), [])
     check_pictures(browser, checks, path, pictures)
+    check_forced_colors(browser, checks, path)
     check_large(tool, browser, checks)
 
 
