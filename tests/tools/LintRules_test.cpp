@@ -1,5 +1,9 @@
 #include "LintOf.h"
 #include "LintText.h"
+#include "RuleTexts.h"
+
+#include <set>
+#include <string>
 
 namespace qxmix {
 namespace {
@@ -11,6 +15,14 @@ TEST(LintRules, HaveEachIdOnceAndInOrder) {
         before = rule.id;
     }
     EXPECT_EQ(LintRules().size(), 37U);
+}
+
+TEST(LintRules, AllHaveTexts) {
+    for (const LintRule& rule : LintRules()) {
+        const bool takesItsAdviceFromTheFinding =
+            std::set<std::string>{"QX301", "QX303", "QX501"}.count(rule.id) != 0;
+        EXPECT_EQ(FindingOf(rule.id).advice.empty(), takesItsAdviceFromTheFinding) << rule.id;
+    }
 }
 
 TEST(LintText, SaysTheSameOfSeveralMixesOnce) {

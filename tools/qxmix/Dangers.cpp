@@ -1,13 +1,15 @@
 #include "Dangers.h"
 
+#include "RuleTexts.h"
+
 namespace qxmix {
 
 const std::vector<Danger>& Dangers() {
     static const std::vector<Danger> dangers = {
-        {Outcome::NoAnswer, "gives no answer", "QX402", "never call it without a watchdog"},
+        {Outcome::NoAnswer, "gives no answer", "QX402", AdviceOf("QX402")},
         {Outcome::Crashed, "crashes", "", ""},
-        {Outcome::Overpaid, "overpays", "QX401", "check sum and items before money moves"},
-        {Outcome::Overdrawn, "overdraws", "QX401", "check sum and items before money moves"},
+        {Outcome::Overpaid, "overpays", "QX401", AdviceOf("QX401")},
+        {Outcome::Overdrawn, "overdraws", "QX401", AdviceOf("QX401")},
     };
     return dangers;
 }

@@ -8,13 +8,12 @@ namespace qxmix {
 
 /// A rule of `qxmix lint`.
 ///
-/// To add one: a row in LintRules.cpp with an id that was never used, its check in the file of its
-/// topic, a test that makes it speak and one that does not (tests/tools), a row in docs/qxmix.md.
+/// To add one: a row in RuleTexts.cpp with an id that was never used, a row in LintRules.cpp, its
+/// check in the file of its topic, a test that makes it speak and one that does not (tests/tools),
+/// a row in docs/qxmix.md.
 struct LintRule {
     const char* id;
-    Severity severity;
     void (*check)(const LintCase& lint, LintReport& report);
-    const char* advice;  ///< what to do
 };
 
 /// All of them, by id.

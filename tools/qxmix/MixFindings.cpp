@@ -2,6 +2,7 @@
 
 #include "Duration.h"
 #include "MixList.h"
+#include "RuleTexts.h"
 #include "TextList.h"
 
 #include <algorithm>
@@ -61,9 +62,7 @@ std::string MessageOf(const Judgement& judgement, Milliseconds deadline) {
 }  // namespace
 
 Finding DangerOf(std::uint16_t mix, const Judgement& judgement, Milliseconds deadline) {
-    Finding finding;
-    finding.id = judgement.IsAnswered() ? "QX401" : "QX402";
-    finding.severity = Severity::Error;
+    Finding finding = FindingOf(judgement.IsAnswered() ? "QX401" : "QX402");
     finding.mix = mix;
     finding.pointer = "/mix";
     finding.message = MessageOf(judgement, deadline);

@@ -1,6 +1,7 @@
 #include "RegistryRules.h"
 
 #include "RegistryImage.h"
+#include "RuleTexts.h"
 #include "StoredValues.h"
 
 namespace qxmix {
@@ -28,9 +29,7 @@ bool IsDecimalText(const StoredValue& value) {
 }
 
 Finding NoDecimalMinimum(std::uint32_t taken, const std::string& fileName) {
-    Finding finding;
-    finding.id = "QX301";
-    finding.severity = Severity::Error;
+    Finding finding = FindingOf("QX301");
     finding.pointer = "/registry/CSTMinimum4Mix6";
     finding.message =
         "CSTMinimum4Mix6 is not a number: " +
@@ -40,9 +39,7 @@ Finding NoDecimalMinimum(std::uint32_t taken, const std::string& fileName) {
 }
 
 Finding NoDwordLevel(std::uint32_t taken, const std::string& fileName) {
-    Finding finding;
-    finding.id = "QX303";
-    finding.severity = Severity::Warning;
+    Finding finding = FindingOf("QX303");
     finding.pointer = "/registry/TraceLevel";
     finding.message = "TraceLevel is no dword: taken as " + std::to_string(taken);
     finding.advice = SetAdvice(fileName, "TraceLevel=1", "\"TraceLevel\": 1");
@@ -50,20 +47,14 @@ Finding NoDwordLevel(std::uint32_t taken, const std::string& fileName) {
 }
 
 Finding NoErrorCodeKey() {
-    Finding finding;
-    finding.id = "QX304";
-    finding.severity = Severity::Warning;
+    Finding finding = FindingOf("QX304");
     finding.message = "no key SOFTWARE\\ATM\\ErrorCode: error codes are lost";
-    finding.advice = "create the key below HKEY_LOCAL_MACHINE";
     return finding;
 }
 
 Finding StaleErrorCode(const std::string& code) {
-    Finding finding;
-    finding.id = "QX305";
-    finding.severity = Severity::Note;
+    Finding finding = FindingOf("QX305");
     finding.message = "CDM still holds " + Printable(code) + " from an earlier failure";
-    finding.advice = "--clear-error removes it; the module never does";
     return finding;
 }
 

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "Findings.h"
+
+namespace qxmix {
+
+/// What a rule's findings have in common, whichever command finds them.
+struct RuleText {
+    const char* id;
+    Severity severity;
+    const char* advice;  ///< what to do, unless the finding knows better; empty: it always does
+};
+
+/// What to do, as the rule says it.
+const char* AdviceOf(const char* id);
+
+/// The beginning of a finding: id, severity and advice of the rule.
+///
+/// @param id  of a rule in RuleTexts.cpp.
+Finding FindingOf(const char* id);
+
+}  // namespace qxmix
