@@ -54,7 +54,7 @@ struct Side {
 const CommandInfo& CompareCommand::Info() const {
     static const CommandInfo info = {
         "compare",
-        "Shows which amounts two dispensers, or two builds of the module, pay differently.",
+        "Shows which amounts two dispensers or two builds pay differently.",
         {"compare A B [--mix N] [--from A] [--to A] [--step A]",
          "compare A --library X --library Y [--mixes all]"},
         {"compare examples/euro.json examples/no-tens.json --mix 1 --to 100",

@@ -9,11 +9,10 @@
 namespace qxmix {
 
 const CommandInfo& CompletionsCommand::Info() const {
-    static const CommandInfo info = {
-        "completions",
-        "Writes a script that completes command lines of the tool in a shell.",
-        {"completions bash|zsh|fish"},
-        {"completions bash", "completions fish"}};
+    static const CommandInfo info = {"completions",
+                                     "Writes a script that completes command lines in a shell.",
+                                     {"completions bash|zsh|fish"},
+                                     {"completions bash", "completions fish"}};
     return info;
 }
 

@@ -90,7 +90,7 @@ const CommandInfo& RegistryCommand::Info() const {
         "Shows what the module takes from a registry file; writes one.",
         {"registry FILE [--set NAME=VALUE] [--clear-error] [--output FILE]"},
         {"registry examples/device.reg",
-         "registry examples/device.reg --set CSTMinimum4Mix6=100 --output mended.reg"}};
+         "registry examples/device.reg --set TraceLevel=3 --output mended.reg"}};
     return info;
 }
 

@@ -39,7 +39,7 @@ Json DifferencesJson(const ReplayAnswers& answers, bool isBetweenLibraries) {
 const CommandInfo& ReplayCommand::Info() const {
     static const CommandInfo info = {
         "replay",
-        "Asks recorded requests again and shows what is answered differently.",
+        "Asks recorded requests again and shows what is different.",
         {"replay TRACE.ndjson [--stop]", "replay TRACE.ndjson --library X --library Y"},
         {"replay examples/trace.ndjson", "replay examples/trace.ndjson --stop --json"}};
     return info;

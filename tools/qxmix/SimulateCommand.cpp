@@ -27,7 +27,7 @@ constexpr std::uint64_t kMostCalculations = 100000000;
 const CommandInfo& SimulateCommand::Info() const {
     static const CommandInfo info = {
         "simulate",
-        "Asks every mix for the same withdrawals while the cassettes drain.",
+        "Asks every mix for the same withdrawals while cassettes drain.",
         {"simulate DISPENSER --demand FILE [--mixes all] [--seed N] [--output F]",
          "simulate DISPENSER --demand FILE --runs N [--mixes all] [--output F]"},
         {"simulate examples/euro.json --demand examples/week.json --mixes 1-4,8",
