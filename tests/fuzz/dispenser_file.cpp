@@ -14,7 +14,7 @@ namespace {
 
 void ExpectReadBack(const qxmix::Dispenser& dispenser) {
     const qxmix::Json written = qxmix::DispenserJson(dispenser);
-    if (qxmix::DispenserJson(qxmix::ReadDispenser(written, "again")) != written) {
+    if (qxmix::DispenserJson(qxmix::ReadDispenser(written, qxmix::Place("again"))) != written) {
         std::fprintf(stderr, "read back otherwise: %s\n", written.dump().c_str());
         std::abort();
     }
@@ -26,8 +26,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     const std::string text(reinterpret_cast<const char*>(bytes), size);
     try {
         const bool isInline = qxmix::IsInlineDispenser(text);
-        ExpectReadBack(isInline ? qxmix::ReadInlineDispenser(text)
-                                : qxmix::ReadDispenser(qxmix::ParseJson(text, "f"), "f"));
+        ExpectReadBack(isInline
+                           ? qxmix::ReadInlineDispenser(text)
+                           : qxmix::ReadDispenser(qxmix::ParseJson(text, "f"), qxmix::Place("f")));
     } catch (const qxmix::InputError&) {
         return 0;  // the only way to be refused; everything else ends the process
     }
