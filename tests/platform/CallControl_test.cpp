@@ -205,7 +205,7 @@ TEST_F(CallControl, DoesNotCountWhatTheHostDoes) {
 }
 
 TEST_F(CallControl, PassesOverFunctionsThatAreNone) {
-    for (const int number : {kQxmixAnyFunction + 1, kQxmixAnyFunction + 1000, -1}) {
+    for (const int number : {kQxmixAnyFunction + 1, 15}) {  // 15: the last that the type can hold
         const auto none = static_cast<QxmixFunction>(number);
         QxmixFailCall(none, 1, -99);
         QxmixFailCallsFrom(none, 1, -99);
