@@ -3,6 +3,8 @@
 #include "Answer.h"
 #include "Terminal.h"
 
+#include <algorithm>
+#include <array>
 #include <cstdarg>
 #include <cstring>
 
@@ -131,6 +133,17 @@ TEST(TraceText, CutsBehind255Characters) {
     TraceText whole;
     whole.Append("%s", std::string(1000, 'b').c_str());
     EXPECT_EQ(whole.Line(), std::string(255, 'b'));
+}
+
+TEST(TraceText, WritesNothingBehindItself) {
+    struct {
+        TraceText text;
+        std::array<unsigned char, 2000> behind;
+    } memory;
+    memory.behind.fill(0xC3);
+    memory.text.Append("%s", std::string(1000, 'b').c_str());
+    memory.text.Append("%s", std::string(500, 'b').c_str());
+    EXPECT_EQ(std::count(memory.behind.begin(), memory.behind.end(), 0xC3), 2000);
 }
 
 TEST(TraceText, LeavesOutAPieceThatCannotBeFormatted) {
