@@ -59,6 +59,9 @@ TEST(CalcEqualNotes, KeepsTheFirstOfEqualSpreadsEvenWhenItsCountsLieFurtherApart
               Chosen({5, 1, 2, 2}));
     EXPECT_EQ(Pay(Table().Bill(13, 2).Bill(6, 2).Bill(5, 6).Bill(4, 5).Bill(3, 1).Amount(75)),
               Chosen({2, 2, 5, 3, 0}));
+    // As equal as 8 7 1 0; so far apart that only the strictest border of the band keeps it.
+    EXPECT_EQ(Pay(Table().Bill(51, 10).Bill(46, 7).Bill(30, 5).Bill(20, 5).Amount(760).Limit(40)),
+              Chosen({10, 0, 5, 5}));
 }
 
 TEST(CalcEqualNotes, EndsThePassAtTheFirstRefusalOfTwoUnits) {
