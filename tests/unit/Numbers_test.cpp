@@ -69,6 +69,17 @@ TEST(ScaleByPowerOfTen, WrapsProductsFrom2To32Up) {
     EXPECT_EQ(ScaleByPowerOfTen(0xFFFFFFFF, 2), 4294967196U);
 }
 
+TEST(ScaleByPowerOfTen, HasEveryPowerOfTenThatADoubleHolds) {
+    std::uint32_t power = 1;  // modulo 2^32
+    for (int exponent = 0; exponent <= 22; ++exponent) {
+        EXPECT_EQ(ScaleByPowerOfTen(1, exponent), power) << exponent;
+        power *= 10;
+    }
+    EXPECT_EQ(ScaleByPowerOfTen(1, 23), 4127195136U);  // the doubles nearest to these
+    EXPECT_EQ(ScaleByPowerOfTen(1, 24), 2684354560U);
+    EXPECT_EQ(ScaleByPowerOfTen(1, 25), 2147483648U);
+}
+
 TEST(ScaleByPowerOfTen, LosesWhatDoublesCannotHold) {
     EXPECT_EQ(ScaleByPowerOfTen(0xFFFFFFFF, 9), 3294967296U);   // still exact
     EXPECT_EQ(ScaleByPowerOfTen(0xFFFFFFFF, 10), 2884902912U);  // exact would be 2884901888
