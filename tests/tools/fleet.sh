@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # fleet.sh DOCUMENT TOOL
 # Runs the commands of GNU parallel that the document shows. In place of ssh stands a script that runs
-# what it is given in another folder of this machine.
+# what it is given in another folder of this machine. As sshd does, it sets SHELL: GNU parallel has the
+# other side start that, and a machine that tests need not have it set.
 set -euo pipefail
 document=$1 tool=$2
 if ! command -v parallel >/dev/null || ! command -v rsync >/dev/null; then
@@ -22,6 +23,7 @@ echo "\$1" >>"$work/asked"
 shift
 [[ \$1 == -- ]] && shift
 cd "$work/there"
+export SHELL=/bin/bash
 exec bash -c "\$*"
 END
 chmod +x "$work/bin/ssh"
