@@ -44,8 +44,7 @@ public:
     /// @param request  the cassettes and what is asked; ulAmount and ulRemainder are rewritten.
     /// @param result   items per cassette position; all zero after any failure.
     /// @return 0, or one of ResultCodes.h. 0 does not mean that everything was paid: what is
-    /// missing
-    ///   shows in ulRemainder.
+    ///   missing shows in ulRemainder.
     virtual std::int32_t MixCalculate(MixRequest* request, MixResult* result) noexcept = 0;
 
 protected:

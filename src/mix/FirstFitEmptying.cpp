@@ -28,8 +28,8 @@ struct FirstFitRule : CountDownRule {
 
     Verdict Take(const Counts& combination) noexcept {
         if (!units.IsWithinLimit(combination)) {
-            refusal.Remember(
-                combination);  // on purpose no end of the search, with two units either
+            // On purpose no end of the search, with two units either.
+            refusal.Remember(combination);
             return Verdict::GoOn;
         }
         found = combination;
