@@ -84,7 +84,14 @@ void AddAskOptions(CLI::App& command, AskOptions& options) {
         [&options](std::int64_t number) { options.limit = static_cast<std::uint16_t>(number); },
         "most notes, and most coins, of one dispense");
     command.add_flag_function(
-        "--partial,!--no-partial", [&options](std::int64_t count) { options.partial = count > 0; },
+        "--partial,!--no-partial",
+        [&options](std::int64_t count) {
+            // Each counts against the other.
+            if (count == 0) {
+                throw InputError("--no-partial: given beside --partial; expected one of them");
+            }
+            options.partial = count > 0;
+        },
         "pay what is there when the amount is out of reach, or do not");
     command.add_option("--mix", options.mix, "mix to ask, or all")->type_name("N");
     command.add_option("--mixes", options.mixes, "mixes to ask, such as 1,3-5, or all")

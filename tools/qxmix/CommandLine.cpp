@@ -28,6 +28,32 @@ std::string UnknownOption(const std::string& name, const CLI::App& parser) {
            (nearest.empty() ? "--help lists the known ones" : "did you mean \"" + nearest + "\"?");
 }
 
+/// What is wrong with the number of an option's values.
+///
+/// @param message  the parser's; it begins with the option's name, a flag's without its dashes.
+std::string WrongNumber(const std::string& message, const CLI::App& parser) {
+    const std::string name = message.substr(0, message.find_first_of(": "));
+    const CLI::Option* const option = parser.get_option_no_throw(name);
+    if (name.compare(0, 1, "-") != 0 && option == nullptr) {
+        return "--" + name + ": given with a value; expected none";
+    }
+    return name + (option != nullptr && option->count() > 1 ? ": given twice; expected once"
+                                                            : ": without a value; expected one");
+}
+
+/// Lets no option be given in a way that would pass it over in silence.
+void RefuseEmptyValues(CLI::App& parser) {
+    for (CLI::Option* option : parser.get_options()) {
+        if (option->get_items_expected_max() == 0) {
+            option->disable_flag_override();
+        } else if (!option->get_positional()) {
+            option->check([](const std::string& value) {
+                return std::string(value.empty() ? "empty; expected a value" : "");
+            });
+        }
+    }
+}
+
 }  // namespace
 
 CommandLine::CommandLine() : parser_("", "qxmix"), commands_(AllCommands()) {
@@ -36,12 +62,14 @@ CommandLine::CommandLine() : parser_("", "qxmix"), commands_(AllCommands()) {
     parser_.add_flag("--version", wantsVersion_, "versions of the tool and the module");
     AddCommonOptions(parser_, options_);
     LimitOptions(parser_);
+    RefuseEmptyValues(parser_);
     for (const auto& command : commands_) {
         CLI::App* const parser =
             parser_.add_subcommand(command->Info().name, command->Info().sentence);
         command->AddOptions(*parser);
         AddCommonOptions(*parser, options_);
         LimitOptions(*parser);
+        RefuseEmptyValues(*parser);
         parsers_.push_back(parser);
     }
 }
@@ -73,15 +101,14 @@ std::size_t CommandLine::ChosenIndex() const {
 }
 
 std::string CommandLine::ErrorText(const CLI::ParseError& error) const {
-    std::string text = error.what();
-    const std::string option = text.substr(0, text.find(':'));
     if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) {
         return UnexpectedText();
     }
     if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) {
-        return option + ": missing or given more than once; expected one value";
+        const std::size_t chosen = ChosenIndex();
+        return WrongNumber(error.what(), chosen == kNone ? parser_ : *parsers_[chosen]);
     }
-    return text;
+    return error.what();
 }
 
 std::string CommandLine::UnexpectedText() const {
