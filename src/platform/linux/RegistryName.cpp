@@ -16,6 +16,9 @@ template <char16_t (*Fold)(char16_t) noexcept>
 bool IsLess(const std::u16string& left, const std::u16string& right) noexcept {
     const std::size_t both = std::min(left.size(), right.size());
     for (std::size_t k = 0; k < both; ++k) {
+        if (left[k] == right[k]) {
+            continue;  // nearly always: callers spell their keys in one way
+        }
         const char16_t leftFolded = Fold(left[k]);
         const char16_t rightFolded = Fold(right[k]);
         if (leftFolded != rightFolded) {
