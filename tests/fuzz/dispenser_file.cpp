@@ -3,12 +3,12 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "DispenserJson.h"
-#include "DispenserReader.h"
-#include "Errors.h"
 #include "FuzzInput.h"
-#include "InlineDispenser.h"
-#include "JsonText.h"
+#include "dispenser/DispenserJson.h"
+#include "dispenser/DispenserReader.h"
+#include "dispenser/InlineDispenser.h"
+#include "errors/Errors.h"
+#include "json/JsonText.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 // A request as the tool is given it: captured bytes with whatever came back, or a line of a batch
 // or of a trace. Refused as bad input, or told in an answer.
-#include "BatchAnswer.h"
 #include "FuzzInput.h"
-#include "Hex.h"
-#include "RecordedLine.h"
+#include "commands/batch/BatchAnswer.h"
+#include "commands/mix/RecordedLine.h"
+#include "text/Hex.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Errors.h"
+#include "errors/Errors.h"
 
 #include <string>
 

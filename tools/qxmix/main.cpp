@@ -1,4 +1,4 @@
-#include "Tool.h"
+#include "commandline/Tool.h"
 
 int main(int argumentCount, char** arguments) {
     return qxmix::RunTool(argumentCount, arguments);

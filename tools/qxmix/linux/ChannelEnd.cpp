@@ -1,6 +1,6 @@
-#include "Channel.h"
-#include "Errors.h"
-#include "Interrupt.h"
+#include "errors/Errors.h"
+#include "workers/Channel.h"
+#include "workers/Interrupt.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -1,7 +1,7 @@
-#include "ChildProcess.h"
+#include "workers/ChildProcess.h"
 
-#include "Errors.h"
-#include "Interrupt.h"
+#include "errors/Errors.h"
+#include "workers/Interrupt.h"
 
 #include <array>
 #include <cerrno>

@@ -1,6 +1,6 @@
-#include "Interrupt.h"
+#include "workers/Interrupt.h"
 
-#include "Errors.h"
+#include "errors/Errors.h"
 
 #include <cerrno>
 #include <csignal>

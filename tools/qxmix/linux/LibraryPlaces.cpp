@@ -1,4 +1,4 @@
-#include "LibraryPlaces.h"
+#include "module/LibraryPlaces.h"
 
 #include <filesystem>
 

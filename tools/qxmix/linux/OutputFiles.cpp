@@ -1,6 +1,6 @@
-#include "Output.h"
+#include "files/Output.h"
 
-#include "Errors.h"
+#include "errors/Errors.h"
 
 #include <cerrno>
 #include <cstdio>

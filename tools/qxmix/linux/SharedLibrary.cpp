@@ -1,6 +1,6 @@
-#include "SharedLibrary.h"
+#include "module/SharedLibrary.h"
 
-#include "Errors.h"
+#include "errors/Errors.h"
 
 #include <dlfcn.h>
 

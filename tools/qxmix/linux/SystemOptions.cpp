@@ -1,4 +1,4 @@
-#include "SystemOptions.h"
+#include "options/SystemOptions.h"
 
 namespace qxmix {
 

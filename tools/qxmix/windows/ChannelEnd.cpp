@@ -1,7 +1,7 @@
-#include "Channel.h"
-#include "Errors.h"
 #include "InterruptEvent.h"
 #include "WindowsApi.h"
+#include "errors/Errors.h"
+#include "workers/Channel.h"
 
 #include <algorithm>
 

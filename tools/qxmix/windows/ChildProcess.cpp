@@ -1,9 +1,9 @@
-#include "ChildProcess.h"
+#include "workers/ChildProcess.h"
 
-#include "Errors.h"
 #include "LastError.h"
 #include "WindowsApi.h"
 #include "WorkerProcess.h"
+#include "errors/Errors.h"
 
 #include <cstdio>
 #include <utility>

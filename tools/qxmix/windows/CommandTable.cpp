@@ -1,6 +1,6 @@
-#include "Command.h"
-#include "MixCommand.h"
-#include "TypesCommand.h"
+#include "commands/mix/MixCommand.h"
+#include "commands/types/TypesCommand.h"
+#include "options/Command.h"
 
 namespace qxmix {
 

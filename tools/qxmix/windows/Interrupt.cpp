@@ -1,9 +1,9 @@
-#include "Interrupt.h"
+#include "workers/Interrupt.h"
 
-#include "Errors.h"
 #include "InterruptEvent.h"
 #include "LastError.h"
 #include "WindowsApi.h"
+#include "errors/Errors.h"
 
 namespace qxmix {
 

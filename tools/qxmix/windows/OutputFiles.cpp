@@ -1,7 +1,7 @@
-#include "Errors.h"
 #include "LastError.h"
-#include "Output.h"
 #include "WindowsApi.h"
+#include "errors/Errors.h"
+#include "files/Output.h"
 
 #include <cerrno>
 #include <cstring>

@@ -1,8 +1,8 @@
-#include "RegistryImage.h"
+#include "module/RegistryImage.h"
 
-#include "Errors.h"
-#include "StoredValues.h"
 #include "WindowsApi.h"
+#include "dispenser/StoredValues.h"
+#include "errors/Errors.h"
 
 #include <initializer_list>
 

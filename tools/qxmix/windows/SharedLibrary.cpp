@@ -1,8 +1,8 @@
-#include "SharedLibrary.h"
+#include "module/SharedLibrary.h"
 
-#include "Errors.h"
 #include "LastError.h"
 #include "WindowsApi.h"
+#include "errors/Errors.h"
 
 #include <cstring>
 #include <vector>

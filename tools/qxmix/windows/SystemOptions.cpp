@@ -1,6 +1,6 @@
-#include "SystemOptions.h"
+#include "options/SystemOptions.h"
 
-#include "Errors.h"
+#include "errors/Errors.h"
 
 #include <initializer_list>
 

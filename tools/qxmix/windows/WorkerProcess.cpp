@@ -1,9 +1,9 @@
 #include "WorkerProcess.h"
 
-#include "Errors.h"
-#include "ParseWhole.h"
 #include "WindowsApi.h"
-#include "WorkerLoop.h"
+#include "errors/Errors.h"
+#include "text/ParseWhole.h"
+#include "workers/WorkerLoop.h"
 
 #include <cstdint>
 

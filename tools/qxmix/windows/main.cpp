@@ -1,5 +1,5 @@
-#include "Tool.h"
 #include "WorkerProcess.h"
+#include "commandline/Tool.h"
 
 #include <cstring>
 

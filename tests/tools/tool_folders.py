@@ -1,0 +1,55 @@
+#!/usr/bin/env python3
+"""Holds the includes of the tool's sources to the rule in tools/qxmix/README.md.
+
+  tool_folders.py FOLDER    the folder of the tool's sources
+"""
+
+import pathlib
+import re
+import sys
+
+SYSTEMS = ("linux", "windows")
+
+
+def rows_of(readme):
+    """The folders of the table, in its order."""
+    return re.findall(r"^\| `([a-z/]+)` \|", readme.read_text(encoding="utf-8"), re.MULTILINE)
+
+
+def wrong_include(tool, rows, source, header):
+    """What is wrong with a file that includes a header, or None."""
+    own = source.parent.relative_to(tool).as_posix()
+    if "/" not in header:
+        theirs = next((row for row in rows if (tool / row / header).exists()), own)
+        return None if theirs == own else f"belongs to {theirs}, which is to be named"
+    theirs = header.rpartition("/")[0]
+    if theirs not in rows or not (tool / header).exists():
+        return "is not there"
+    if theirs == own:
+        return "is beside it, so the name alone is enough"
+    if own in rows and rows.index(theirs) > rows.index(own):
+        return f"{own} stands above {theirs} in the table"
+    return None
+
+
+def main():
+    tool = pathlib.Path(sys.argv[1])
+    rows = rows_of(tool / "README.md")
+    sources = sorted([*tool.rglob("*.h"), *tool.rglob("*.cpp")])
+    complaints = [f"{source.parent}: is not in the table" for source in sources
+                  if source.parent.relative_to(tool).as_posix() not in (".", *SYSTEMS, *rows)]
+    includes = 0
+    for source in sources:
+        for header in re.findall(r'^#include "([^"]+)"', source.read_text(encoding="utf-8"),
+                                 re.MULTILINE):
+            includes += "/" in header
+            wrong = wrong_include(tool, rows, source, header)
+            if wrong:
+                complaints.append(f"{source}: {header}: {wrong}")
+    print("\n".join(sorted(set(complaints))) or
+          f"{len(rows)} folders, {len(sources)} files, {includes} includes of other folders")
+    return 1 if complaints or includes == 0 else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

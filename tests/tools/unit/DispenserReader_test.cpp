@@ -1,0 +1,222 @@
+#include "dispenser/DispenserReader.h"
+
+#include "ErrorText.h"
+#include "dispenser/DispenserJson.h"
+#include "dispenser/StoredValues.h"
+#include "json/JsonText.h"
+
+#include <gtest/gtest.h>
+
+namespace qxmix {
+namespace {
+
+Dispenser Read(const std::string& text) {
+    return ReadDispenser(ParseJson(text, "f.json"), Place("f.json"));
+}
+
+/// A dispenser of one cassette with further fields of its own.
+Cassette ReadCassette(const std::string& fields) {
+    return Read(R"({"currency":"EUR","cassettes":[{"value":10,"count":100)" + fields + "}]}")
+        .cassettes.front();
+}
+
+TEST(DispenserReader, FillsInEveryDefault) {
+    const Dispenser dispenser =
+        Read(R"({"currency":"EUR","cassettes":[{"value":50,"count":1},{"value":20,"count":2}]})");
+    EXPECT_EQ(dispenser.name, "");
+    EXPECT_EQ(dispenser.currency, "EUR");
+    EXPECT_EQ(dispenser.exponent, 0);
+    EXPECT_FALSE(dispenser.partial);
+    EXPECT_EQ(dispenser.maxDispenseItems, 40);
+    EXPECT_FALSE(dispenser.mix);
+    EXPECT_EQ(dispenser.MixOrDefault(), 1);
+    EXPECT_TRUE(dispenser.registry.empty());
+    const Cassette& second = dispenser.cassettes.at(1);
+    EXPECT_EQ(second.position, 1);
+    EXPECT_EQ(second.type, 3);
+    EXPECT_EQ(second.status, 0);
+    EXPECT_EQ(second.currency, "EUR");
+    EXPECT_EQ(second.Worth().Text(), "20");
+    EXPECT_EQ(CassetteLabel(dispenser, 1), "1");
+}
+
+TEST(DispenserReader, ReadsEveryField) {
+    const Dispenser dispenser = Read(R"({
+        "$schema": "urn:qxmix:dispenser:1", "x-note": {"any": [1.5]}, "name": "Lobby",
+        "currency": "CHF", "exponent": -2, "partial": true, "mix": 9, "maxDispenseItems": 30,
+        "amounts": {"min": 5, "max": 7, "step": 2, "buttons": [6, 7]},
+        "registry": {"TraceLevel": 258, "CSTMinimum4Mix6": "25"},
+        "cassettes": [{"label": "coins", "position": 3, "type": "coinDispenser", "status": "low",
+            "currency": "EUR", "value": 50, "count": 400, "worth": "0.50", "lowThreshold": 8,
+            "emptyThreshold": 2, "x-own": 1}]})");
+    EXPECT_EQ(dispenser.name, "Lobby");
+    EXPECT_EQ(dispenser.exponent, -2);
+    EXPECT_TRUE(dispenser.partial);
+    EXPECT_EQ(dispenser.mix, 9);
+    EXPECT_EQ(dispenser.maxDispenseItems, 30);
+    EXPECT_EQ(dispenser.amounts.min, 5U);
+    EXPECT_EQ(dispenser.amounts.max, 7U);
+    EXPECT_EQ(dispenser.amounts.step, 2U);
+    EXPECT_EQ(dispenser.amounts.buttons, (std::vector<std::uint32_t>{6, 7}));
+    const Cassette& cassette = dispenser.cassettes.front();
+    EXPECT_EQ(cassette.position, 3);
+    EXPECT_EQ(cassette.type, 5);
+    EXPECT_EQ(cassette.status, 3);
+    EXPECT_EQ(cassette.currency, "EUR");
+    EXPECT_EQ(cassette.Worth().Text(2), "0.50");
+    EXPECT_EQ(cassette.lowThreshold, 8U);
+    EXPECT_EQ(cassette.emptyThreshold, 2U);
+    EXPECT_EQ(CassetteLabel(dispenser, 0), "coins");
+}
+
+TEST(DispenserReader, StoresRegistryValuesAsTheModuleReadsThem) {
+    const std::vector<StoredValue> values =
+        Read(R"({"currency":"EUR","cassettes":[{"value":1,"count":1}],
+                 "registry":{"TraceLevel":258,"CSTMinimum4Mix6":"25"}})")
+            .registry;
+    ASSERT_EQ(values.size(), 2U);
+    EXPECT_EQ(values[0].type, 4U);
+    EXPECT_EQ(values[0].bytes, std::string("\x02\x01\x00\x00", 4));
+    EXPECT_EQ(values[1].type, 1U);
+    EXPECT_EQ(values[1].bytes, std::string("2\0005\0\0\0", 6));
+}
+
+TEST(DispenserReader, StoresRawRegistryValuesAsTheyStand) {
+    const std::vector<StoredValue> values =
+        Read(R"({"currency":"EUR","cassettes":[{"value":1,"count":1}],
+                 "registry":{"CSTMinimum4Mix6":{"type":4,"hex":"fA00"}}})")
+            .registry;
+    ASSERT_EQ(values.size(), 1U);
+    EXPECT_EQ(values[0].type, 4U);
+    EXPECT_EQ(values[0].bytes, std::string("\xfa\x00", 2));
+}
+
+TEST(DispenserReader, TakesTypesByEitherNameOrNumber) {
+    EXPECT_EQ(ReadCassette(R"(,"type":"coupon")").type, 7);
+    EXPECT_EQ(ReadCassette(R"(,"type":"WFS_CDM_TYPECOUPON")").type, 7);
+    EXPECT_EQ(ReadCassette(R"(,"type":7)").type, 7);
+    EXPECT_EQ(ReadCassette(R"(,"type":"WFS_CDM_TYPEDOCUMENT")").type, 8);
+    EXPECT_EQ(ReadCassette(R"(,"type":65535)").type, 65535);
+}
+
+TEST(DispenserReader, TakesStatusesByEitherNameOrNumber) {
+    EXPECT_EQ(ReadCassette(R"(,"status":"noReference")").status, 8);
+    EXPECT_EQ(ReadCassette(R"(,"status":"WFS_CDM_STATCUNOREF")").status, 8);
+    EXPECT_EQ(ReadCassette(R"(,"status":8)").status, 8);
+}
+
+TEST(DispenserReader, ReadsBackWhatAnAnswerShows) {
+    const Dispenser dispenser = Read(R"({"currency":"CHF","exponent":-2,"mix":4,"cassettes":[
+        {"value":50,"count":1,"type":8,"status":77},{"value":50,"count":4,"type":5,"worth":"0.5"}],
+        "registry":{"CSTMinimum4Mix6":"25"}})");
+    const Json shown = DispenserJson(dispenser);
+    EXPECT_EQ(DispenserJson(ReadDispenser(shown, Place("again"))), shown);
+    EXPECT_EQ(shown["cassettes"][1]["worth"], "0.50");
+    EXPECT_EQ(shown["cassettes"][0]["type"], 8);
+}
+
+struct Refusal {
+    const char* fields;  // of the dispenser, beside currency and cassettes
+    const char* error;
+};
+
+class DispenserFields : public testing::TestWithParam<Refusal> {};
+
+TEST_P(DispenserFields, AreRefusedWithTheirPlaceAndWhatIsExpected) {
+    const std::string text =
+        std::string(R"({"currency":"EUR","cassettes":[{"value":1,"count":1}],)") +
+        GetParam().fields + "}";
+    EXPECT_EQ(ErrorText([&text] { Read(text); }), std::string("f.json: ") + GetParam().error);
+}
+
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Wrong, DispenserFields, testing::Values(
+    Refusal{R"("curency":"EUR")", R"(/curency: unknown field; did you mean "currency"?)"},
+    Refusal{R"("Mix":1)", R"(/Mix: unknown field; did you mean "mix"?)"},
+    Refusal{R"("colour":1)", "/colour: unknown field; expected one of: currency, exponent, partial, "
+            "mix, maxDispenseItems, amounts, cassettes, registry, name, $schema"},
+    Refusal{R"("a/b~":1)", "/a~1b~0: unknown field; expected one of: currency, exponent, partial, "
+            "mix, maxDispenseItems, amounts, cassettes, registry, name, $schema"},
+    Refusal{R"("exponent":-32769)", "/exponent: -32769 is not allowed; expected -32768 to 32767"},
+    Refusal{R"("exponent":0.5)", "/exponent: 0.5 is not allowed; expected a whole number, -32768 to 32767"},
+    Refusal{R"("exponent":"2")", "/exponent: \"2\" is not allowed; expected a whole number, -32768 to 32767"},
+    Refusal{R"("partial":1)", "/partial: 1 is not allowed; expected true or false"},
+    Refusal{R"("mix":11)", "/mix: 11 is not allowed; expected 1 to 10"},
+    Refusal{R"("mix":0)", "/mix: 0 is not allowed; expected 1 to 10"},
+    Refusal{R"("maxDispenseItems":65536)", "/maxDispenseItems: 65536 is not allowed; expected 0 to 65535"},
+    Refusal{R"("name":7)", "/name: 7 is not allowed; expected text of at most 120 characters"},
+    Refusal{R"("$schema":7)", "/$schema: 7 is not allowed; expected text"},
+    Refusal{R"("amounts":7)", "/amounts: 7 is not allowed; expected an object"},
+    Refusal{R"("amounts":{"mim":7})", R"(/amounts/mim: unknown field; did you mean "min"?)"},
+    Refusal{R"("amounts":{"step":0})", "/amounts/step: 0 is not allowed; expected 1 to 4294967295"},
+    Refusal{R"("amounts":{"buttons":7})", "/amounts/buttons: 7 is not allowed; expected a list of amounts"},
+    Refusal{R"("amounts":{"buttons":[1,0]})", "/amounts/buttons/1: 0 is not allowed; expected 1 to 4294967295"},
+    Refusal{R"("amounts":{"buttons":[1,2,1]})", "/amounts/buttons/2: 1 given twice; expected once"},
+    Refusal{R"("registry":[])", "/registry: a list is not allowed; expected an object"},
+    Refusal{R"("registry":{"x-a":1})", "/registry/x-a: unknown field; expected one of: TraceLevel, CSTMinimum4Mix6"},
+    Refusal{R"("registry":{"TraceLevel":"3"})", "/registry/TraceLevel: \"3\" is not allowed; expected a whole number, 0 to 4294967295"},
+    Refusal{R"("registry":{"CSTMinimum4Mix6":250})", "/registry/CSTMinimum4Mix6: 250 is not allowed; expected text, \"250\""},
+    Refusal{R"("registry":{"TraceLevel":{"type":4}})", "/registry/TraceLevel/hex: missing; expected hexadecimal digits in pairs"},
+    Refusal{R"("registry":{"TraceLevel":{"hex":""}})", "/registry/TraceLevel/type: missing; expected 0 to 4294967295"},
+    Refusal{R"("registry":{"TraceLevel":{"type":4,"hex":"0"}})", "/registry/TraceLevel/hex: \"0\" is not allowed; expected hexadecimal digits in pairs"}));
+
+class CassetteFields : public testing::TestWithParam<Refusal> {};
+
+TEST_P(CassetteFields, AreRefusedWithTheirPlaceAndWhatIsExpected) {
+    const std::string text = std::string(R"({"currency":"EUR","cassettes":[{"value":1,"count":1},{)") +
+                             GetParam().fields + "}]}";
+    EXPECT_EQ(ErrorText([&text] { Read(text); }), std::string("f.json: /cassettes/1") + GetParam().error);
+}
+
+INSTANTIATE_TEST_SUITE_P(Wrong, CassetteFields, testing::Values(
+    Refusal{R"("value":1)", "/count: missing; expected 0 to 4294967295"},
+    Refusal{R"("count":1)", "/value: missing; expected 0 to 4294967295"},
+    Refusal{R"("value":1,"count":-1)", "/count: -1 is not allowed; expected 0 to 4294967295"},
+    Refusal{R"("value":4294967296,"count":1)", "/value: 4294967296 is not allowed; expected 0 to 4294967295"},
+    Refusal{R"("value":18446744073709551615,"count":1)", "/value: 18446744073709551615 is not allowed; expected 0 to 4294967295"},
+    Refusal{R"("value":true,"count":1)", "/value: true is not allowed; expected a whole number, 0 to 4294967295"},
+    Refusal{R"("value":1,"count":1,"type":"bilCassette")", R"(/type: unknown type "bilCassette"; did you mean "billCassette"?)"},
+    Refusal{R"("value":1,"count":1,"type":"WFS_CDM_TYPEBILLCASETTE")", R"(/type: unknown type "WFS_CDM_TYPEBILLCASETTE"; did you mean "WFS_CDM_TYPEBILLCASSETTE"?)"},
+    Refusal{R"("value":1,"count":1,"type":65536)", "/type: 65536 is not allowed; expected 0 to 65535"},
+    Refusal{R"("value":1,"count":1,"status":"zzzz")", R"(/status: unknown status "zzzz"; expected one of: ok, full, high, low, empty, inoperative, missing, noValue, noReference, manipulated)"},
+    Refusal{R"("value":1,"count":1,"status":null)", "/status: null is not allowed; expected a whole number, 0 to 65535"},
+    Refusal{R"("value":1,"count":1,"currency":"eur")", "/currency: \"eur\" is not allowed; expected three capital letters such as EUR"},
+    Refusal{R"("value":1,"count":1,"worth":0.5)", "/worth: 0.5 is not allowed; expected decimal text such as \"0.50\""},
+    Refusal{R"("value":1,"count":1,"worth":"0.12345")", "/worth: \"0.12345\" is not allowed; expected decimal text such as \"0.50\""},
+    Refusal{R"("value":1,"count":1,"worth":"12345678901")", "/worth: \"12345678901\" is not allowed; expected decimal text such as \"0.50\""},
+    Refusal{R"("value":1,"count":1,"position":-1)", "/position: -1 is not allowed; expected 0 to 65535"}));
+// clang-format on
+
+TEST(DispenserReader, RefusesWhatIsNoDispenser) {
+    EXPECT_EQ(ErrorText([] { Read("[]"); }), "f.json: a list is not allowed; expected an object");
+    EXPECT_EQ(ErrorText([] { Read("{}"); }),
+              "f.json: /currency: missing; expected three capital letters such as EUR");
+    EXPECT_EQ(ErrorText([] { Read(R"({"currency":"EUR"})"); }),
+              "f.json: /cassettes: missing; expected a list of 1 to 6 cassettes");
+    EXPECT_EQ(ErrorText([] { Read(R"({"currency":"EUR","cassettes":[]})"); }),
+              "f.json: /cassettes: 0 cassettes; expected 1 to 6");
+    EXPECT_EQ(ErrorText([] { Read(R"({"currency":"EUR","cassettes":[1,1,1,1,1,1,1]})"); }),
+              "f.json: /cassettes: 7 cassettes; expected 1 to 6");
+}
+
+TEST(DispenserReader, CountsCharactersNotBytes) {
+    const auto dispenserWith = [](std::size_t length) {
+        std::string label;
+        for (std::size_t letter = 0; letter < length; ++letter) {
+            label += "\xc3\xa9";
+        }
+        return R"({"currency":"EUR","cassettes":[{"value":1,"count":1,"label":")" + label +
+               R"("}]})";
+    };
+    EXPECT_EQ(ErrorText([&] { Read(dispenserWith(40)); }), "accepted");
+    EXPECT_EQ(ErrorText([&] { Read(dispenserWith(41)); }),
+              "f.json: /cassettes/0/label: 41 characters; expected text of at most 40 characters");
+}
+
+TEST(DispenserReader, NamesTheFileThatIsNotThere) {
+    EXPECT_EQ(ErrorText([] { OpenDispenser("/no/such.json"); }),
+              "/no/such.json: cannot be opened: No such file or directory");
+}
+
+}  // namespace
+}  // namespace qxmix

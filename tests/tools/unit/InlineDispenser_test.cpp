@@ -1,0 +1,81 @@
+#include "dispenser/InlineDispenser.h"
+
+#include "ErrorText.h"
+
+#include <gtest/gtest.h>
+
+namespace qxmix {
+namespace {
+
+TEST(InlineDispenser, BeginsWithACurrencyAndAColon) {
+    EXPECT_TRUE(IsInlineDispenser("EUR:50x10"));
+    EXPECT_TRUE(IsInlineDispenser("EUR:"));
+    EXPECT_FALSE(IsInlineDispenser("EUR"));
+    EXPECT_FALSE(IsInlineDispenser("eur:50x10"));
+    EXPECT_FALSE(IsInlineDispenser("./EUR:50x10"));
+    EXPECT_FALSE(IsInlineDispenser("C:file.json"));
+    EXPECT_FALSE(IsInlineDispenser(""));
+}
+
+TEST(InlineDispenser, ReadsValuesCountsStatusesTypesAndCurrencies) {
+    const Dispenser dispenser =
+        ReadInlineDispenser("EUR:100x212,20x0:empty,2x500:coinDispenser,USD50x500");
+    EXPECT_EQ(dispenser.currency, "EUR");
+    EXPECT_EQ(dispenser.maxDispenseItems, 40);
+    ASSERT_EQ(dispenser.cassettes.size(), 4U);
+    EXPECT_EQ(dispenser.cassettes[0].value, 100U);
+    EXPECT_EQ(dispenser.cassettes[0].count, 212U);
+    EXPECT_EQ(dispenser.cassettes[0].type, 3);
+    EXPECT_EQ(dispenser.cassettes[1].status, 4);
+    EXPECT_EQ(dispenser.cassettes[2].type, 5);
+    EXPECT_EQ(dispenser.cassettes[2].status, 0);
+    EXPECT_EQ(dispenser.cassettes[3].currency, "USD");
+    EXPECT_EQ(dispenser.cassettes[3].position, 3);
+}
+
+TEST(InlineDispenser, ReadsStatusBesideTypeAndLongNames) {
+    const Dispenser dispenser =
+        ReadInlineDispenser("CHF:4294967295x4294967295:low:coinCylinder,1x1:WFS_CDM_STATCUNOVAL");
+    EXPECT_EQ(dispenser.cassettes[0].value, 4294967295U);
+    EXPECT_EQ(dispenser.cassettes[0].status, 3);
+    EXPECT_EQ(dispenser.cassettes[0].type, 4);
+    EXPECT_EQ(dispenser.cassettes[1].status, 7);
+}
+
+struct Refusal {
+    const char* text;
+    const char* error;
+};
+
+class InlineText : public testing::TestWithParam<Refusal> {};
+
+TEST_P(InlineText, IsRefusedWithThePlaceAndWhatIsExpected) {
+    EXPECT_EQ(ErrorText([] { ReadInlineDispenser(GetParam().text); }),
+              std::string(GetParam().text) + ": " + GetParam().error);
+}
+
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Wrong, InlineText, testing::Values(
+    Refusal{"EUR:", R"(/cassettes/0: "" is not allowed; expected VALUExCOUNT such as 50x100)"},
+    Refusal{"EUR:50", R"(/cassettes/0: "50" is not allowed; expected VALUExCOUNT such as 50x100)"},
+    Refusal{"EUR:50x1,", R"(/cassettes/1: "" is not allowed; expected VALUExCOUNT such as 50x100)"},
+    Refusal{"EUR:50x", R"(/cassettes/0/count: "" is not allowed; expected 0 to 4294967295)"},
+    Refusal{"EUR:x5", R"(/cassettes/0/value: "" is not allowed; expected 0 to 4294967295)"},
+    Refusal{"EUR:50x-1", R"(/cassettes/0/count: "-1" is not allowed; expected 0 to 4294967295)"},
+    Refusal{"EUR:4294967296x1", R"(/cassettes/0/value: "4294967296" is not allowed; expected 0 to 4294967295)"},
+    Refusal{"EUR:0.5x1", R"(/cassettes/0/value: "0.5" is not allowed; expected 0 to 4294967295)"},
+    Refusal{"EUR:eur5x1", R"(/cassettes/0/value: "eur5" is not allowed; expected 0 to 4294967295)"},
+    Refusal{"EUR:5x1:emty", R"(/cassettes/0: unknown status or type "emty"; did you mean "empty"?)"},
+    Refusal{"EUR:5x1:low:empty", "/cassettes/0: status given twice; expected once"},
+    Refusal{"EUR:5x1:coupon:coupon", "/cassettes/0: type given twice; expected once"},
+    Refusal{"EUR:1x1,1x1,1x1,1x1,1x1,1x1,1x1", "/cassettes: 7 cassettes; expected 1 to 6"}));
+// clang-format on
+
+TEST(InlineDispenser, IsCutInErrorsWhereItWouldFillTheLine) {
+    EXPECT_EQ(
+        ErrorText([] { ReadInlineDispenser("EUR:" + std::string(100, '1') + "y"); }).substr(0, 45),
+        "EUR:" + std::string(33, '1') + "...: /ca");
+}
+
+}  // namespace
+}  // namespace qxmix

@@ -1,0 +1,54 @@
+#include "json/JsonText.h"
+
+#include "ErrorText.h"
+
+#include <gtest/gtest.h>
+
+namespace qxmix {
+namespace {
+
+std::string ErrorOf(const std::string& text) {
+    return ErrorText([&text] { ParseJson(text, "f.json"); });
+}
+
+TEST(JsonText, ReadsEveryKindOfValueInOrder) {
+    const std::string text =
+        R"({"b":[1,-2,3.5,18446744073709551615,true,null,"x"],"a":{"deep":[[],{}]}})";
+    EXPECT_EQ(ParseJson(text, "f").dump(), text);
+}
+
+TEST(JsonText, NamesLineAndColumnOfASyntaxError) {
+    EXPECT_EQ(ErrorOf("{\n  \"a\": 1,\n  \"b\": }\n").substr(0, 26), "f.json:3:8: syntax error w");
+    EXPECT_EQ(ErrorOf("[1,").substr(0, 25), "f.json:1:4: syntax error ");
+    EXPECT_EQ(ErrorOf("").substr(0, 25), "f.json:1:1: syntax error ");
+    EXPECT_EQ(ErrorOf("[1]\n\n x").substr(0, 25), "f.json:3:2: syntax error ");
+}
+
+TEST(JsonText, RefusesTextThatIsNoUtf8) {
+    EXPECT_EQ(ErrorOf("[\"\xff\"]").substr(0, 12), "f.json:1:3: ");
+}
+
+TEST(JsonText, RefusesAKeyGivenTwiceWhereverItStands) {
+    EXPECT_EQ(ErrorOf(R"({"a":1,"a":1})"), "f.json: /a: given twice; expected once");
+    EXPECT_EQ(ErrorOf(R"({"l":[0,{"x":{"k":1,"k":2}}]})"),
+              "f.json: /l/1/x/k: given twice; expected once");
+    EXPECT_EQ(ErrorOf(R"([{"a":1},{"a":1}])"), "accepted");
+    EXPECT_EQ(ErrorOf(R"([[{"a/b~c":{},"a/b~c":0}]])"),
+              "f.json: /0/0/a~1b~0c: given twice; expected once");
+}
+
+TEST(JsonText, TakesDeepNestingWithoutGoingDeepItself) {
+    const std::string deep = std::string(200000, '[') + std::string(200000, ']');
+    EXPECT_EQ(ErrorOf(deep), "accepted");
+}
+
+TEST(DescribeJson, KeepsErrorLinesShortAndPlain) {
+    EXPECT_EQ(DescribeJson(Json::array({1})), "a list");
+    EXPECT_EQ(DescribeJson(Json::object()), "an object");
+    EXPECT_EQ(DescribeJson(70.5), "70.5");
+    EXPECT_EQ(DescribeJson("a\nb"), "\"a\\nb\"");
+    EXPECT_EQ(DescribeJson(std::string(100, 'x')), "\"" + std::string(35, 'x') + "...\"");
+}
+
+}  // namespace
+}  // namespace qxmix

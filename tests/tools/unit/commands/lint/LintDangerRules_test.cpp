@@ -1,0 +1,119 @@
+#include "LintOf.h"
+#include "requests/Request.h"
+#include "units/FirstFitProof.h"
+
+namespace qxmix {
+namespace {
+
+const char* const kFourNotes = "EUR:50x1000,20x900,100x100,200x40";
+
+std::vector<LintFinding> FindingsOf(const LintOf& lint, const std::string& id) {
+    return lint.Findings(id);
+}
+
+TEST(LintQX401, FindsAmountsThatAreOverpaidAndSaysWhy) {
+    const auto found =
+        FindingsOf(LintOf("EUR:100x400,50x400,20x400").Mixes({4}).Amounts({10, 100, 110}), "QX401");
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(found[0].message, "mix 4 overpays on 2 amounts: 10 pays 20060, 110 pays 20160");
+    EXPECT_EQ(found[0].amounts->count, 2U);
+    EXPECT_EQ(found[0].amounts->of, 3U);
+    EXPECT_EQ(found[0].amounts->first[0],
+              Json::parse(R"({"amount":10,"outcome":"overpaid","paid":"20060","emptied":[1],
+                              "why":"noCombination"})"));
+    EXPECT_EQ(found[0].amounts->first[1]["why"], "searchOrder") << "110 is 50 + 3 x 20";
+}
+
+TEST(LintQX401, SaysWhenTheLimitIsBehindIt) {
+    // 50 and 3 x 20 are four notes.
+    const LintOf lint = LintOf("EUR:100x40,50x40,20x40").Mixes({4}).Amounts({110}).Limit(3);
+    const auto found = FindingsOf(lint, "QX401");
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(found[0].amounts->first[0]["why"], "limit");
+}
+
+TEST(LintQX401, FindsWhatIsOverdrawn) {
+    LintCase lint = LintOf("EUR:50x10").Amounts({100}).Case();
+    MapCell cell;
+    cell.outcome = Outcome::Overdrawn;
+    cell.values[0] = 2;
+    lint.mixes.front().row = MapRow();
+    lint.mixes.front().row.Add(cell);
+    const std::vector<LintFinding> found = CheckAll(lint);
+    ASSERT_FALSE(found.empty());
+    EXPECT_EQ(found.front().message, "mix 1 overdraws on 1 amount: 100 pays 100");
+    EXPECT_EQ(found.front().amounts->first[0]["why"], nullptr) << "nobody asked";
+}
+
+TEST(LintQX401, LeavesExactAnswersAlone) {
+    EXPECT_EQ(Said(LintOf("EUR:100x400,50x400,20x400").Mixes({4}).Amounts({100, 120}), "QX401"),
+              Lines{});
+}
+
+TEST(LintQX402, FindsMissedDeadlinesAndProvesThem) {
+    const auto found = FindingsOf(LintOf(kFourNotes).Mixes({4}).Amounts({50, 60}), "QX402");
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(found[0].message, "mix 4 gives no answer on 1 amount, 1 proved: 60");
+    EXPECT_EQ(found[0].amounts->first[0],
+              Json::parse(R"({"amount":60,"outcome":"noAnswer","paid":null,"proved":true})"));
+    EXPECT_EQ(Said(LintOf(kFourNotes).Mixes({4}).Amounts({50}), "QX402"), Lines{});
+}
+
+std::vector<Unit> Kept(const char* dispenser, std::uint16_t mix = 4) {
+    return Units(BuildRequest(ReadInlineDispenser(dispenser), 0, mix), 0).Kept();
+}
+
+TEST(FirstFitProof, NeedsARestThatThePowerOfTwoDoesNotDivide) {
+    // 50 leads: 60 leaves 10, and what 20, 100 and 200 pay is a multiple of 4.
+    EXPECT_TRUE(IsFirstFitEndless(Kept(kFourNotes), 60));
+    EXPECT_TRUE(IsFirstFitEndless(Kept(kFourNotes), 51));
+    EXPECT_FALSE(IsFirstFitEndless(Kept(kFourNotes), 54));
+    EXPECT_FALSE(IsFirstFitEndless(Kept(kFourNotes), 50));
+}
+
+TEST(FirstFitProof, CountsWhatTheLeadingUnitsHold) {
+    // There are two of 5000: 10050 leaves 50, and 20, 40 and 80 pay multiples of 4.
+    EXPECT_TRUE(IsFirstFitEndless(Kept("EUR:5000x2,80x9,40x9,20x9"), 10050));
+    EXPECT_FALSE(IsFirstFitEndless(Kept("EUR:5000x2,80x9,40x9,20x9"), 15000));
+}
+
+TEST(FirstFitProof, LooksAtAllOfThreeUnitsAndAtNoFewer) {
+    EXPECT_TRUE(IsFirstFitEndless(Kept("EUR:100x9,40x9,20x9"), 110));
+    EXPECT_FALSE(IsFirstFitEndless(Kept("EUR:100x9,50x9,20x9"), 110));
+    EXPECT_FALSE(IsFirstFitEndless(Kept("EUR:100x9,20x9"), 110));
+    EXPECT_FALSE(IsFirstFitEndless(Kept("EUR:640x9,320x9,160x9,80x9,40x9,20x9"), 110));
+}
+
+TEST(LintQX403, FindsASecondUnitThatHoldsNearlyEverything) {
+    // 4294967295 / 20 is 214748364; one note more, and what the unit is worth wraps to 4, so that
+    // it comes second.
+    const LintOf lint = LintOf("EUR:50x10,20x214748365").Mixes({4}).Amounts({20});
+    EXPECT_EQ(Said(lint, "QX403"),
+              (Lines{"/cassettes/1/count: 214748365 is at least 214748364: amounts that cannot be "
+                     "made may never be answered"}));
+    EXPECT_EQ(Said(LintOf(lint).Mixes({1}), "QX403"), Lines{});
+    EXPECT_EQ(Said(LintOf("EUR:50x10,20x9").Mixes({4}).Amounts({20}), "QX403"), Lines{});
+    EXPECT_EQ(Said(LintOf("EUR:50x10,20x214748365,10x9").Mixes({4}).Amounts({20}), "QX403"),
+              Lines{})
+        << "three units";
+}
+
+TEST(LintQX404, WarnsOfMixesThatAreCleanByLuck) {
+    EXPECT_EQ(Said(LintOf("EUR:50x10,20x10").Mixes({1, 4}), "QX404"),
+              (Lines{"/mix: clean on the amounts asked only: on others the unit next to last by "
+                     "worth can be paid out whole (mix 4)"}));
+    EXPECT_EQ(Said(LintOf("EUR:50x10").Mixes({4}), "QX404"), Lines{}) << "one unit";
+    EXPECT_EQ(Said(LintOf("EUR:50x10,20x10").Mixes({4}).Amounts({30}), "QX404"), Lines{})
+        << "QX401 tells more";
+}
+
+TEST(LintQX405, WarnsOfPartialAmounts) {
+    EXPECT_EQ(Said(LintOf("EUR:50x10,20x10,10x10").Mixes({4}).Partial(), "QX405"),
+              (Lines{"/partial: a partial amount does not end the search"}));
+    EXPECT_EQ(Said(LintOf("EUR:50x10,20x10").Mixes({4}).Partial(), "QX405"), Lines{});
+    EXPECT_EQ(Said(LintOf("EUR:50x10,20x10,10x10").Mixes({1}).Partial(), "QX405"), Lines{});
+    EXPECT_EQ(Said(LintOf("EUR:50x10,20x10,10x10").Mixes({4}), "QX405"), Lines{});
+}
+
+}  // namespace
+}  // namespace qxmix

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "errors/Errors.h"
+#include "findings/Findings.h"
+#include "json/Json.h"
+
+#include <string>
+#include <vector>
+
+namespace qxmix {
+
+/// The answer of a command as JSON (schema/answer.schema.json).
+struct Envelope {
+    std::string module;   ///< version that the module names; empty: it names none
+    std::string library;  ///< file name of the library; empty: none was needed
+    std::string command;
+    bool complete = true;  ///< false: Ctrl-C came before the end
+    Json input = Json::object();
+    Json result;
+    std::vector<Finding> warnings;
+    ExitStatus exitStatus = ExitStatus::Well;
+};
+
+Json EnvelopeJson(const Envelope& envelope);
+
+/// The envelope on one line, with its line end.
+std::string EnvelopeText(const Envelope& envelope);
+
+}  // namespace qxmix

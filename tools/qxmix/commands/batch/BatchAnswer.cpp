@@ -1,0 +1,89 @@
+#include "BatchAnswer.h"
+
+#include "answers/Envelope.h"
+#include "answers/Judgement.h"
+#include "answers/ResultJson.h"
+#include "commands/mix/MixFindings.h"
+#include "dispenser/DispenserJson.h"
+#include "module/LibrarySearch.h"
+#include "text/Duration.h"
+
+namespace qxmix {
+
+namespace {
+
+/// What most readers want stands first.
+constexpr const char* kFirstFields[] = {"outcome", "paid", "values", "returned"};
+
+Json WithId(const Json& id) {
+    Json line = Json::object();
+    if (!id.is_null()) {
+        line["id"] = id;
+    }
+    return line;
+}
+
+std::string LineOf(const Json& json) {
+    return json.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+Envelope EnvelopeOf(const BatchSetting& setting,
+                    const AskedRequest& asked,
+                    const Judgement& judgement,
+                    const Json& result) {
+    const std::uint16_t mix = asked.request.usMixNumber;
+    Envelope envelope;
+    envelope.module = setting.moduleVersion;
+    envelope.library = FileNameOf(setting.order.library);
+    envelope.command = setting.command;
+    envelope.input = {{"dispenser", DispenserJson(asked.dispenser)},
+                      {"amount", asked.amount},
+                      {"mix", mix},
+                      {"deadline", DurationText(setting.deadline)}};
+    envelope.result = result;
+    if (judgement.IsDangerous()) {
+        envelope.warnings = {DangerOf(mix, judgement, setting.deadline)};
+    }
+    envelope.exitStatus = RowOf(judgement.outcome).exitStatus;
+    return envelope;
+}
+
+}  // namespace
+
+std::string BatchAnswerText(const BatchSetting& setting,
+                            const Json& id,
+                            const AskedRequest& asked,
+                            const Reply& reply) {
+    const Judgement judgement = Judge(asked.dispenser, asked.amount, reply);
+    Json result = ResultJson(asked.dispenser, judgement, reply);
+    Json line = WithId(id);
+    if (setting.hasEnvelope) {
+        line.update(EnvelopeJson(EnvelopeOf(setting, asked, judgement, result)));
+        return LineOf(line);
+    }
+    for (const char* field : kFirstFields) {
+        line[field] = std::move(result[field]);
+    }
+    for (auto& field : result.items()) {
+        if (!line.contains(field.key())) {
+            line[field.key()] = std::move(field.value());
+        }
+    }
+    return LineOf(line);
+}
+
+std::string BatchErrorText(std::uint64_t line, const Json& id, const InputError& error) {
+    Json pointer;
+    std::string message = error.what();
+    if (const auto* field = dynamic_cast<const FieldError*>(&error)) {
+        pointer = field->Pointer().empty() ? Json() : Json(field->Pointer());
+        message = field->Wrong();
+    } else if (const auto* syntax = dynamic_cast<const SyntaxError*>(&error)) {
+        message = "column " + std::to_string(syntax->Column()) + ": " + syntax->Wrong();
+    }
+    Json answer = WithId(id);
+    answer["error"] = {{"line", line}, {"pointer", pointer}, {"message", message}};
+    return LineOf(answer);
+}
+
+}  // namespace qxmix

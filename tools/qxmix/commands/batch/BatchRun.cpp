@@ -1,0 +1,155 @@
+#include "BatchRun.h"
+
+#include "BatchWorker.h"
+#include "LineCutter.h"
+#include "errors/Errors.h"
+#include "files/Output.h"
+#include "workers/Interrupt.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <deque>
+#include <poll.h>
+#include <unistd.h>
+#include <utility>
+
+namespace qxmix {
+
+namespace {
+
+constexpr std::size_t kMostLines = 256;  ///< of a block
+constexpr std::size_t kReadSize = std::size_t{256} << 10U;
+
+/// Blocks for each worker that may be under way or wait for an earlier one's answers.
+constexpr std::size_t kBlocksAhead = 4;
+
+class BatchRun {
+public:
+    BatchRun(const BatchSetting& setting, std::size_t jobs)
+        : cutter_(setting.traces ? 1 : kMostLines), buffer_(kReadSize, '\0') {
+        for (std::size_t job = 0; job < jobs; ++job) {
+            places_.push_back({BatchWorker(setting), 0});
+        }
+    }
+
+    void Run(BatchSummary& summary) {
+        HandOut();
+        while (!isAtEnd_ || !waiting_.empty()) {
+            Wait();
+            TakeAnswers(summary);
+            HandOut();
+        }
+    }
+
+private:
+    struct Place {
+        BatchWorker worker;
+        std::uint64_t block;  // number of its block
+    };
+
+    Place* IdlePlace() {
+        const auto idle = std::find_if(places_.begin(), places_.end(),
+                                       [](const Place& place) { return !place.worker.IsBusy(); });
+        const bool isAhead = waiting_.size() >= kBlocksAhead * places_.size();
+        return idle == places_.end() || isAhead ? nullptr : &*idle;
+    }
+
+    /// Gives blocks to idle workers as long as there are both.
+    void HandOut() {
+        wantsInput_ = false;
+        for (Place* place = IdlePlace(); place != nullptr; place = IdlePlace()) {
+            std::optional<LineBlock> block = cutter_.Next();
+            if (!block) {
+                wantsInput_ = !isAtEnd_;
+                return;
+            }
+            place->block = written_ + waiting_.size();
+            waiting_.emplace_back();
+            place->worker.Start(std::move(*block));
+        }
+    }
+
+    void Wait() {
+        std::vector<pollfd> waiting = {{InterruptDescriptor(), POLLIN, 0},
+                                       {wantsInput_ ? STDIN_FILENO : -1, POLLIN, 0}};
+        Clock::time_point first = Clock::time_point::max();
+        for (Place& place : places_) {
+            if (place.worker.IsBusy()) {
+                waiting.push_back({place.worker.Descriptor(), POLLIN, 0});
+                first = std::min(first, place.worker.LookAgain());
+            }
+        }
+        const int ready = poll(waiting.data(), waiting.size(), MillisecondsUntil(first));
+        if (ready > 0 && waiting[0].revents != 0) {
+            throw Interruption();
+        }
+        if (ready > 0 && waiting[1].revents != 0) {
+            Read();
+        }
+    }
+
+    static int MillisecondsUntil(Clock::time_point time) {
+        if (time == Clock::time_point::max()) {
+            return -1;
+        }
+        const auto left = std::chrono::ceil<Milliseconds>(time - Clock::now()).count();
+        return static_cast<int>(std::clamp<std::int64_t>(left, 0, INT32_MAX));
+    }
+
+    void Read() {
+        const ssize_t size = read(STDIN_FILENO, buffer_.data(), buffer_.size());
+        if (size < 0 && errno != EINTR && errno != EAGAIN) {
+            throw InputError(std::string("standard input: cannot be read: ") +
+                             std::strerror(errno));
+        }
+        if (size > 0) {
+            cutter_.Add(buffer_.data(), static_cast<std::size_t>(size));
+        } else if (size == 0) {
+            cutter_.End();
+            isAtEnd_ = true;
+        }
+    }
+
+    void TakeAnswers(BatchSummary& summary) {
+        for (Place& place : places_) {
+            if (place.worker.IsBusy()) {
+                waiting_[static_cast<std::size_t>(place.block - written_)] = place.worker.Finish();
+            }
+        }
+        while (!waiting_.empty() && waiting_.front()) {
+            const BlockAnswers& answers = *waiting_.front();
+            WriteStandardOutput(answers.lines);
+            summary.answeredLines += answers.lineCount;
+            summary.badLines += answers.badLines;
+            if (!answers.lastCode.empty()) {
+                summary.lastCode = answers.lastCode;
+            }
+            waiting_.pop_front();
+            ++written_;
+        }
+    }
+
+    LineCutter cutter_;
+    std::string buffer_;
+    std::vector<Place> places_;
+    bool isAtEnd_ = false;
+    bool wantsInput_ = false;
+    std::uint64_t written_ = 0;  // blocks written, and so the number of the first that waits
+    std::deque<std::optional<BlockAnswers>> waiting_;  // in the order of the lines
+};
+
+}  // namespace
+
+BatchSummary RunBatch(const BatchSetting& setting, std::size_t jobs) {
+    CatchInterrupts();
+    BatchSummary summary;
+    try {
+        BatchRun(setting, jobs).Run(summary);
+    } catch (const Interruption&) {
+        summary.isComplete = false;
+    }
+    return summary;
+}
+
+}  // namespace qxmix

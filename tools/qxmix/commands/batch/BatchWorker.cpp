@@ -1,0 +1,106 @@
+#include "BatchWorker.h"
+
+#include "BatchLoop.h"
+#include "errors/Errors.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <new>
+#include <sys/mman.h>
+
+namespace qxmix {
+
+namespace {
+
+constexpr int kLastShare = 10;
+
+BatchMark* MapMark() {
+    void* const memory =
+        mmap(nullptr, sizeof(BatchMark), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+    if (memory == MAP_FAILED) {
+        throw WorkError(std::string("no shared memory: ") + std::strerror(errno));
+    }
+    return new (memory) BatchMark;
+}
+
+}  // namespace
+
+void BatchWorker::Unmapped::operator()(BatchMark* mark) const noexcept {
+    munmap(mark, sizeof(BatchMark));
+}
+
+BatchWorker::BatchWorker(const BatchSetting& setting) : setting_(&setting), mark_(MapMark()) {
+}
+
+void BatchWorker::Start(LineBlock block) {
+    block_ = std::move(block);
+    isBusy_ = true;
+    Send();
+}
+
+std::optional<BlockAnswers> BatchWorker::Finish() {
+    Message message;
+    switch (child_->Connection().Receive(message, Clock::now())) {
+    case Channel::State::Received: {
+        BlockAnswers answers = ReadBlockAnswers(message);
+        isBusy_ = false;
+        if (answers.isWorn) {
+            child_.reset();
+        }
+        return answers;
+    }
+    case Channel::State::Closed:
+        StartAgain(mark_->line, {Ending::Kind::Crashed, child_->WaitForEnd()});
+        return std::nullopt;
+    case Channel::State::Waiting:
+        break;
+    }
+    const Clock::time_point now = Clock::now();
+    if (now >= lookAgain_ && HasMissed(now)) {
+        child_->Kill();
+        StartAgain(seen_, {Ending::Kind::NoAnswer, ""});
+    }
+    return std::nullopt;
+}
+
+void BatchWorker::Send() {
+    if (child_ == nullptr) {
+        mark_->line = 0;
+        child_ = std::make_unique<ChildProcess>(
+            [this](Channel& channel) { RunBatchWorker(*setting_, channel, *mark_); });
+    }
+    seen_ = 0;
+    lookAgain_ = Clock::now() + setting_->deadline;
+    // Whether the child is gone shows when the answers are fetched.
+    child_->Connection().Send(ToMessage(block_));
+}
+
+void BatchWorker::StartAgain(std::uint64_t line, const Ending& ending) {
+    if (line == 0) {
+        throw WorkError("a worker ended by itself: " + ending.crash);
+    }
+    block_.known.push_back({line, ending});
+    child_.reset();
+    Send();
+}
+
+bool BatchWorker::HasMissed(Clock::time_point now) {
+    const std::uint64_t line = mark_->line;
+    const std::chrono::nanoseconds worked =
+        child_->WorkingTime() - std::chrono::nanoseconds(mark_->workedBefore.load());
+    if (line == 0 || line != seen_ || line != mark_->line) {
+        seen_ = mark_->line;
+        firstSeen_ = now;
+    }
+    if (seen_ == 0 || line != seen_) {
+        lookAgain_ = now + setting_->deadline;
+        return false;
+    }
+    const auto left = std::chrono::ceil<Milliseconds>(setting_->deadline - worked);
+    const Clock::time_point last = firstSeen_ + setting_->deadline * kLastShare;
+    lookAgain_ = std::min(now + std::max(left, Milliseconds{1}), last);
+    return left.count() <= 0 || now >= last;
+}
+
+}  // namespace qxmix

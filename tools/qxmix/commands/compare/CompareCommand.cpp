@@ -1,0 +1,194 @@
+#include "CompareCommand.h"
+
+#include "CompareCsv.h"
+#include "CompareJson.h"
+#include "CompareText.h"
+#include "commands/map/MapOutput.h"
+#include "dispenser/DispenserReader.h"
+#include "files/Output.h"
+#include "module/LibrarySearch.h"
+#include "module/RegistryImage.h"
+#include "terminal/Progress.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace qxmix {
+
+namespace {
+
+constexpr std::uint64_t kMostCells = 10000000;
+constexpr const char* kFormsExpected = ".txt, .json or .csv";
+
+std::string EndingOf(const std::string& file) {
+    const std::size_t dot = file.rfind('.');
+    return dot == std::string::npos ? "" : file.substr(dot);
+}
+
+void CheckAlike(const std::string& name,
+                const std::string& field,
+                const std::string& b,
+                const std::string& a) {
+    if (a != b) {
+        throw InputError(name + ": " + field + " is " + b +
+                         "; both files must have the same (A has " + a + ")");
+    }
+}
+
+/// A library and what it reads, opened once so that it is known to work.
+struct Side {
+    Side(const std::string& library, const CommonOptions& options, MapQuestions& questions)
+        : registry(options.RegistryOr(questions.dispenser.registry)),
+          asker(FindLibrary(library), registry, options.Trace()) {
+        questions.dispenser.registry = TakenValues(registry);
+        asker.Open();
+        asker.KeepRegistry();
+    }
+
+    std::string registry;
+    Asker asker;
+};
+
+}  // namespace
+
+const CommandInfo& CompareCommand::Info() const {
+    static const CommandInfo info = {
+        "compare",
+        "Shows which amounts two dispensers or two builds pay differently.",
+        {"compare A B [--mix N] [--from A] [--to A] [--step A]",
+         "compare A --library X --library Y [--mixes all]"},
+        {"compare examples/euro.json examples/no-tens.json --mix 1 --to 100",
+         "compare EUR:50x100,20x100 EUR:50x100,20x100,10x50 --mixes all --to 200"}};
+    return info;
+}
+
+void CompareCommand::AddOptions(CLI::App& command) {
+    command.add_option("A", a_, "dispenser file, - or inline");
+    command.add_option("B", b_, "the other one; without it A is asked by two libraries");
+    AddAmountRangeOptions(command, range_);
+    AddAskOptions(command, ask_);
+    AddJobsOption(command, jobs_);
+    command
+        .add_option("--output", output_,
+                    std::string("writes the differences, too; the name ends in ") + kFormsExpected)
+        ->type_name("FILE");
+}
+
+ExitStatus CompareCommand::Run(const CommonOptions& options) {
+    CheckOutput();
+    CompareQuestions questions = Prepare(options);
+    const std::vector<std::string>& libraries = options.libraries;
+    Side a(libraries.empty() ? "" : libraries.front(), options, questions.a);
+    Side b(libraries.empty() ? "" : libraries.back(), options, questions.b);
+    const std::uint64_t cells = questions.a.CellCount();
+    Progress progress(Info().name, 2 * cells, options.quiet);
+    const auto ask = [&](const MapQuestions& side, const Side& by, std::uint64_t done) {
+        return AskMap(side, {by.asker.Library(), by.registry}, options.Trace(),
+                      [&](const MapProgress& now) { progress.Show(done + now.done, now.misses); });
+    };
+    const MapAnswers answersA = ask(questions.a, a, 0);
+    if (!answersA.isComplete) {
+        throw Interruption();
+    }
+    const MapAnswers answersB = ask(questions.b, b, cells);
+    progress.Wipe();
+    const CompareAnswers answers = Compare(questions, answersA, answersB);
+    Envelope envelope = EnvelopeOf(questions, answers);
+    envelope.module = b.asker.ModuleVersion();
+    envelope.library = FileNameOf(b.asker.Library());
+    envelope.input["libraries"] = {FileNameOf(a.asker.Library()), envelope.library};
+    const auto text = [&](ColorMode color) {
+        return CompareText(questions, answers, Names(options), Painter(color));
+    };
+    OutputFiles files;
+    files.Add(options.registryOut, WithErrorCode(b.asker.Registry(), answersB.lastCode));
+    const std::string ending = EndingOf(output_);
+    files.Add(output_, ending == ".txt"   ? text(ColorMode::Never)
+                       : ending == ".csv" ? CompareCsv(answers)
+                                          : EnvelopeText(envelope));
+    files.Commit();
+    WriteStandardOutput(options.json ? EnvelopeText(envelope) : text(options.color));
+    return envelope.exitStatus;
+}
+
+Envelope CompareCommand::EnvelopeOf(const CompareQuestions& questions,
+                                    const CompareAnswers& answers) const {
+    Envelope envelope;
+    envelope.command = Info().name;
+    envelope.complete = answers.isComplete;
+    envelope.input = CompareInputJson(questions);
+    envelope.result = CompareResultJson(questions, answers);
+    envelope.exitStatus = ExitStatusOf(answers);
+    return envelope;
+}
+
+void CompareCommand::CheckOutput() const {
+    const std::string ending = EndingOf(output_);
+    if (!output_.empty() && ending != ".txt" && ending != ".json" && ending != ".csv") {
+        throw InputError("--output: " +
+                         NotAllowed(output_, std::string("a name that ends in ") + kFormsExpected));
+    }
+}
+
+CompareQuestions CompareCommand::Prepare(const CommonOptions& options) const {
+    const std::size_t libraries = options.libraries.size();
+    if (a_.empty()) {
+        throw InputError("A: missing; expected a file, - or a dispenser such as EUR:50x10,20x10");
+    }
+    if (libraries > 2) {
+        throw InputError("--library: given " + std::to_string(libraries) +
+                         " times; expected once or twice");
+    }
+    if (b_.empty() && libraries < 2) {
+        throw InputError("B: missing; expected a second dispenser, or --library twice");
+    }
+    if (a_ == "-" && b_ == "-") {
+        throw InputError("B: standard input is A already; expected a file or a dispenser");
+    }
+    CompareQuestions questions;
+    questions.a = PrepareSide(a_, options);
+    questions.isOneDispenser = b_.empty();
+    questions.b = b_.empty() ? questions.a : PrepareSide(b_, options);
+    const Dispenser& a = questions.a.dispenser;
+    const Dispenser& b = questions.b.dispenser;
+    CheckAlike(b_, "currency", b.currency, a.currency);
+    CheckAlike(b_, "exponent", std::to_string(b.exponent), std::to_string(a.exponent));
+    const AmountRange range = RangeOf(questions);
+    for (MapQuestions* const side : {&questions.a, &questions.b}) {
+        side->from = range.from;
+        side->to = range.to;
+        side->step = range.step;
+    }
+    CheckCellCount(questions.a, kMostCells, "--step");
+    return questions;
+}
+
+MapQuestions CompareCommand::PrepareSide(const std::string& name,
+                                         const CommonOptions& options) const {
+    MapQuestions side;
+    side.dispenser = OpenDispenser(name);
+    ask_.ApplyTo(side.dispenser);
+    side.mixes = ask_.Mixes(side.dispenser);
+    side.deadline = options.deadline.value_or(side.deadline);
+    side.jobs = jobs_.Count();
+    return side;
+}
+
+/// What the customers of either dispenser can ask.
+AmountRange CompareCommand::RangeOf(const CompareQuestions& questions) const {
+    const Amounts a = AmountsWithDefaults(questions.a.dispenser);
+    const Amounts b = AmountsWithDefaults(questions.b.dispenser);
+    Dispenser either = questions.a.dispenser;
+    either.amounts.min = std::min(*a.min, *b.min);
+    either.amounts.max = std::max(*a.max, *b.max);
+    const std::uint32_t apart = std::max(*a.min, *b.min) - *either.amounts.min;
+    either.amounts.step = std::gcd(std::gcd(*a.step, *b.step), apart);
+    return range_.RangeOf(either);
+}
+
+std::array<std::string, 2> CompareCommand::Names(const CommonOptions& options) const {
+    return b_.empty() ? std::array<std::string, 2>{options.libraries[0], options.libraries[1]}
+                      : std::array<std::string, 2>{a_, b_};
+}
+
+}  // namespace qxmix

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "CompareAnswers.h"
+#include "answers/Envelope.h"
+#include "options/AmountRange.h"
+#include "options/AskOptions.h"
+#include "options/Command.h"
+#include "options/JobsOption.h"
+
+#include <array>
+#include <string>
+
+namespace qxmix {
+
+/// `qxmix compare`: two dispensers or two builds of the module, what changes for whom.
+class CompareCommand final : public Command {
+public:
+    const CommandInfo& Info() const override;
+    void AddOptions(CLI::App& command) override;
+    ExitStatus Run(const CommonOptions& options) override;
+
+private:
+    CompareQuestions Prepare(const CommonOptions& options) const;
+    MapQuestions PrepareSide(const std::string& name, const CommonOptions& options) const;
+    void CheckOutput() const;
+    Envelope EnvelopeOf(const CompareQuestions& questions, const CompareAnswers& answers) const;
+    AmountRange RangeOf(const CompareQuestions& questions) const;
+    std::array<std::string, 2> Names(const CommonOptions& options) const;
+
+    std::string a_;  // as named on the command line
+    std::string b_;  // empty: the same as a_
+    AmountRangeOptions range_;
+    AskOptions ask_;
+    JobsOption jobs_;
+    std::string output_;  // empty: not given
+};
+
+}  // namespace qxmix

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "Explanation.h"
+#include "json/Json.h"
+
+namespace qxmix {
+
+/// The result of `mix`, and beside it the story.
+Json ExplainJson(const MixQuestions& questions, const Explanation& story);
+
+}  // namespace qxmix

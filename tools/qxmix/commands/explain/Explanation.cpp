@@ -1,0 +1,140 @@
+#include "Explanation.h"
+
+#include "ResultCodes.h"
+#include "units/SearchedItems.h"
+
+#include <algorithm>
+
+namespace qxmix {
+
+namespace {
+
+constexpr Milliseconds kDeadline{100};
+constexpr std::uint16_t kNoLimit = UINT16_MAX;
+
+/// Asks the module again, in other words.
+class SecondQuestions {
+public:
+    SecondQuestions(const MixQuestions& questions, const Units& units, Asker& asker)
+        : questions_(questions), units_(units), asker_(asker) {}
+
+    bool IsPaidWithoutLimit() const {
+        MixRequest request = questions_.requests.front();
+        request.usMaxDispenseItems = kNoLimit;
+        Dispenser dispenser = questions_.dispenser;
+        dispenser.maxDispenseItems = kNoLimit;
+        return Judge(dispenser, questions_.amount, Ask(request)).outcome == Outcome::Paid;
+    }
+
+    /// Whether the units hold less than the amount. With a partial amount allowed the module lowers
+    /// the amount to what they hold; where it does not answer that, the counts have to tell.
+    bool IsBeyondCapacity() const {
+        MixRequest request = questions_.requests.front();
+        if (request.bAllowPartial == 1U) {
+            return false;
+        }
+        request.bAllowPartial = 1;
+        const Reply reply = Ask(request);
+        if (reply.ending.kind == Ending::Kind::Answered) {
+            return reply.calculation.request.ulAmount != units_.Amount();
+        }
+        Money total;
+        for (const Unit& unit : units_.Kept()) {
+            total += SearchedMoney(questions_.dispenser, unit.searched).Times(unit.counted);
+        }
+        return total < AskedMoney(questions_.dispenser, questions_.amount);
+    }
+
+private:
+    Reply Ask(const MixRequest& request) const {
+        return asker_.Ask(request, kDeadline, Asker::Tracing::Silent);
+    }
+
+    const MixQuestions& questions_;
+    const Units& units_;
+    Asker& asker_;
+};
+
+DecidedBy WhatRefused(const SecondQuestions& again, const Units& units, std::int32_t returned) {
+    switch (returned) {
+    case kInvalidMixNumber:
+        return DecidedBy::MixNumber;
+    case kTooManyItems:
+        return DecidedBy::Limit;
+    case kInvalidCashUnit:
+        return DecidedBy::UnitCount;
+    case kNotDispensable:
+        return units.Kept().empty()         ? DecidedBy::NoUnits
+               : again.IsBeyondCapacity()   ? DecidedBy::Capacity
+               : again.IsPaidWithoutLimit() ? DecidedBy::Limit
+                                            : DecidedBy::Search;
+    default:
+        return DecidedBy::Nothing;
+    }
+}
+
+DecidedBy
+WhatPaid(const MixQuestions& questions, const SecondQuestions& again, const Explanation& story) {
+    const auto smallest = story.units.ValueToReach();
+    if (smallest && story.units.Amount() < *smallest) {
+        return DecidedBy::SmallestNote;
+    }
+    const Judgement& judgement = story.answer.judgement;
+    const Money searched = SearchedMoney(questions.dispenser, story.units.Amount());
+    if (!(judgement.asked == searched) && judgement.paid == searched) {
+        return DecidedBy::Amount;
+    }
+    switch (judgement.outcome) {
+    case Outcome::Paid:
+        return DecidedBy::Nothing;
+    case Outcome::Overpaid:
+    case Outcome::Overdrawn:
+        return DecidedBy::Search;
+    default:
+        break;
+    }
+    if (!story.taken.empty() && story.taken != story.given) {
+        return DecidedBy::Spreading;
+    }
+    const bool isLowered = story.answer.reply.calculation.request.ulAmount != story.units.Amount();
+    return isLowered                    ? DecidedBy::Capacity
+           : again.IsPaidWithoutLimit() ? DecidedBy::Limit
+                                        : DecidedBy::Search;
+}
+
+}  // namespace
+
+bool Explanation::HasWorthlessUnit() const {
+    const std::vector<Unit> kept = units.Kept();
+    return std::any_of(kept.begin(), kept.end(),
+                       [](const Unit& unit) { return unit.searched == 0; });
+}
+
+const char* NameOf(DecidedBy decidedBy) {
+    static const char* const names[] = {"none",         "mixNumber", "none",      "noUnits",
+                                        "smallestNote", "capacity",  "unitCount", "search",
+                                        "limit",        "none"};
+    return names[static_cast<std::size_t>(decidedBy)];
+}
+
+Explanation Explain(const MixQuestions& questions, const MixAnswer& answer, Asker& asker) {
+    const MixRequest& request = questions.requests.front();
+    Explanation story(answer, Units(request, asker.Open().minimum));
+    const SecondQuestions again(questions, story.units, asker);
+    story.given = GivenItems(story.units, answer.judgement);
+    if (!answer.judgement.IsAnswered()) {
+        story.decidedBy = DecidedBy::Search;
+    } else if (answer.reply.calculation.returned == kSuccess) {
+        story.taken = SearchedItems(story.units, questions.amount, asker);
+        story.decidedBy = WhatPaid(questions, again, story);
+    } else {
+        story.decidedBy = WhatRefused(again, story.units, answer.reply.calculation.returned);
+        if (story.decidedBy == DecidedBy::Limit) {
+            story.taken = SearchedItems(story.units, questions.amount, asker, kNoLimit);
+        }
+    }
+    story.around = AskAround(questions, answer, asker);
+    return story;
+}
+
+}  // namespace qxmix

@@ -1,0 +1,133 @@
+#include "Neighbours.h"
+
+#include "options/MixList.h"
+
+#include <algorithm>
+
+namespace qxmix {
+
+namespace {
+
+constexpr Milliseconds kDeadline{100};
+constexpr Milliseconds kWholeTime{2000};
+constexpr std::uint32_t kMostSteps = 500;
+
+/// Asks while there is time.
+class TimedAsker {
+public:
+    TimedAsker(const MixQuestions& questions, Asker& asker)
+        : dispenser_(questions.dispenser), request_(questions.requests.front()), asker_(asker),
+          end_(Clock::now() + kWholeTime) {}
+
+    bool HasTime() const { return Clock::now() < end_; }
+
+    Neighbour Ask(std::uint16_t mix, std::uint32_t amount) {
+        MixRequest request = request_;
+        request.usMixNumber = mix;
+        request.ulAmount = amount;
+        Neighbour asked;
+        asked.amount = amount;
+        const auto left = std::chrono::ceil<Milliseconds>(end_ - Clock::now());
+        const Milliseconds deadline = std::clamp(left, Milliseconds(1), kDeadline);
+        asked.reply = asker_.Ask(request, deadline, Asker::Tracing::Silent);
+        asked.judgement = Judge(dispenser_, amount, asked.reply);
+        return asked;
+    }
+
+private:
+    const Dispenser& dispenser_;
+    const MixRequest& request_;
+    Asker& asker_;
+    Clock::time_point end_;
+};
+
+/// Amounts to try on one side, nearest first.
+class Side {
+public:
+    /// @param next  the first; out of 1 to 2^32 - 1 when there is none.
+    Side(std::int64_t next, std::int64_t step) : next_(next), step_(step) {}
+
+    bool IsDone() const {
+        return found || tried_ == kMostSteps || next_ < 1 || next_ > std::int64_t{UINT32_MAX};
+    }
+
+    void TryNext(TimedAsker& asker, std::uint16_t mix) {
+        Neighbour asked = asker.Ask(mix, static_cast<std::uint32_t>(next_));
+        next_ += step_;
+        ++tried_;
+        if (asked.judgement.outcome == Outcome::Paid) {
+            found = asked;
+        }
+    }
+
+    std::optional<Neighbour> found;
+
+private:
+    std::int64_t next_;
+    std::int64_t step_;
+    std::uint32_t tried_ = 0;
+};
+
+void AskOtherMixes(const MixAnswer& answer,
+                   std::uint32_t amount,
+                   TimedAsker& asker,
+                   Surroundings& around) {
+    for (const std::uint16_t mix : AllMixes()) {
+        if (mix == answer.mix || !asker.HasTime()) {
+            continue;
+        }
+        const Judgement judgement = asker.Ask(mix, amount).judgement;
+        if (judgement.outcome == Outcome::Paid) {
+            around.payers.push_back(mix);
+        } else if (!judgement.IsAnswered()) {
+            around.unanswered.push_back(mix);
+        } else if (judgement.IsDangerous()) {
+            around.dangerous.push_back(mix);
+        }
+    }
+}
+
+void AskOtherAmounts(const MixQuestions& questions,
+                     std::uint16_t mix,
+                     TimedAsker& asker,
+                     Surroundings& around) {
+    const Dispenser& dispenser = questions.dispenser;
+    const Amounts amounts = AmountsWithDefaults(dispenser);
+    // Where the amount counts hundreds, the values say nothing of its steps.
+    const bool isCoarse = dispenser.exponent > 0 && !dispenser.amounts.step;
+    const std::int64_t step = isCoarse ? 1 : std::int64_t{*amounts.step};
+    const std::int64_t amount = questions.amount;
+    const std::int64_t first = isCoarse ? 1 : std::int64_t{*amounts.min};
+    // The last of the steps that is not above the amount.
+    const std::int64_t over = ((amount - first) % step + step) % step;
+    Side below(over == 0 ? amount - step : amount - over, -step);
+    Side above(amount - over + step, step);
+    while (asker.HasTime() && (!below.IsDone() || !above.IsDone())) {
+        if (!below.IsDone()) {
+            below.TryNext(asker, mix);
+        }
+        if (!above.IsDone()) {
+            above.TryNext(asker, mix);
+        }
+    }
+    around.below = below.found;
+    around.above = above.found;
+}
+
+}  // namespace
+
+Surroundings AskAround(const MixQuestions& questions, const MixAnswer& answer, Asker& asker) {
+    Surroundings around;
+    TimedAsker timed(questions, asker);
+    try {
+        AskOtherMixes(answer, questions.amount, timed, around);
+        if (answer.judgement.outcome != Outcome::Paid) {
+            AskOtherAmounts(questions, answer.mix, timed, around);
+        }
+    } catch (const Interruption&) {
+        around.isComplete = false;
+    }
+    return around;
+}
+
+}  // namespace qxmix

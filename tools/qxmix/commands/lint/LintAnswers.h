@@ -1,0 +1,34 @@
+#pragma once
+
+#include "LintCase.h"
+#include "commands/map/MapAnswers.h"
+#include "workers/Asker.h"
+
+#include <functional>
+
+namespace qxmix {
+
+/// What `qxmix lint` asks.
+struct LintQuestions {
+    MapQuestions map;          ///< the dispenser, its mixes, and all amounts as a list
+    std::string registry;      ///< what the module reads, as the text of a registry file
+    std::string registryFile;  ///< its name; empty: it stands in the dispenser file
+    Milliseconds slow{20};
+};
+
+/// The amounts in steps and those of the buttons, in order, each once.
+std::vector<std::uint32_t> AmountsAndButtons(const MapQuestions& range);
+
+/// Asks the module everything that the rules want to know.
+///
+/// @param order     the library and what it reads.
+/// @param asker     of the same.
+/// @param progress  is told after each answer to the amounts.
+/// @throw WorkError when the library cannot be used.
+LintCase AskLint(const LintQuestions& questions,
+                 const OpenOrder& order,
+                 Asker& asker,
+                 const TraceSink& trace,
+                 const std::function<void(const MapProgress&)>& progress);
+
+}  // namespace qxmix

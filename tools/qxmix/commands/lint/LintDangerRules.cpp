@@ -1,0 +1,125 @@
+#include "LintRules.h"
+#include "answers/Judgement.h"
+#include "units/FirstFitProof.h"
+
+#include <algorithm>
+
+namespace qxmix {
+
+namespace {
+
+constexpr std::size_t kMostUnits = 5;
+
+/// Mixes that take the first combination that fits.
+bool IsFirstFit(const LintMix& mix) {
+    return mix.mix == 4 || mix.mix == 9;
+}
+
+std::vector<LintAnswer> AnswersWith(const LintCase& lint, const LintMix& mix, Outcome outcome) {
+    return AnswersWhere(
+        lint, mix, [outcome](const LintAnswer& answer) { return answer.cell.outcome == outcome; });
+}
+
+const char* NameOf(WhyTooMuch why) {
+    static const char* const names[] = {"noCombination", "limit", "searchOrder"};
+    return names[static_cast<std::size_t>(why)];
+}
+
+/// Which cassettes an answer takes whole, and why it does.
+Json TooMuchJson(const LintCase& lint, const LintMix& mix, const LintAnswer& answer) {
+    const Dispenser& dispenser = lint.TheDispenser();
+    const Judgement judgement = Judge(dispenser, answer.amount, ReplyOf(answer.cell));
+    Json emptied = Json::array();
+    for (std::size_t index = 0; index < dispenser.cassettes.size(); ++index) {
+        if (judgement.taken[index] != 0 &&
+            judgement.taken[index] >= dispenser.cassettes[index].count) {
+            emptied.push_back(index);
+        }
+    }
+    const auto why = mix.whyTooMuch.find(answer.amount);
+    return {{"emptied", emptied},
+            {"why", why == mix.whyTooMuch.end() ? Json() : Json(NameOf(why->second))}};
+}
+
+bool IsProved(const LintCase& lint, const LintMix& mix, const LintAnswer& answer) {
+    return IsFirstFit(mix) && !lint.TheDispenser().partial &&
+           IsFirstFitEndless(mix.kept, mix.units.SearchedAmount(answer.amount));
+}
+
+std::vector<std::uint16_t> FirstFitMixesWith(const LintCase& lint, std::size_t leastUnits) {
+    return MixesWhere(lint, [leastUnits](const LintMix& mix) {
+        return IsFirstFit(mix) && mix.kept.size() >= leastUnits && mix.kept.size() <= kMostUnits;
+    });
+}
+
+}  // namespace
+
+void CheckTooMuch(const LintCase& lint, LintReport& report) {
+    for (const LintMix& mix : lint.mixes) {
+        LintAnswersText text;
+        text.tell = [&lint](const LintAnswer& answer) { return PaidText(lint, answer); };
+        text.details = [&lint, &mix](const LintAnswer& answer) {
+            return TooMuchJson(lint, mix, answer);
+        };
+        text.before = "mix " + std::to_string(mix.mix) + " overpays";
+        report.AddAnswers(mix, AnswersWith(lint, mix, Outcome::Overpaid), text);
+        text.before = "mix " + std::to_string(mix.mix) + " overdraws";
+        report.AddAnswers(mix, AnswersWith(lint, mix, Outcome::Overdrawn), text);
+    }
+}
+
+void CheckNoAnswer(const LintCase& lint, LintReport& report) {
+    for (const LintMix& mix : lint.mixes) {
+        const auto missed = AnswersWith(lint, mix, Outcome::NoAnswer);
+        const auto isProved = [&lint, &mix](const LintAnswer& answer) {
+            return IsProved(lint, mix, answer);
+        };
+        const auto proved = std::count_if(missed.begin(), missed.end(), isProved);
+        LintAnswersText text;
+        text.before = "mix " + std::to_string(mix.mix) + " gives no answer";
+        text.after = proved == 0 ? "" : ", " + std::to_string(proved) + " proved";
+        text.tell = [&lint](const LintAnswer& answer) { return AmountText(lint, answer.amount); };
+        text.details = [&isProved](const LintAnswer& answer) {
+            return Json{{"proved", isProved(answer)}};
+        };
+        report.AddAnswers(mix, missed, text);
+    }
+}
+
+void CheckEndlessPair(const LintCase& lint, LintReport& report) {
+    for (const LintMix& mix : lint.mixes) {
+        if (!IsFirstFit(mix) || mix.kept.size() != 2 || mix.kept.back().searched == 0) {
+            continue;
+        }
+        const Unit& lesser = mix.kept.back();
+        const std::uint32_t bound = UINT32_MAX / lesser.searched;
+        if (lesser.counted >= bound) {
+            report.Add(CassettePointer(lesser.cassettes.front(), "count"),
+                       std::to_string(lesser.counted) + " is at least " + std::to_string(bound) +
+                           ": amounts that cannot be made may never be answered",
+                       std::vector<std::uint16_t>{mix.mix});
+        }
+    }
+}
+
+void CheckCleanFirstFit(const LintCase& lint, LintReport& report) {
+    std::vector<std::uint16_t> mixes = FirstFitMixesWith(lint, 2);
+    mixes.erase(std::remove_if(mixes.begin(), mixes.end(),
+                               [&report](std::uint16_t mix) {
+                                   return report.Has("QX401", mix) || report.Has("QX402", mix);
+                               }),
+                mixes.end());
+    report.Add("/mix",
+               "clean on the amounts asked only: on others the unit next to last by worth can be "
+               "paid out whole",
+               mixes);
+}
+
+void CheckPartialFirstFit(const LintCase& lint, LintReport& report) {
+    if (lint.TheDispenser().partial) {
+        report.Add("/partial", "a partial amount does not end the search",
+                   FirstFitMixesWith(lint, 3));
+    }
+}
+
+}  // namespace qxmix

@@ -1,0 +1,123 @@
+#include "LintReport.h"
+
+#include "answers/Judgement.h"
+#include "options/MixList.h"
+
+#include <algorithm>
+
+namespace qxmix {
+
+namespace {
+
+/// "10 pays 60, 30 pays 80, ...": as many as fit, at least one.
+///
+/// @param width  columns left in the line; when not even one fits, the list has the next line, too.
+std::string ListText(const std::vector<LintAnswer>& answers,
+                     const LintAnswersText::Tell& tell,
+                     std::size_t width) {
+    const std::string more = ", ...";
+    std::string text = tell(answers.front());
+    if (text.size() + (answers.size() == 1 ? 0 : more.size()) > width) {
+        width += kPlainWidth - kLeftOfFinding;
+    }
+    for (std::size_t index = 1; index < answers.size(); ++index) {
+        const std::string next = ", " + tell(answers[index]);
+        const bool isLast = index + 1 == answers.size();
+        if (text.size() + next.size() + (isLast ? 0 : more.size()) > width) {
+            return text + more;
+        }
+        text += next;
+    }
+    return text;
+}
+
+Json AnswerJson(const LintCase& lint, const LintAnswer& answer) {
+    const Judgement judgement = Judge(lint.TheDispenser(), answer.amount, ReplyOf(answer.cell));
+    const unsigned decimals = AmountDecimals(lint.TheDispenser());
+    return {{"amount", answer.amount},
+            {"outcome", RowOf(answer.cell.outcome).name},
+            {"paid", judgement.IsAnswered() ? Json(judgement.paid.Text(decimals)) : Json()}};
+}
+
+}  // namespace
+
+void LintReport::Add(const std::string& pointer,
+                     const std::string& message,
+                     const std::optional<std::vector<std::uint16_t>>& mixes) {
+    if (mixes && mixes->empty()) {
+        return;
+    }
+    LintFinding finding;
+    static_cast<Finding&>(finding) = pattern_;
+    finding.pointer = pointer;
+    finding.message = message;
+    if (mixes && mixes->size() == 1) {
+        finding.mix = mixes->front();
+    }
+    const bool isPart = mixes && mixes->size() < lint_.mixes.size();
+    if (isPart && message.find(MixesText(*mixes)) == std::string::npos) {
+        finding.message += " (" + MixesText(*mixes) + ")";
+    }
+    findings_.push_back(finding);
+}
+
+void LintReport::AddAnswers(const LintMix& mix,
+                            const std::vector<LintAnswer>& answers,
+                            const LintAnswersText& text) {
+    if (answers.empty()) {
+        return;
+    }
+    LintFinding finding;
+    static_cast<Finding&>(finding) = pattern_;
+    finding.mix = mix.mix;
+    finding.pointer = text.pointer;
+    finding.advice = text.advice.empty() ? finding.advice : text.advice;
+    const std::string amounts = answers.size() == 1 ? " amount" : " amounts";
+    finding.message =
+        text.before + " on " + std::to_string(answers.size()) + amounts + text.after + ": ";
+    const std::size_t used = kLeftOfFinding + finding.pointer.size() + 2 + finding.message.size();
+    finding.message += ListText(answers, text.tell, kPlainWidth - std::min(used, kPlainWidth));
+    finding.amounts = LintAmounts{answers.size(), lint_.AmountCount(), Json::array()};
+    for (std::size_t index = 0; index < std::min(answers.size(), kListedAmounts); ++index) {
+        Json json = AnswerJson(lint_, answers[index]);
+        if (text.details != nullptr) {
+            json.update(text.details(answers[index]));
+        }
+        finding.amounts->first.push_back(json);
+    }
+    findings_.push_back(finding);
+}
+
+void LintReport::AddOwn(const Finding& finding) {
+    if (finding.id == pattern_.id) {
+        findings_.emplace_back();
+        static_cast<Finding&>(findings_.back()) = finding;
+    }
+}
+
+bool LintReport::Has(const std::string& id, std::uint16_t mix) const {
+    return std::any_of(findings_.begin(), findings_.end(), [&id, mix](const Finding& finding) {
+        return finding.id == id && finding.mix == mix;
+    });
+}
+
+std::string AmountText(const LintCase& lint, std::uint32_t amount) {
+    const Dispenser& dispenser = lint.TheDispenser();
+    return AskedMoney(dispenser, amount).Text(AmountDecimals(dispenser));
+}
+
+std::string PaidText(const LintCase& lint, const LintAnswer& answer) {
+    const Judgement judgement = Judge(lint.TheDispenser(), answer.amount, ReplyOf(answer.cell));
+    return AmountText(lint, answer.amount) + " pays " +
+           judgement.paid.Text(AmountDecimals(lint.TheDispenser()));
+}
+
+std::string CassettePointer(std::size_t cassette, const std::string& field) {
+    return "/cassettes/" + std::to_string(cassette) + "/" + field;
+}
+
+std::string NoteText(const Cassette& cassette) {
+    return cassette.Worth().ShortText() + " " + cassette.currency;
+}
+
+}  // namespace qxmix

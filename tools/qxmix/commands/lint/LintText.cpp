@@ -1,0 +1,128 @@
+#include "LintText.h"
+
+#include "options/MixList.h"
+#include "terminal/WrappedText.h"
+#include "text/TextList.h"
+
+#include <algorithm>
+
+namespace qxmix {
+
+namespace {
+
+std::string CountText(std::uint64_t count, const std::string& what) {
+    return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+}
+
+/// "4 errors, 1 note", or "nothing found".
+std::string SeveritiesText(const std::vector<LintFinding>& findings, bool quiet) {
+    std::vector<std::string> parts;
+    const auto add = [&](Severity severity, const std::string& name) {
+        const auto count =
+            std::count_if(findings.begin(), findings.end(), [severity](const Finding& finding) {
+                return finding.severity == severity;
+            });
+        if (count > 0) {
+            parts.push_back(CountText(static_cast<std::uint64_t>(count), name));
+        }
+    };
+    add(Severity::Error, "error");
+    add(Severity::Warning, "warning");
+    if (!quiet) {
+        add(Severity::Note, "note");
+    }
+    return parts.empty() ? "nothing found" : Join(parts, ", ");
+}
+
+/// "100 amounts from 10 to 1000 EUR asked"
+std::string AskedText(const LintCase& lint) {
+    const std::string& currency = lint.TheDispenser().currency;
+    const std::uint64_t count = lint.AmountCount();
+    if (count == 0) {
+        return "no amount asked";
+    }
+    const std::string first = AmountText(lint, lint.questions.Amount(0));
+    return count == 1
+               ? first + " " + currency + " asked"
+               : CountText(count, "amount") + " from " + first + " to " +
+                     AmountText(lint, lint.questions.Amount(count - 1)) + " " + currency + " asked";
+}
+
+/// What the module did beside answering: no rule tells of it.
+std::string CrashesText(const LintCase& lint, const Painter& painter) {
+    std::string text;
+    for (const LintMix& mix : lint.mixes) {
+        const std::uint64_t crashes = mix.row.Count(Outcome::Crashed);
+        if (crashes > 0) {
+            text += painter.Paint("CRASH", RowOf(Outcome::Crashed).terminalStyle) + "  mix " +
+                    std::to_string(mix.mix) + " crashes on " + CountText(crashes, "amount") + "\n";
+        }
+    }
+    return text;
+}
+
+std::string InterruptionText(const LintCase& lint) {
+    const std::uint64_t done = lint.AmountCount();
+    const std::uint64_t all = lint.questions.AmountCount();
+    if (lint.isComplete) {
+        return "";
+    }
+    if (done == all) {
+        return "interrupted while more was asked about " + CountText(all, "amount") + "\n";
+    }
+    return "interrupted at " + AmountText(lint, lint.questions.Amount(done)) + " " +
+           lint.TheDispenser().currency + ", " + std::to_string(done) + " of " +
+           CountText(all, "amount") + "\n";
+}
+
+/// A finding without the number of its mix.
+std::string WithoutMix(const LintFinding& finding) {
+    std::string text = finding.id + finding.pointer + finding.message + finding.advice;
+    const std::string mix = finding.mix ? "mix " + std::to_string(*finding.mix) + " " : "";
+    const std::size_t at = mix.empty() ? std::string::npos : text.find(mix);
+    return at == std::string::npos ? text : text.erase(at, mix.size());
+}
+
+/// The mixes of the findings behind this one that say the same of another mix.
+std::vector<std::uint16_t> SameInOtherMixes(const std::vector<LintFinding>& findings,
+                                            std::size_t index) {
+    std::vector<std::uint16_t> mixes;
+    const LintFinding& finding = findings[index];
+    while (finding.mix && ++index < findings.size() && findings[index].mix &&
+           WithoutMix(findings[index]) == WithoutMix(finding)) {
+        mixes.push_back(*findings[index].mix);
+    }
+    return mixes;
+}
+
+}  // namespace
+
+std::string LintText(const LintCase& lint,
+                     const std::vector<LintFinding>& findings,
+                     bool quiet,
+                     const Painter& painter) {
+    const std::vector<std::uint16_t>& mixes = lint.questions.mixes;
+    const std::string heading = SeveritiesText(findings, quiet) + " for " +
+                                (mixes == AllMixes() ? "all 10 mixes" : MixesText(mixes)) + ", " +
+                                AskedText(lint);
+    std::string text = WrappedText(Split(heading, ' '), " ", 0, 2) + "\n";
+    text += CrashesText(lint, painter);
+    std::string list;
+    for (std::size_t index = 0; index < findings.size();) {
+        const LintFinding& finding = findings[index];
+        const std::vector<std::uint16_t> others = SameInOtherMixes(findings, index);
+        index += 1 + others.size();
+        if (quiet && finding.severity == Severity::Note) {
+            continue;
+        }
+        Finding told = finding;
+        if (!others.empty()) {
+            told.message += "; the same in " + MixesText(others);
+        }
+        list += FindingText(told, FindingPlace::Told, painter);
+    }
+    text += (list.empty() ? "" : "\n") + list;
+    return text + InterruptionText(lint);
+}
+
+}  // namespace qxmix

@@ -1,0 +1,132 @@
+#include "MapAnswers.h"
+
+#include "answers/Judgement.h"
+#include "requests/Request.h"
+#include "workers/AdaptiveDeadline.h"
+#include "workers/WorkerPool.h"
+
+#include <algorithm>
+#include <deque>
+#include <optional>
+#include <utility>
+
+namespace qxmix {
+
+namespace {
+
+/// Hands out the cells amount by amount, and files the answers in that order.
+class MapDesk {
+public:
+    MapDesk(const MapQuestions& questions, MapAnswers& answers)
+        : questions_(questions), answers_(answers),
+          deadlines_(questions.mixes.size(), AdaptiveDeadline(questions.deadline)) {
+        for (const std::uint16_t mix : questions.mixes) {
+            requests_.push_back(BuildRequest(questions.dispenser, 0, mix));
+        }
+        answers_.rows.resize(questions.mixes.size());
+    }
+
+    std::optional<WorkerPool::Task> NextTask() {
+        if (next_ == questions_.CellCount()) {
+            return std::nullopt;
+        }
+        const std::size_t row = RowOf(next_);
+        WorkerPool::Task task;
+        task.number = next_;
+        task.request = requests_[row];
+        task.request.ulAmount = AmountOf(next_);
+        task.deadline = deadlines_[row].Next();
+        ++next_;
+        return task;
+    }
+
+    void Take(const WorkerPool::Task& task, const Reply& reply) {
+        const Outcome outcome = Judge(questions_.dispenser, AmountOf(task.number), reply).outcome;
+        const bool isMiss = outcome == Outcome::NoAnswer;
+        deadlines_[RowOf(task.number)].Note(isMiss);
+        ++progress_.done;
+        progress_.misses += isMiss ? 1U : 0U;
+        const auto place = static_cast<std::size_t>(task.number - filed_);
+        if (waiting_.size() <= place) {
+            waiting_.resize(place + 1);
+        }
+        waiting_[place] = CellOf(reply, outcome, task.deadline);
+        FileWholeAmounts();
+    }
+
+    const MapProgress& Progress() const { return progress_; }
+
+private:
+    std::size_t RowOf(std::uint64_t number) const {
+        return static_cast<std::size_t>(number % questions_.mixes.size());
+    }
+
+    std::uint32_t AmountOf(std::uint64_t number) const {
+        return questions_.Amount(number / questions_.mixes.size());
+    }
+
+    bool IsNextAmountWhole() const {
+        const std::size_t mixes = questions_.mixes.size();
+        return waiting_.size() >= mixes &&
+               std::all_of(waiting_.begin(), waiting_.begin() + static_cast<std::ptrdiff_t>(mixes),
+                           [](const auto& cell) { return cell.has_value(); });
+    }
+
+    void FileWholeAmounts() {
+        while (IsNextAmountWhole()) {
+            for (MapRow& row : answers_.rows) {
+                const MapCell& cell = *waiting_.front();
+                answers_.lastCode = cell.code.empty() ? answers_.lastCode : cell.code;
+                row.Add(cell);
+                waiting_.pop_front();
+                ++filed_;
+            }
+        }
+    }
+
+    const MapQuestions& questions_;
+    MapAnswers& answers_;
+    std::vector<AdaptiveDeadline> deadlines_;
+    std::vector<MixRequest> requests_;
+    std::uint64_t next_ = 0;   // number of the cell to ask next
+    std::uint64_t filed_ = 0;  // cells filed, and so the number of the first that waits
+    std::deque<std::optional<MapCell>> waiting_;
+    MapProgress progress_;
+};
+
+}  // namespace
+
+MapAnswers AskMap(const MapQuestions& questions,
+                  const OpenOrder& order,
+                  const TraceSink& trace,
+                  const std::function<void(const MapProgress&)>& progress) {
+    MapAnswers answers;
+    MapDesk desk(questions, answers);
+    // Lines of several workers would be all mixed up.
+    WorkerPool pool(order, trace == nullptr ? questions.jobs : 1, trace);
+    try {
+        pool.Run([&desk] { return desk.NextTask(); },
+                 [&desk, &progress](const WorkerPool::Task& task, const Reply& reply) {
+                     desk.Take(task, reply);
+                     progress(desk.Progress());
+                 });
+    } catch (const Interruption&) {
+        answers.isComplete = false;
+    }
+    return answers;
+}
+
+ExitStatus ExitStatusOf(const MapAnswers& answers) {
+    if (!answers.isComplete) {
+        return ExitStatus::Interrupted;
+    }
+    ExitStatus highest = ExitStatus::Well;
+    for (const MapRow& row : answers.rows) {
+        for (const MapRow::Run& run : row.Runs()) {
+            highest = std::max(highest, RowOf(run.outcome).exitStatus);
+        }
+    }
+    return highest;
+}
+
+}  // namespace qxmix

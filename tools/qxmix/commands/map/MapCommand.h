@@ -1,0 +1,31 @@
+#pragma once
+
+#include "MapAnswers.h"
+#include "options/AmountRange.h"
+#include "options/AskOptions.h"
+#include "options/Command.h"
+#include "options/JobsOption.h"
+
+#include <string>
+
+namespace qxmix {
+
+/// `qxmix map`: every amount by every mix.
+class MapCommand final : public Command {
+public:
+    const CommandInfo& Info() const override;
+    void AddOptions(CLI::App& command) override;
+    ExitStatus Run(const CommonOptions& options) override;
+
+private:
+    MapQuestions Prepare(const CommonOptions& options) const;
+    std::string CommandLine(const MapQuestions& questions, const CommonOptions& options) const;
+
+    std::string dispenser_;  // as named on the command line
+    AmountRangeOptions range_;
+    JobsOption jobs_;
+    std::string output_;
+    AskOptions ask_;
+};
+
+}  // namespace qxmix

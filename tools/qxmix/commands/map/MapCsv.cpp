@@ -1,0 +1,45 @@
+#include "MapCsv.h"
+
+#include "answers/Judgement.h"
+#include "terminal/Terminal.h"
+
+namespace qxmix {
+
+namespace {
+
+std::string CellLine(const MapQuestions& questions,
+                     std::uint32_t amount,
+                     std::uint16_t mix,
+                     const MapCell& cell) {
+    std::string line =
+        std::to_string(amount) + "," + std::to_string(mix) + "," + RowOf(cell.outcome).name + ",";
+    if (!cell.IsAnswered()) {
+        return line + ",,," + std::string(kMaxCashUnits, ',') + "\n";
+    }
+    const Judgement judgement = Judge(questions.dispenser, amount, ReplyOf(cell));
+    line += judgement.paid.Text(AmountDecimals(questions.dispenser)) + "," +
+            std::to_string(cell.remainder) + "," + std::to_string(cell.returned) + ",";
+    // A code of five letters and digits is the only one there is; another must not split the line.
+    const std::string code = Printable(cell.code);
+    line += code.find_first_of(",\"") == std::string::npos ? code : "?";
+    for (const std::uint32_t items : cell.values) {
+        line += "," + std::to_string(items);
+    }
+    return line + "\n";
+}
+
+}  // namespace
+
+std::string MapCsv(const MapQuestions& questions, const MapAnswers& answers) {
+    std::string csv = "amount,mix,outcome,paid,remainder,returned,registry,v0,v1,v2,v3,v4,v5\n";
+    std::vector<MapRowReader> readers(answers.rows.begin(), answers.rows.end());
+    for (std::uint64_t place = 0; place < answers.AmountCount(); ++place) {
+        for (std::size_t row = 0; row < readers.size(); ++row) {
+            csv += CellLine(questions, questions.Amount(place), questions.mixes[row],
+                            readers[row].Next());
+        }
+    }
+    return csv;
+}
+
+}  // namespace qxmix

@@ -1,0 +1,106 @@
+#include "MapJson.h"
+
+#include "answers/Judgement.h"
+#include "answers/ResultJson.h"
+#include "dispenser/DispenserJson.h"
+#include "terminal/Terminal.h"
+#include "text/Duration.h"
+#include "json/StepPath.h"
+
+namespace qxmix {
+
+namespace {
+
+Json RunsJson(const MapRow& row) {
+    Json runs = Json::array();
+    for (const MapRow::Run& run : row.Runs()) {
+        runs.push_back({std::string(1, RowOf(run.outcome).letter), run.length});
+    }
+    return runs;
+}
+
+bool IsListed(Outcome outcome) {
+    return outcome == Outcome::Overpaid || outcome == Outcome::Overdrawn;
+}
+
+Json DangersJson(const MapQuestions& questions, const MapRow& row) {
+    Json dangers = Json::array();
+    MapRowReader reader(row);
+    for (std::uint64_t place = 0; place < row.Size() && dangers.size() < kListedDangers; ++place) {
+        const MapCell& cell = reader.Next();
+        if (!IsListed(cell.outcome)) {
+            continue;
+        }
+        const std::uint32_t amount = questions.Amount(place);
+        const Judgement judgement = Judge(questions.dispenser, amount, ReplyOf(cell));
+        dangers.push_back({{"amount", amount},
+                           {"outcome", RowOf(cell.outcome).name},
+                           {"paid", judgement.paid.Text(AmountDecimals(questions.dispenser))},
+                           {"values", cell.values}});
+    }
+    return dangers;
+}
+
+Json DeadlinesJson(const MapRow& row) {
+    Json deadlines = Json::array();
+    for (const MapRow::DeadlineRun& run : row.Deadlines()) {
+        deadlines.push_back({DurationText(run.deadline), run.length});
+    }
+    return deadlines;
+}
+
+Json StepJson(const MapRow::Step& step) {
+    if (!step.isAnswered) {
+        return nullptr;
+    }
+    Json json = Json::array();
+    for (const std::uint32_t more : step.values) {
+        json.push_back(static_cast<std::int32_t>(more));
+    }
+    json.push_back(static_cast<std::int32_t>(step.remainder));
+    json.push_back(step.returned);
+    json.push_back(step.code.empty() ? Json() : Json(Printable(step.code)));
+    return json;
+}
+
+Json AnswersJson(const MapRow& row) {
+    Json steps = Json::array();
+    for (const MapRow::Step& step : row.Steps()) {
+        steps.push_back(StepJson(step));
+    }
+    Json answers = {{"steps", steps}};
+    answers.update(StepPathJson(row.Path(), row.Steps().size()));
+    return answers;
+}
+
+}  // namespace
+
+Json MapInputJson(const MapQuestions& questions) {
+    return {{"dispenser", DispenserJson(questions.dispenser)},
+            {"mixes", questions.mixes},
+            {"from", questions.from},
+            {"to", questions.to},
+            {"step", questions.step},
+            {"deadline", DurationText(questions.deadline)}};
+}
+
+Json MapResultJson(const MapQuestions& questions, const MapAnswers& answers) {
+    Json mixes = Json::array();
+    for (std::size_t index = 0; index < answers.rows.size(); ++index) {
+        const MapRow& row = answers.rows[index];
+        mixes.push_back(
+            {{"mix", questions.mixes[index]},
+             {"runs", RunsJson(row)},
+             {"counts", CountsJson([&row](Outcome outcome) { return row.Count(outcome); })},
+             {"dangers", DangersJson(questions, row)},
+             {"deadlines", DeadlinesJson(row)},
+             {"answers", AnswersJson(row)}});
+    }
+    return {{"amounts",
+             {{"min", questions.from},
+              {"max", questions.Amount(questions.AmountCount() - 1)},
+              {"step", questions.step}}},
+            {"mixes", mixes}};
+}
+
+}  // namespace qxmix

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "answers/Judgement.h"
+#include "dispenser/Dispenser.h"
+#include "findings/Findings.h"
+#include "workers/Asker.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace qxmix {
+
+/// One amount asked of one dispenser by one or more mixes.
+struct MixQuestions {
+    Dispenser dispenser;
+    std::uint32_t amount = 0;
+    bool asksList = false;             ///< the answer is a list, however many mixes it has
+    std::vector<MixRequest> requests;  ///< one a mix, in the order of the answers
+    Milliseconds deadline{2000};
+};
+
+/// What one mix answered.
+struct MixAnswer {
+    std::uint16_t mix = 0;
+    MixRequest request;  ///< as it was asked
+    Reply reply;
+    Judgement judgement;
+};
+
+/// What is known of the questions.
+struct MixAnswers {
+    std::vector<MixAnswer> answers;
+    std::vector<Finding> findings;
+    bool isComplete = true;  ///< false: Ctrl-C came before the end
+};
+
+/// Asks each mix.
+///
+/// @param keepsRegistry  whether what each answered call left in the registry is kept.
+MixAnswers AskMixes(const MixQuestions& questions, Asker& asker, bool keepsRegistry);
+
+/// The highest exit status of the answers, or that of an interruption.
+ExitStatus ExitStatusOf(const MixAnswers& answers);
+
+}  // namespace qxmix

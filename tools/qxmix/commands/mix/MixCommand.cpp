@@ -1,0 +1,192 @@
+#include "MixCommand.h"
+
+#include "MixText.h"
+#include "RecordedLine.h"
+#include "answers/Envelope.h"
+#include "answers/ResultJson.h"
+#include "dispenser/DispenserJson.h"
+#include "dispenser/DispenserReader.h"
+#include "files/InputFile.h"
+#include "files/Output.h"
+#include "module/LibrarySearch.h"
+#include "module/RegistryImage.h"
+#include "requests/Request.h"
+#include "text/Duration.h"
+#include "text/Hex.h"
+
+namespace qxmix {
+
+namespace {
+
+Json InputJson(const MixQuestions& questions, bool isRaw) {
+    Json input = {{"dispenser", DispenserJson(questions.dispenser)}, {"amount", questions.amount}};
+    if (questions.asksList) {
+        for (const MixRequest& request : questions.requests) {
+            input["mixes"].push_back(std::uint16_t{request.usMixNumber});
+        }
+    } else {
+        input["mix"] = std::uint16_t{questions.requests.front().usMixNumber};
+    }
+    input["deadline"] = DurationText(questions.deadline);
+    if (isRaw) {
+        input["request"] = HexText(RawBytes(questions.requests.front()));
+    }
+    return input;
+}
+
+Json AnswersJson(const MixQuestions& questions, const MixAnswers& answers) {
+    Json mixes = Json::array();
+    for (const MixAnswer& answer : answers.answers) {
+        Json result = ResultJson(questions.dispenser, answer.judgement, answer.reply);
+        if (!questions.asksList) {
+            return result;
+        }
+        Json element = {{"mix", answer.mix}};
+        element.update(result);
+        mixes.push_back(element);
+    }
+    return questions.asksList ? Json{{"mixes", mixes}} : Json();
+}
+
+/// Last line of an answer that Ctrl-C cut short.
+std::string InterruptionText(const MixQuestions& questions, const MixAnswers& answers) {
+    const std::size_t asked = answers.answers.size();
+    const std::size_t all = questions.requests.size();
+    if (answers.isComplete) {
+        return "";
+    }
+    if (asked == all) {
+        return "interrupted while other mixes were asked\n";
+    }
+    const std::uint16_t mix = questions.requests[asked].usMixNumber;
+    return "interrupted at mix " + std::to_string(mix) + ", " + std::to_string(asked) + " of " +
+           std::to_string(all) + " mixes\n";
+}
+
+}  // namespace
+
+const CommandInfo& MixCommand::Info() const {
+    static const CommandInfo info = {
+        "mix",
+        "Tells what is paid for an amount, and from which cassettes.",
+        {"mix DISPENSER --amount A [--mix N|all] [--raw-out F] [--record F]",
+         "mix --raw-in F [DISPENSER] [--raw-out F]"},
+        {"mix EUR:50x10,20x10 --amount 60", "mix examples/euro.json --amount 280 --mix all"}};
+    return info;
+}
+
+void MixCommand::AddOptions(CLI::App& command) {
+    command.add_option("DISPENSER", dispenser_, "dispenser file, - or inline");
+    command.add_option("--amount", amount_, "what to pay, a whole number of 10^exponent units")
+        ->type_name("A");
+    AddAskOptions(command, ask_);
+    command
+        .add_option("--raw-in", rawIn_,
+                    "captured request of 1060 bytes; a dispenser beside it lends labels and worth")
+        ->type_name("FILE");
+    command.add_option("--raw-out", rawOut_, "writes request and result as they come back")
+        ->type_name("FILE");
+    command.add_option("--record", record_, "appends request and answer as a line for replay")
+        ->type_name("FILE");
+}
+
+ExitStatus MixCommand::Run(const CommonOptions& options) {
+    MixQuestions questions = rawIn_.empty() ? Prepare() : PrepareRaw();
+    questions.deadline = options.deadline.value_or(questions.deadline);
+    if (!rawOut_.empty() && questions.requests.size() != 1) {
+        throw InputError("--raw-out: " + std::to_string(questions.requests.size()) +
+                         " mixes asked; expected one");
+    }
+    const std::string registry = options.RegistryOr(questions.dispenser.registry);
+    questions.dispenser.registry = TakenValues(registry);
+
+    Asker asker(FindLibrary(options.Library()), registry, options.Trace());
+    const MixAnswers answers = AskMixes(questions, asker, !options.registryOut.empty());
+    if (answers.answers.empty() && !options.json) {
+        throw Interruption();
+    }
+    const std::string text = Render(options, questions, answers, asker);
+    WriteFiles(options, answers, asker.Registry());
+    WriteStandardOutput(text);
+    return ExitStatusOf(answers);
+}
+
+MixQuestions MixCommand::Prepare() const {
+    if (dispenser_.empty()) {
+        throw InputError("DISPENSER: missing; expected a file, - or a dispenser such as "
+                         "EUR:50x10,20x10");
+    }
+    if (amount_.empty()) {
+        throw InputError("--amount: missing; expected what to pay");
+    }
+    MixQuestions questions;
+    questions.dispenser = OpenDispenser(dispenser_);
+    ask_.ApplyTo(questions.dispenser);
+    questions.amount = ParseAmount(amount_, "--amount", questions.dispenser);
+    questions.asksList = ask_.AsksList();
+    for (const std::uint16_t mix : ask_.Mixes(questions.dispenser)) {
+        questions.requests.push_back(BuildRequest(questions.dispenser, questions.amount, mix));
+    }
+    return questions;
+}
+
+MixQuestions MixCommand::PrepareRaw() const {
+    if (!amount_.empty() || ask_.AnyGiven()) {
+        throw InputError("--raw-in: given beside options that ask something else; expected alone, "
+                         "the request is asked as it stands");
+    }
+    const MixRequest request = ReadRawRequest(rawIn_);
+    MixQuestions questions;
+    const Dispenser known = dispenser_.empty() ? Dispenser{} : OpenDispenser(dispenser_);
+    questions.dispenser = DispenserOfRequest(request, known);
+    questions.amount = request.ulAmount;
+    questions.requests = {request};
+    return questions;
+}
+
+void MixCommand::WriteFiles(const CommonOptions& options,
+                            const MixAnswers& answers,
+                            const std::string& registry) const {
+    OutputFiles files;
+    files.Add(options.registryOut, registry);
+    if (!rawOut_.empty() && !answers.answers.empty()) {
+        const MixAnswer& answer = answers.answers.front();
+        const Calculation& calculation = answer.reply.calculation;
+        if (answer.judgement.IsAnswered()) {
+            files.Add(rawOut_, RawBytes(calculation.request, calculation.result));
+        } else {
+            // The answer must be seen all the same: this is no reason to end here.
+            Complain(rawOut_ + ": not written: there is no answer");
+        }
+    }
+    files.Commit();
+    if (!record_.empty()) {
+        RecordAnswers(record_, answers);
+    }
+}
+
+std::string MixCommand::Render(const CommonOptions& options,
+                               const MixQuestions& questions,
+                               const MixAnswers& answers,
+                               const Asker& asker) const {
+    if (options.json) {
+        Envelope envelope;
+        envelope.module = asker.ModuleVersion();
+        envelope.library = FileNameOf(asker.Library());
+        envelope.command = Info().name;
+        envelope.complete = answers.isComplete;
+        envelope.input = InputJson(questions, !rawIn_.empty());
+        envelope.result = AnswersJson(questions, answers);
+        envelope.warnings = answers.findings;
+        envelope.exitStatus = ExitStatusOf(answers);
+        return EnvelopeText(envelope);
+    }
+    const Painter painter(options.color);
+    const std::string text = questions.asksList
+                                 ? MixListText(questions, answers, painter)
+                                 : MixText(questions, answers.answers.front(), painter);
+    return text + FindingsText(answers.findings, options.quiet, painter) +
+           InterruptionText(questions, answers);
+}
+
+}  // namespace qxmix

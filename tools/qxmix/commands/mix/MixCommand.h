@@ -1,0 +1,37 @@
+#pragma once
+
+#include "MixAnswers.h"
+#include "options/AskOptions.h"
+#include "options/Command.h"
+
+#include <string>
+
+namespace qxmix {
+
+/// `qxmix mix`: what is paid, from where.
+class MixCommand final : public Command {
+public:
+    const CommandInfo& Info() const override;
+    void AddOptions(CLI::App& command) override;
+    ExitStatus Run(const CommonOptions& options) override;
+
+private:
+    MixQuestions Prepare() const;
+    MixQuestions PrepareRaw() const;
+    void WriteFiles(const CommonOptions& options,
+                    const MixAnswers& answers,
+                    const std::string& registry) const;
+    std::string Render(const CommonOptions& options,
+                       const MixQuestions& questions,
+                       const MixAnswers& answers,
+                       const Asker& asker) const;
+
+    std::string dispenser_;  // as named on the command line
+    std::string amount_;
+    std::string rawIn_;
+    std::string rawOut_;
+    std::string record_;
+    AskOptions ask_;
+};
+
+}  // namespace qxmix

@@ -1,0 +1,215 @@
+#include "MixText.h"
+
+#include "ResultCodes.h"
+#include "dispenser/UnitNames.h"
+#include "terminal/Table.h"
+
+#include <algorithm>
+
+namespace qxmix {
+
+namespace {
+
+using Align = Table::Align;
+
+constexpr const char* kUnknown = "?";
+constexpr const char* kNone = "-";
+
+std::string ItemsText(std::uint64_t items) {
+    return items == 0 ? kNone : std::to_string(items);
+}
+
+/// "A   100 EUR" for each cassette of a dispenser, in columns.
+class CassetteNames {
+public:
+    explicit CassetteNames(const Dispenser& dispenser) : dispenser_(dispenser) {
+        for (std::size_t index = 0; index < dispenser.cassettes.size(); ++index) {
+            longestLabel_ = std::max(longestLabel_, ColumnsOf(Label(index)));
+            longestWorth_ = std::max(longestWorth_, Worth(index).size());
+        }
+    }
+
+    std::size_t LongestLabel() const { return longestLabel_; }
+
+    std::string Text(std::size_t index, std::size_t labelWidth) const {
+        const std::string label = CutToColumns(Label(index), labelWidth);
+        const std::string worth = Worth(index);
+        return label + std::string(labelWidth - ColumnsOf(label) + 3, ' ') +
+               std::string(longestWorth_ - worth.size(), ' ') + worth + " " +
+               dispenser_.cassettes[index].currency;
+    }
+
+private:
+    std::string Label(std::size_t index) const {
+        return Printable(CassetteLabel(dispenser_, index));
+    }
+
+    std::string Worth(std::size_t index) const {
+        return dispenser_.cassettes[index].Worth().ShortText();
+    }
+
+    const Dispenser& dispenser_;
+    std::size_t longestLabel_ = 0;
+    std::size_t longestWorth_ = 0;
+};
+
+std::string LeavesText(std::uint32_t holds, std::uint32_t taken) {
+    return std::to_string(std::int64_t{holds} - std::int64_t{taken});
+}
+
+const char* MarkText(std::uint32_t holds, std::uint32_t taken) {
+    return taken > holds ? "overdrawn" : taken != 0 && taken == holds ? "emptied" : "";
+}
+
+/// "ok   emptied": the status and, in a column of its own, what the taking means for it.
+std::string StatusText(const Cassette& cassette, std::size_t statusWidth, std::uint32_t taken) {
+    const std::string status = StatusNames().Text(cassette.status);
+    const std::string mark = MarkText(cassette.count, taken);
+    return mark.empty() ? status
+                        : status + std::string(statusWidth - status.size() + 3, ' ') + mark;
+}
+
+Table CassetteTable(const Dispenser& dispenser,
+                    const Judgement& judgement,
+                    const CassetteNames& names,
+                    std::size_t labelWidth) {
+    std::size_t statusWidth = 0;
+    for (const Cassette& cassette : dispenser.cassettes) {
+        statusWidth = std::max(statusWidth, StatusNames().Text(cassette.status).size());
+    }
+    const bool isKnown = judgement.IsAnswered();
+    Table table({{Align::Left, 1, 0},
+                 {Align::Right, 1, 8},
+                 {Align::Right, 1, 7},
+                 {Align::Right, 1, 8},
+                 {Align::Left, 2, 0}});
+    table.AddRow({"cassette", "holds", "take", "leaves", "status"});
+    for (std::size_t index = 0; index < dispenser.cassettes.size(); ++index) {
+        const Cassette& cassette = dispenser.cassettes[index];
+        const std::uint32_t taken = judgement.taken[index];
+        table.AddRow({names.Text(index, labelWidth), std::to_string(cassette.count),
+                      isKnown ? ItemsText(taken) : kUnknown,
+                      isKnown ? LeavesText(cassette.count, taken) : kUnknown,
+                      StatusText(cassette, statusWidth, taken)});
+    }
+    return table;
+}
+
+/// "returned 0 (success), remainder 0, no error code written"
+std::string ModuleText(const MixAnswer& answer) {
+    if (!answer.judgement.IsAnswered()) {
+        return "returned ?, remainder ?, error code ?";
+    }
+    const Calculation& calculation = answer.reply.calculation;
+    return "returned " + std::to_string(calculation.returned) + " (" +
+           ReturnedText(calculation.returned) + "), remainder " +
+           RemainderText(calculation.request.ulRemainder) + ", " +
+           (calculation.written.empty()
+                ? "no error code written"
+                : "error code " + Printable(calculation.written) + " written");
+}
+
+/// One cell for each answer, behind the first two of a row.
+template <typename Content>
+void AppendAnswers(std::vector<Cell>& row, const MixAnswers& answers, const Content& content) {
+    for (const MixAnswer& answer : answers.answers) {
+        row.push_back(content(answer));
+    }
+}
+
+Table MixTable(const MixQuestions& questions,
+               const MixAnswers& answers,
+               const CassetteNames& names,
+               std::size_t labelWidth) {
+    const Dispenser& dispenser = questions.dispenser;
+    std::vector<Table::Column> columns(2 + answers.answers.size(), {Align::Right, 1, 5});
+    columns[0] = {Align::Left, 0, 0};
+    columns[1] = {Align::Right, 1, 6};
+    Table table(columns);
+    std::vector<Cell> heading = {" cassette", "holds"};
+    AppendAnswers(heading, answers,
+                  [](const MixAnswer& answer) { return Cell(std::to_string(answer.mix)); });
+    table.AddRow(heading);
+    for (std::size_t index = 0; index < dispenser.cassettes.size(); ++index) {
+        std::vector<Cell> row = {names.Text(index, labelWidth),
+                                 std::to_string(dispenser.cassettes[index].count)};
+        AppendAnswers(row, answers, [index](const MixAnswer& answer) {
+            const Judgement& judgement = answer.judgement;
+            return Cell(judgement.IsAnswered() ? ItemsText(judgement.taken[index]) : kUnknown);
+        });
+        table.AddRow(row, 1);
+    }
+    return table;
+}
+
+void AddTotals(Table& table, const MixQuestions& questions, const MixAnswers& answers) {
+    const unsigned decimals = AmountDecimals(questions.dispenser);
+    std::vector<Cell> items = {" items", ""};
+    AppendAnswers(items, answers, [](const MixAnswer& answer) {
+        return Cell(answer.judgement.IsAnswered() ? ItemsText(answer.judgement.Items()) : kUnknown);
+    });
+    std::vector<Cell> paid = {" paid", ""};
+    AppendAnswers(paid, answers, [decimals](const MixAnswer& answer) {
+        const Money& money = answer.judgement.paid;
+        return Cell(!answer.judgement.IsAnswered() ? kUnknown
+                    : money.IsZero()               ? kNone
+                                                   : money.Text(decimals));
+    });
+    std::vector<Cell> outcomes = {" outcome", ""};
+    AppendAnswers(outcomes, answers, [](const MixAnswer& answer) {
+        const OutcomeRow& row = RowOf(answer.judgement.outcome);
+        return Cell(std::string(1, row.letter), row.terminalStyle);
+    });
+    table.AddRow(items);
+    table.AddRow(paid);
+    table.AddRow(outcomes);
+}
+
+}  // namespace
+
+std::string ReturnedText(std::int32_t returned) {
+    switch (returned) {
+    case kSuccess:
+        return "success";
+    case kInvalidMixNumber:
+        return "invalid mix number";
+    case kNotDispensable:
+        return "not dispensable";
+    case kTooManyItems:
+        return "too many items";
+    case kInvalidCashUnit:
+        return "too many different notes";
+    default:
+        return "not a code of this module";
+    }
+}
+
+std::string RemainderText(std::uint32_t remainder) {
+    const std::string text = std::to_string(remainder);
+    const auto asSigned = static_cast<std::int32_t>(remainder);
+    return asSigned < 0 ? text + " (" + std::to_string(asSigned) + ")" : text;
+}
+
+std::string
+MixText(const MixQuestions& questions, const MixAnswer& answer, const Painter& painter) {
+    const Dispenser& dispenser = questions.dispenser;
+    const CassetteNames names(dispenser);
+    const Table table = FitLabels(OutputWidth(), names.LongestLabel(), [&](std::size_t width) {
+        return CassetteTable(dispenser, answer.judgement, names, width);
+    });
+    return MixHeadline(questions, answer, painter) + "\n\n" + table.Text(painter) + "\n" +
+           ModuleText(answer) + "\n";
+}
+
+std::string
+MixListText(const MixQuestions& questions, const MixAnswers& answers, const Painter& painter) {
+    const CassetteNames names(questions.dispenser);
+    const Table table = FitLabels(OutputWidth(), names.LongestLabel(), [&](std::size_t width) {
+        Table built = MixTable(questions, answers, names, width);
+        AddTotals(built, questions, answers);
+        return built;
+    });
+    return MixListHeadline(questions, answers, painter) + "\n\n" + table.Text(painter);
+}
+
+}  // namespace qxmix

@@ -1,0 +1,128 @@
+#include "RecordedLine.h"
+
+#include "answers/Outcome.h"
+#include "answers/ResultJson.h"
+#include "errors/NearestName.h"
+#include "files/Output.h"
+#include "requests/Request.h"
+#include "text/Hex.h"
+#include "json/JsonFields.h"
+#include "json/JsonText.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <system_error>
+
+namespace qxmix {
+
+namespace {
+
+/// A syntax error names the line of the file, not that of the text.
+Json ParseLine(const std::string& text, const Place& place) {
+    try {
+        return ParseJson(text, place.File());
+    } catch (const SyntaxError& error) {
+        throw InputError(place.File() + ":" + std::to_string(error.Column()) + ": " +
+                         error.Wrong());
+    }
+}
+
+/// Devices and pipes have no lines to go on from: reading them would not end.
+std::uint64_t CountLines(const std::string& file) {
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(file, error)) {
+        return 0;
+    }
+    std::ifstream recorded(file, std::ios::binary);
+    return static_cast<std::uint64_t>(std::count(std::istreambuf_iterator<char>(recorded),
+                                                 std::istreambuf_iterator<char>(), '\n'));
+}
+
+void CheckValues(const Json& values, const Place& place) {
+    if (!values.is_array() || values.size() != kMaxCashUnits) {
+        throw place.Error(NotAllowed(values.is_array() ? std::to_string(values.size()) + " numbers"
+                                                       : DescribeJson(values),
+                                     "a list of 6 numbers"));
+    }
+    for (std::size_t slot = 0; slot < values.size(); ++slot) {
+        WholeNumber(values[slot], place.Below(slot), 0, UINT32_MAX);
+    }
+}
+
+void CheckTextOrNull(const Json& text, const Place& place) {
+    if (!text.is_string() && !text.is_null()) {
+        throw place.Error(NotAllowed(DescribeJson(text), "text or null"));
+    }
+}
+
+void CheckOutcome(const Json& name, const Place& place) {
+    std::vector<std::string> names;
+    for (const OutcomeRow& row : OutcomeTable()) {
+        if (name == row.name) {
+            return;
+        }
+        names.emplace_back(row.name);
+    }
+    const bool isText = name.is_string();
+    throw place.Error("unknown outcome " + DescribeJson(name) +
+                      DidYouMean(isText ? name.get<std::string>() : "", names));
+}
+
+/// An answer may leave out what it does not hold the module to.
+void CheckAnswer(const Json& answer, const Place& place) {
+    static const std::vector<std::string> known = {
+        "outcome",  "asked",     "paid",     "items",     "values",
+        "returned", "errorCode", "registry", "remainder", "amountAfter"};
+    const JsonFields fields(answer, place, known);
+    fields.Whole("returned", INT32_MIN, INT32_MAX);
+    fields.Whole32("remainder");
+    fields.Whole32("amountAfter");
+    if (const Json* values = fields.Find("values")) {
+        CheckValues(*values, place.Below("values"));
+    }
+    if (const Json* registry = fields.Find("registry")) {
+        CheckTextOrNull(*registry, place.Below("registry"));
+    }
+    if (const Json* outcome = fields.Find("outcome")) {
+        CheckOutcome(*outcome, place.Below("outcome"));
+    }
+}
+
+}  // namespace
+
+RecordedLine ReadRecordedLine(const std::string& text,
+                              const std::string& file,
+                              std::uint64_t number,
+                              RequestReader& reader) {
+    const Place place(file + ":" + std::to_string(number));
+    const Json json = ParseLine(text, place);
+    const JsonFields fields(json, place, {"id", "request", "answer"});
+    const Json& request = fields.Required("request", "2120 hex digits or a request");
+    RecordedLine line;
+    line.number = number;
+    line.id = ReadId(json, place);
+    line.asked = request.is_string() ? RequestReader::ReadCaptured(request.get<std::string>(),
+                                                                   place.Below("request"))
+                                     : reader.Read(request, place.Below("request"));
+    if (const Json* answer = fields.Find("answer")) {
+        CheckAnswer(*answer, place.Below("answer"));
+        line.answer = *answer;
+    }
+    return line;
+}
+
+void RecordAnswers(const std::string& file, const MixAnswers& answers) {
+    std::uint64_t id = CountLines(file);
+    std::string lines;
+    for (const MixAnswer& answer : answers.answers) {
+        const Json line = {{"id", ++id},
+                           {"request", HexText(RawBytes(answer.request))},
+                           {"answer", RecordedAnswer(answer.reply)}};
+        lines += line.dump() + "\n";
+    }
+    AppendToFile(file, lines);
+}
+
+}  // namespace qxmix

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "MixAnswers.h"
+#include "requests/RequestReader.h"
+#include "json/Json.h"
+
+#include <cstdint>
+#include <string>
+
+namespace qxmix {
+
+/// Appends one line of JSON for each answer: an id, the request in hexadecimal digits and what came
+/// back. The ids go on counting the lines of the file.
+///
+/// @throw WorkError when the file cannot be written.
+void RecordAnswers(const std::string& file, const MixAnswers& answers);
+
+/// One recorded line.
+struct RecordedLine {
+    std::uint64_t number = 0;  ///< of the line in its file, from 1
+    Json id;                   ///< null: none
+    AskedRequest asked;
+    Json answer;  ///< fields of a result (ResultJson), those that count; null: none was recorded
+};
+
+/// Reads a recorded line: an id, a request as hexadecimal digits or as a line of a batch, an
+/// answer.
+///
+/// @param reader  reads the latter.
+/// @throw InputError
+RecordedLine ReadRecordedLine(const std::string& text,
+                              const std::string& file,
+                              std::uint64_t number,
+                              RequestReader& reader);
+
+}  // namespace qxmix

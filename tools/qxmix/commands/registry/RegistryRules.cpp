@@ -1,0 +1,84 @@
+#include "RegistryRules.h"
+
+#include "dispenser/StoredValues.h"
+#include "findings/RuleTexts.h"
+#include "module/RegistryImage.h"
+
+namespace qxmix {
+
+namespace {
+
+/// @param fileName  of the registry; empty: the values stand in a dispenser file.
+/// @param instead   what to write there.
+std::string
+SetAdvice(const std::string& fileName, const std::string& setting, const std::string& instead) {
+    return fileName.empty() ? "write " + instead
+                            : "qxmix registry " + fileName + " --set " + setting + " --output F";
+}
+
+/// Whether a value is text that is one decimal number and nothing else.
+bool IsDecimalText(const StoredValue& value) {
+    const std::optional<std::string> text = StoredText(value);
+    if (!text) {
+        return false;
+    }
+    const std::size_t start = std::min(text->find_first_not_of(' '), text->size());
+    const bool hasSign = start < text->size() && ((*text)[start] == '-' || (*text)[start] == '+');
+    const std::string digits = text->substr(start + (hasSign ? 1 : 0));
+    return !digits.empty() && digits.find_first_not_of("0123456789") == std::string::npos;
+}
+
+Finding NoDecimalMinimum(std::uint32_t taken, const std::string& fileName) {
+    Finding finding = FindingOf("QX301");
+    finding.pointer = "/registry/CSTMinimum4Mix6";
+    finding.message =
+        "CSTMinimum4Mix6 is not a number: " +
+        (taken == 0 ? "mixes 6 to 9 keep no minimum" : "taken as " + std::to_string(taken));
+    finding.advice = SetAdvice(fileName, "CSTMinimum4Mix6=100", "\"CSTMinimum4Mix6\": \"100\"");
+    return finding;
+}
+
+Finding NoDwordLevel(std::uint32_t taken, const std::string& fileName) {
+    Finding finding = FindingOf("QX303");
+    finding.pointer = "/registry/TraceLevel";
+    finding.message = "TraceLevel is no dword: taken as " + std::to_string(taken);
+    finding.advice = SetAdvice(fileName, "TraceLevel=1", "\"TraceLevel\": 1");
+    return finding;
+}
+
+Finding NoErrorCodeKey() {
+    Finding finding = FindingOf("QX304");
+    finding.message = "no key SOFTWARE\\ATM\\ErrorCode: error codes are lost";
+    return finding;
+}
+
+Finding StaleErrorCode(const std::string& code) {
+    Finding finding = FindingOf("QX305");
+    finding.message = "CDM still holds " + Printable(code) + " from an earlier failure";
+    return finding;
+}
+
+}  // namespace
+
+std::vector<Finding>
+CheckRegistry(const std::string& registry, const Opening& taken, const std::string& fileName) {
+    std::vector<Finding> findings;
+    const auto minimum = FindStored(registry, kCstMinimum4Mix6);
+    if (minimum && !IsDecimalText(*minimum)) {
+        findings.push_back(NoDecimalMinimum(taken.minimum, fileName));
+    }
+    const auto level = FindStored(registry, kTraceLevel);
+    if (level && level->type != kRegDword) {
+        findings.push_back(NoDwordLevel(taken.traceLevel, fileName));
+    }
+    if (!HasErrorCodeKey(registry)) {
+        findings.push_back(NoErrorCodeKey());
+    }
+    const auto code = FindStored(registry, kErrorCodeName);
+    if (code && !code->bytes.empty()) {
+        findings.push_back(StaleErrorCode(code->bytes));
+    }
+    return findings;
+}
+
+}  // namespace qxmix

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "findings/Findings.h"
+#include "workers/WorkerMessages.h"
+
+#include <string>
+#include <vector>
+
+namespace qxmix {
+
+/// What is wrong with what the module reads: QX301, QX303, QX304 and QX305.
+///
+/// @param registry  text of a registry file.
+/// @param taken     what the module took from it.
+/// @param fileName  the file's name in advice; empty: the values stand in a dispenser file.
+std::vector<Finding>
+CheckRegistry(const std::string& registry, const Opening& taken, const std::string& fileName);
+
+}  // namespace qxmix

@@ -1,0 +1,66 @@
+#include "ReplayAnswers.h"
+
+#include "answers/Judgement.h"
+#include "answers/ResultJson.h"
+
+namespace qxmix {
+
+namespace {
+
+Json Answer(const RecordedLine& line, AskerPool& library, Milliseconds deadline) {
+    const AskedRequest& asked = line.asked;
+    const Reply reply = library.Ask(asked.dispenser, asked.request, deadline);
+    return ResultJson(asked.dispenser, Judge(asked.dispenser, asked.amount, reply), reply);
+}
+
+/// The fields of a result that another one has.
+Json FieldsOf(const Json& result, const Json& other) {
+    Json fields = Json::object();
+    for (const auto& field : other.items()) {
+        // Fields of the writer's own say nothing about the answer.
+        if (result.contains(field.key())) {
+            fields[field.key()] = result[field.key()];
+        }
+    }
+    return fields;
+}
+
+std::optional<ReplayDifference>
+Compare(const RecordedLine& line, std::vector<AskerPool>& libraries, Milliseconds deadline) {
+    Json now = Answer(line, libraries.back(), deadline);
+    Json before = libraries.size() == 1 ? FieldsOf(line.answer, now)
+                                        : Answer(line, libraries.front(), deadline);
+    now = FieldsOf(now, before);
+    // The order of the fields is the recorder's and does not matter.
+    return nlohmann::json(before) == nlohmann::json(now)
+               ? std::nullopt
+               : std::make_optional(ReplayDifference{line, before, now});
+}
+
+}  // namespace
+
+ReplayAnswers Replay(const TraceSource& source,
+                     std::vector<AskerPool>& libraries,
+                     Milliseconds deadline,
+                     bool stops) {
+    ReplayAnswers answers;
+    while (const std::optional<RecordedLine> line = source()) {
+        try {
+            std::optional<ReplayDifference> difference = Compare(*line, libraries, deadline);
+            ++answers.requests;
+            if (difference) {
+                answers.differences.push_back(std::move(*difference));
+                answers.isStopped = stops;
+            }
+        } catch (const Interruption&) {
+            answers.isComplete = false;
+            answers.interruptedAt = line->number;
+        }
+        if (answers.isStopped || !answers.isComplete) {
+            break;
+        }
+    }
+    return answers;
+}
+
+}  // namespace qxmix

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "AskerPool.h"
+#include "commands/mix/RecordedLine.h"
+#include "json/Json.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace qxmix {
+
+/// A request that is answered in two ways.
+struct ReplayDifference {
+    RecordedLine line;
+    Json first;   ///< fields of a result: as recorded, or by the first library
+    Json second;  ///< the same fields: as answered now, or by the second library
+};
+
+/// What is known of a trace that was asked again.
+struct ReplayAnswers {
+    std::uint64_t requests = 0;
+    std::vector<ReplayDifference> differences;
+    bool isStopped = false;           ///< --stop: the rest of the trace was not asked
+    bool isComplete = true;           ///< false: Ctrl-C came before the end
+    std::uint64_t interruptedAt = 0;  ///< line
+};
+
+/// The next recorded line; none at the end.
+using TraceSource = std::function<std::optional<RecordedLine>()>;
+
+/// Asks one library again and holds its answers to the recorded ones, or asks two and holds them to
+/// one another.
+///
+/// @param libraries  one or two.
+/// @param stops      whether to stop at the first difference.
+ReplayAnswers Replay(const TraceSource& source,
+                     std::vector<AskerPool>& libraries,
+                     Milliseconds deadline,
+                     bool stops);
+
+}  // namespace qxmix

@@ -1,0 +1,91 @@
+#include "ReplayCommand.h"
+
+#include "ReplayText.h"
+#include "TraceFile.h"
+#include "answers/Envelope.h"
+#include "files/Output.h"
+#include "module/LibrarySearch.h"
+#include "text/Duration.h"
+
+namespace qxmix {
+
+namespace {
+
+constexpr Milliseconds kDeadline{2000};
+
+Milliseconds DeadlineOf(const CommonOptions& options) {
+    return options.deadline.value_or(kDeadline);
+}
+
+ExitStatus StatusOf(const ReplayAnswers& answers) {
+    return !answers.isComplete           ? ExitStatus::Interrupted
+           : answers.differences.empty() ? ExitStatus::Well
+                                         : ExitStatus::HonestNo;
+}
+
+Json DifferencesJson(const ReplayAnswers& answers, bool isBetweenLibraries) {
+    Json differences = Json::array();
+    for (const ReplayDifference& difference : answers.differences) {
+        differences.push_back({{"line", difference.line.number},
+                               {"id", difference.line.id},
+                               {isBetweenLibraries ? "a" : "recorded", difference.first},
+                               {isBetweenLibraries ? "b" : "now", difference.second}});
+    }
+    return differences;
+}
+
+}  // namespace
+
+const CommandInfo& ReplayCommand::Info() const {
+    static const CommandInfo info = {
+        "replay",
+        "Asks recorded requests again and shows what is different.",
+        {"replay TRACE.ndjson [--stop]", "replay TRACE.ndjson --library X --library Y"},
+        {"replay examples/trace.ndjson", "replay examples/trace.ndjson --stop --json"}};
+    return info;
+}
+
+void ReplayCommand::AddOptions(CLI::App& command) {
+    command.add_option("TRACE", trace_, "recorded lines, as mix --record writes them, or -");
+    command.add_flag("--stop", stops_, "stops at the first difference");
+}
+
+ExitStatus ReplayCommand::Run(const CommonOptions& options) {
+    if (trace_.empty()) {
+        throw InputError("TRACE: missing; expected a file of recorded lines, or -");
+    }
+    std::vector<AskerPool> libraries = OpenLibraries(options);
+    TraceFile trace(trace_, libraries.size() == 1);
+    const ReplayAnswers answers =
+        Replay([&trace] { return trace.Next(); }, libraries, DeadlineOf(options), stops_);
+    OutputFiles files;
+    if (!options.registryOut.empty()) {
+        files.Add(options.registryOut, libraries.back().RegistryLeft());
+    }
+    files.Commit();
+    WriteStandardOutput(options.json
+                            ? EnvelopeTextOf(answers, options, libraries)
+                            : ReplayText(answers, NamesOf(libraries), Painter(options.color)));
+    return StatusOf(answers);
+}
+
+std::string ReplayCommand::EnvelopeTextOf(const ReplayAnswers& answers,
+                                          const CommonOptions& options,
+                                          std::vector<AskerPool>& libraries) const {
+    Envelope envelope;
+    envelope.module = libraries.back().ModuleVersion();
+    envelope.library = FileNameOf(libraries.back().Library());
+    envelope.command = Info().name;
+    envelope.complete = answers.isComplete;
+    envelope.input = {{"trace", trace_},
+                      {"libraries", NamesOf(libraries)},
+                      {"stop", stops_},
+                      {"deadline", DurationText(DeadlineOf(options))}};
+    envelope.result = {{"requests", answers.requests},
+                       {"same", answers.requests - answers.differences.size()},
+                       {"differences", DifferencesJson(answers, libraries.size() > 1)}};
+    envelope.exitStatus = StatusOf(answers);
+    return EnvelopeText(envelope);
+}
+
+}  // namespace qxmix

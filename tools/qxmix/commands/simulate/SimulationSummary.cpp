@@ -1,0 +1,104 @@
+#include "SimulationSummary.h"
+
+#include "CashUnitCodes.h"
+#include "answers/Dangers.h"
+
+#include <algorithm>
+
+namespace qxmix {
+
+namespace {
+
+constexpr std::uint64_t kWhole = 1000;
+
+std::uint32_t SpreadOf(const Dispenser& before, const Dispenser& after) {
+    std::uint64_t least = kWhole;
+    std::uint64_t most = 0;
+    for (std::size_t index = 0; index < before.cassettes.size(); ++index) {
+        const Cassette& cassette = before.cassettes[index];
+        if (cassette.count > 0 && cassette.currency == before.currency) {
+            const std::uint64_t share = after.cassettes[index].count * kWhole / cassette.count;
+            least = std::min(least, share);
+            most = std::max(most, share);
+        }
+    }
+    return most > least ? static_cast<std::uint32_t>(most - least) : 0;
+}
+
+/// Follows the cassettes step by step.
+class Summing {
+public:
+    Summing(const Dispenser& dispenser, const Demand& demand)
+        : before_(dispenser), now_(dispenser), demand_(demand) {}
+
+    void Add(const SimulationStep& step) {
+        const std::size_t withdrawal = summary_.asked++;
+        ++summary_.counts[static_cast<std::size_t>(step.outcome)];
+        if (step.IsTaken()) {
+            Pay(step.items, withdrawal);
+        } else if (!summary_.firstRefusal) {
+            summary_.firstRefusal = {withdrawal, demand_.withdrawals[withdrawal], step.outcome,
+                                     ValueHeld(now_)};
+        }
+    }
+
+    SimulationSummary Taken() {
+        for (const Cassette& cassette : now_.cassettes) {
+            summary_.end.push_back(cassette.count);
+        }
+        summary_.left = ValueHeld(now_);
+        summary_.spread = SpreadOf(before_, now_);
+        summary_.isGivenUp = summary_.Count(Outcome::NoAnswer) >= Simulation::kMostMisses;
+        return std::move(summary_);
+    }
+
+private:
+    void Pay(const CassetteItems& items, std::size_t withdrawal) {
+        std::array<bool, kMaxCashUnits> wasEmpty{};
+        for (std::size_t index = 0; index < now_.cassettes.size(); ++index) {
+            wasEmpty[index] = IsEmpty(now_.cassettes[index]);
+        }
+        TakeItems(now_, items);
+        summary_.paid += WorthOf(now_, items);
+        for (std::size_t index = 0; index < now_.cassettes.size(); ++index) {
+            const Cassette& cassette = now_.cassettes[index];
+            (Contains(kCoinTypes, cassette.type) ? summary_.coins : summary_.notes) += items[index];
+            if (!wasEmpty[index] && IsEmpty(cassette)) {
+                summary_.emptied.push_back(
+                    {withdrawal, demand_.withdrawals[withdrawal].time, index});
+            }
+        }
+    }
+
+    const Dispenser& before_;
+    Dispenser now_;
+    const Demand& demand_;
+    SimulationSummary summary_;
+};
+
+}  // namespace
+
+std::uint64_t SimulationSummary::Dangerous() const {
+    std::uint64_t dangerous = 0;
+    for (const Danger& danger : Dangers()) {
+        dangerous += Count(danger.outcome);
+    }
+    return dangerous;
+}
+
+std::uint64_t SimulationSummary::TenthsPerWithdrawal() const {
+    const std::uint64_t withdrawals = Served() + InPart();
+    return withdrawals == 0 ? 0 : ((notes + coins) * 20 + withdrawals) / (withdrawals * 2);
+}
+
+SimulationSummary SummaryOf(const Dispenser& dispenser,
+                            const Demand& demand,
+                            const std::vector<SimulationStep>& steps) {
+    Summing summing(dispenser, demand);
+    for (const SimulationStep& step : steps) {
+        summing.Add(step);
+    }
+    return summing.Taken();
+}
+
+}  // namespace qxmix

@@ -1,0 +1,139 @@
+#include "SimulationVerdict.h"
+
+#include "answers/Dangers.h"
+#include "text/TextList.h"
+
+#include <algorithm>
+
+namespace qxmix {
+
+namespace {
+
+std::string MixesText(const std::vector<std::string>& mixes) {
+    return (mixes.size() == 1 ? "Mix " : "Mixes ") + Join(mixes, " ");
+}
+
+std::string WithdrawalsText(std::uint64_t count) {
+    return std::to_string(count) + (count == 1 ? " withdrawal" : " withdrawals");
+}
+
+/// "Mix 1 serves most: 834 of", "All 5 mixes serve 840 of" and the like.
+std::string BestText(const std::vector<SimulationRow>& rows) {
+    std::vector<std::string> best;
+    for (const SimulationRow& row : rows) {
+        if (row.rank && row.served.median == rows.front().served.median) {
+            best.push_back(std::to_string(row.mix));
+        }
+    }
+    const std::string served = std::to_string(rows.front().served.median) + " of ";
+    if (best.empty()) {
+        return "No mix can be ranked: ";
+    }
+    if (best.size() == rows.size()) {
+        return (best.size() == 1 ? MixesText(best) + " serves "
+                                 : "All " + std::to_string(best.size()) + " mixes serve ") +
+               served;
+    }
+    return MixesText(best) + (best.size() == 1 ? " serves" : " serve") + " most: " + served;
+}
+
+std::string DemandText(const SimulationQuestions& questions, const SimulationAnswers& answers) {
+    const std::size_t runs = answers.runs.size();
+    if (questions.runs > 1) {
+        const std::string first = std::to_string(questions.seed);
+        return "median of " + std::to_string(runs) + (runs == 1 ? " run" : " runs") + " (seeds " +
+               first + " to " + std::to_string(questions.seed + runs - 1) + ")";
+    }
+    return "(" + AskedText(questions.dispenser, answers.demand) + " asked, " +
+           (questions.IsRecorded() ? "recorded" : "seed " + std::to_string(questions.seed)) + ")";
+}
+
+std::string GivenUpText(const SimulationSummary& summary, const Demand& demand) {
+    return "given up after " + std::to_string(Simulation::kMostMisses) + " misses, " +
+           demand.calendar.ShortText(demand.withdrawals[summary.asked - 1].time);
+}
+
+}  // namespace
+
+SimulationVerdict VerdictOf(const SimulationQuestions& questions,
+                            const SimulationAnswers& answers,
+                            const std::vector<SimulationRow>& rows) {
+    std::vector<std::string> dangerous;
+    for (const SimulationRow& row : rows) {
+        if (!row.rank) {
+            dangerous.push_back(std::to_string(row.mix));
+        }
+    }
+    SimulationVerdict verdict;
+    const std::string best = BestText(rows) + WithdrawalsText(answers.demand.withdrawals.size()) +
+                             (questions.runs > 1 ? "," : "");
+    const std::string demand = DemandText(questions, answers);
+    const bool fits = best.size() + 1 + demand.size() <= kPlainWidth;
+    verdict.best = best + (fits ? " " : "\n  ") + demand;
+    if (!dangerous.empty()) {
+        verdict.danger = MixesText(dangerous) + (dangerous.size() == 1 ? " is" : " are") +
+                         " dangerous here and not ranked";
+    }
+    return verdict;
+}
+
+std::string AskedText(const Dispenser& dispenser, const Demand& demand) {
+    std::vector<Money> sums(demand.currencies.size());
+    for (const Withdrawal& withdrawal : demand.withdrawals) {
+        sums[withdrawal.currency] += AskedMoney(dispenser, withdrawal.amount);
+    }
+    std::vector<std::string> texts;
+    for (std::size_t place = 0; place < sums.size(); ++place) {
+        if (sums.size() == 1 || !sums[place].IsZero()) {
+            texts.push_back(sums[place].Text(AmountDecimals(dispenser)) + " " +
+                            demand.currencies[place]);
+        }
+    }
+    return Join(texts, " and ");
+}
+
+std::vector<Finding> FindingsOf(const SimulationQuestions& questions,
+                                const SimulationAnswers& answers) {
+    std::vector<Finding> findings;
+    const std::string all =
+        WithdrawalsText(answers.demand.withdrawals.size() * answers.runs.size());
+    for (std::size_t place = 0; place < questions.mixes.size(); ++place) {
+        const auto count = [&answers, place](Outcome outcome) {
+            std::uint64_t sum = 0;
+            for (const auto& run : answers.runs) {
+                sum += run[place].Count(outcome);
+            }
+            return sum;
+        };
+        const std::vector<Finding> found = DangerFindings(questions.mixes[place], count, all);
+        findings.insert(findings.end(), found.begin(), found.end());
+    }
+    return findings;
+}
+
+std::vector<std::string> RemarksOn(const SimulationAnswers& answers,
+                                   const std::vector<SimulationRow>& rows) {
+    std::vector<std::string> lines;
+    for (const SimulationRow& row : rows) {
+        const SimulationSummary& summary = answers.runs.front()[row.place];
+        std::vector<std::string> parts;
+        for (const OutcomeRow& outcome : OutcomeTable()) {
+            const bool isInTable = outcome.outcome == Outcome::Paid ||
+                                   outcome.outcome == Outcome::NotDispensable ||
+                                   outcome.outcome == Outcome::Overpaid;
+            const std::uint64_t count = summary.Count(outcome.outcome);
+            if (!isInTable && count > 0) {
+                parts.push_back(std::to_string(count) + " " + outcome.words);
+            }
+        }
+        if (summary.isGivenUp) {
+            parts.push_back(GivenUpText(summary, answers.demand));
+        }
+        if (!parts.empty()) {
+            lines.push_back("mix " + std::to_string(row.mix) + ": " + Join(parts, ", "));
+        }
+    }
+    return lines;
+}
+
+}  // namespace qxmix

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "Demand.h"
+#include "dispenser/Dispenser.h"
+
+#include <string>
+#include <variant>
+
+namespace qxmix {
+
+/// Reads a demand file: JSON to draw from (schema/demand.schema.json), or a recorded list as CSV
+/// with the columns time, amount and, if need be, currency.
+///
+/// @param name       a file, or "-" for standard input.
+/// @param dispenser  whose amounts and currency they are.
+/// @throw InputError
+std::variant<DemandPattern, Demand> OpenDemand(const std::string& name, const Dispenser& dispenser);
+
+}  // namespace qxmix

@@ -1,0 +1,185 @@
+#include "DispenserReader.h"
+
+#include "InlineDispenser.h"
+#include "StoredValues.h"
+#include "UnitNames.h"
+#include "errors/NearestName.h"
+#include "files/InputFile.h"
+#include "json/JsonFields.h"
+#include "json/JsonText.h"
+
+#include <algorithm>
+
+namespace qxmix {
+
+namespace {
+
+constexpr std::size_t kMostCassettes = 6;
+constexpr std::size_t kLongestName = 120;
+constexpr std::size_t kLongestLabel = 40;
+
+const std::vector<std::string> kDispenserFields = {
+    "currency", "exponent",  "partial",  "mix",  "maxDispenseItems",
+    "amounts",  "cassettes", "registry", "name", "$schema"};
+const std::vector<std::string> kCassetteFields = {
+    "position", "type",  "status",       "currency",       "value",
+    "count",    "worth", "lowThreshold", "emptyThreshold", "label"};
+const std::vector<std::string> kAmountsFields = {"min", "max", "step", "buttons"};
+
+/// A type or a status: its number or one of its names.
+std::optional<std::uint16_t>
+ReadCode(const JsonFields& fields, const std::string& name, const UnitNames& names) {
+    const Json* field = fields.Find(name);
+    if (field == nullptr || !field->is_string()) {
+        return fields.Whole16(name);
+    }
+    const auto text = field->get<std::string>();
+    const std::optional<std::uint16_t> code = names.Code(text);
+    if (!code) {
+        const bool isXfsName = text.compare(0, 4, "WFS_") == 0;
+        throw fields.Here().Below(name).Error(
+            "unknown " + name + " " + DescribeJson(*field) +
+            DidYouMean(text, isXfsName ? names.XfsNames() : names.Names()));
+    }
+    return code;
+}
+
+std::optional<Money> ReadWorth(const JsonFields& fields) {
+    const Json* field = fields.Find("worth");
+    if (field == nullptr) {
+        return std::nullopt;
+    }
+    const std::string text = field->is_string() ? field->get<std::string>() : "";
+    const std::size_t point = std::min(text.find('.'), text.size());
+    std::optional<Money> worth = Money::Parse(text);
+    if (!worth || point > 10 || text.size() - point > 5) {
+        throw fields.Here().Below("worth").Error(
+            NotAllowed(DescribeJson(*field), "decimal text such as \"0.50\""));
+    }
+    return worth;
+}
+
+Cassette
+ReadCassette(const Json& json, const Place& place, std::size_t index, const std::string& currency) {
+    const JsonFields fields(json, place, kCassetteFields);
+    fields.Required("value", RangeText(0, UINT32_MAX));
+    fields.Required("count", RangeText(0, UINT32_MAX));
+    Cassette cassette;
+    cassette.label = fields.Text("label", kLongestLabel).value_or("");
+    cassette.position = fields.Whole16("position").value_or(static_cast<std::uint16_t>(index));
+    cassette.type = ReadCode(fields, "type", TypeNames()).value_or(cassette.type);
+    cassette.status = ReadCode(fields, "status", StatusNames()).value_or(cassette.status);
+    cassette.currency = fields.Currency("currency").value_or(currency);
+    cassette.value = *fields.Whole32("value");
+    cassette.count = *fields.Whole32("count");
+    cassette.worth = ReadWorth(fields);
+    cassette.lowThreshold = fields.Whole32("lowThreshold").value_or(0);
+    cassette.emptyThreshold = fields.Whole32("emptyThreshold").value_or(0);
+    return cassette;
+}
+
+std::vector<Cassette>
+ReadCassettes(const Json& json, const Place& place, const std::string& currency) {
+    const std::string expected = "1 to " + std::to_string(kMostCassettes);
+    if (!json.is_array()) {
+        throw place.Error(NotAllowed(DescribeJson(json), "a list of " + expected + " cassettes"));
+    }
+    if (json.empty() || json.size() > kMostCassettes) {
+        throw place.Error(std::to_string(json.size()) + " cassettes; expected " + expected);
+    }
+    std::vector<Cassette> cassettes;
+    for (const Json& cassette : json) {
+        const std::size_t index = cassettes.size();
+        cassettes.push_back(ReadCassette(cassette, place.Below(index), index, currency));
+    }
+    return cassettes;
+}
+
+std::vector<std::uint32_t> ReadButtons(const Json& json, const Place& place) {
+    if (!json.is_array()) {
+        throw place.Error(NotAllowed(DescribeJson(json), "a list of amounts"));
+    }
+    std::vector<std::uint32_t> buttons;
+    for (const Json& button : json) {
+        const Place here = place.Below(buttons.size());
+        const auto amount = static_cast<std::uint32_t>(WholeNumber(button, here, 1, UINT32_MAX));
+        if (std::find(buttons.begin(), buttons.end(), amount) != buttons.end()) {
+            throw here.Error(std::to_string(amount) + " given twice; expected once");
+        }
+        buttons.push_back(amount);
+    }
+    return buttons;
+}
+
+Amounts ReadAmounts(const Json& json, const Place& place) {
+    const JsonFields fields(json, place, kAmountsFields, JsonFields::OwnFields::Refused);
+    Amounts amounts;
+    amounts.min = fields.Whole32("min", 1);
+    amounts.max = fields.Whole32("max", 1);
+    amounts.step = fields.Whole32("step", 1);
+    if (const Json* buttons = fields.Find("buttons")) {
+        amounts.buttons = ReadButtons(*buttons, place.Below("buttons"));
+    }
+    return amounts;
+}
+
+/// The one field that only an editor reads still has to be text.
+void CheckSchemaField(const JsonFields& fields) {
+    const Json* schema = fields.Find("$schema");
+    if (schema != nullptr && !schema->is_string()) {
+        throw fields.Here().Below("$schema").Error(NotAllowed(DescribeJson(*schema), "text"));
+    }
+}
+
+}  // namespace
+
+const std::vector<std::string>& DispenserFieldNames() {
+    return kDispenserFields;
+}
+
+Dispenser ReadDispenser(const Json& json, const Place& place) {
+    const JsonFields fields(json, place, kDispenserFields);
+    Dispenser dispenser;
+    RequireDispenserFields(fields);
+    ReadDispenserFields(fields, dispenser);
+    return dispenser;
+}
+
+void RequireDispenserFields(const JsonFields& fields) {
+    fields.Required("currency", kCurrencyExpected);
+    fields.Required("cassettes", "a list of 1 to 6 cassettes");
+}
+
+void ReadDispenserFields(const JsonFields& fields, Dispenser& dispenser) {
+    CheckSchemaField(fields);
+    dispenser.name = fields.Text("name", kLongestName).value_or(dispenser.name);
+    dispenser.currency = fields.Currency("currency").value_or(dispenser.currency);
+    dispenser.exponent = static_cast<std::int16_t>(
+        fields.Whole("exponent", INT16_MIN, INT16_MAX).value_or(dispenser.exponent));
+    dispenser.partial = fields.Truth("partial").value_or(dispenser.partial);
+    dispenser.maxDispenseItems =
+        fields.Whole16("maxDispenseItems").value_or(dispenser.maxDispenseItems);
+    if (const auto mix = fields.Whole("mix", kFirstMix, kLastMix)) {
+        dispenser.mix = static_cast<std::uint16_t>(*mix);
+    }
+    if (const Json* amounts = fields.Find("amounts")) {
+        dispenser.amounts = ReadAmounts(*amounts, fields.Here().Below("amounts"));
+    }
+    if (const Json* cassettes = fields.Find("cassettes")) {
+        dispenser.cassettes =
+            ReadCassettes(*cassettes, fields.Here().Below("cassettes"), dispenser.currency);
+    }
+    if (const Json* registry = fields.Find("registry")) {
+        dispenser.registry = ReadStoredValues(*registry, fields.Here().Below("registry"));
+    }
+}
+
+Dispenser OpenDispenser(const std::string& name) {
+    if (IsInlineDispenser(name)) {
+        return ReadInlineDispenser(name);
+    }
+    const InputFile file = ReadInput(name);
+    return ReadDispenser(ParseJson(file.content, file.name), Place(file.name));
+}
+
+}  // namespace qxmix

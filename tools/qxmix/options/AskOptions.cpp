@@ -1,0 +1,118 @@
+#include "AskOptions.h"
+
+#include "CommonOptions.h"
+#include "MixList.h"
+#include "errors/Errors.h"
+#include "text/ParseWhole.h"
+#include "json/JsonFields.h"
+
+#include <algorithm>
+
+namespace qxmix {
+
+namespace {
+
+std::string ParseCurrency(const std::string& text) {
+    if (!IsCurrency(text)) {
+        throw InputError("--currency: " + NotAllowed(text, kCurrencyExpected));
+    }
+    return text;
+}
+
+/// The money as a number of amount units, if it is one.
+std::optional<std::string> InAmountUnits(const Money& money, const Dispenser& dispenser) {
+    if (dispenser.exponent >= 0) {
+        return std::nullopt;
+    }
+    const unsigned decimals = AmountDecimals(dispenser);
+    std::string text = money.Text(decimals);
+    const std::size_t point = text.find('.');
+    if (text.size() - point - 1 != decimals) {
+        return std::nullopt;
+    }
+    text.erase(point, 1);
+    text.erase(0, std::min(text.find_first_not_of('0'), text.size() - 1));
+    return ParseWhole<std::uint32_t>(text) ? std::make_optional(text) : std::nullopt;
+}
+
+}  // namespace
+
+void AskOptions::ApplyTo(Dispenser& dispenser) const {
+    dispenser.currency = currency.value_or(dispenser.currency);
+    dispenser.exponent = exponent.value_or(dispenser.exponent);
+    dispenser.maxDispenseItems = limit.value_or(dispenser.maxDispenseItems);
+    dispenser.partial = partial.value_or(dispenser.partial);
+}
+
+bool AskOptions::AnyGiven() const {
+    return currency || exponent || limit || partial || !mix.empty() || !mixes.empty();
+}
+
+std::vector<std::uint16_t> AskOptions::Mixes(const Dispenser& dispenser) const {
+    if (!mix.empty() && !mixes.empty()) {
+        throw InputError("--mixes: given beside --mix; expected one of them");
+    }
+    if (!mixes.empty()) {
+        return ParseMixList(mixes, "--mixes");
+    }
+    if (mix == "all") {
+        return AllMixes();
+    }
+    if (mix.empty()) {
+        return {dispenser.MixOrDefault()};
+    }
+    const auto number = ParseWhole<std::uint16_t>(mix);
+    if (!number || *number < kFirstMix || *number > kLastMix) {
+        throw InputError("--mix: " + NotAllowed(mix, RangeText(kFirstMix, kLastMix) + " or all"));
+    }
+    return {*number};
+}
+
+void AddAskOptions(CLI::App& command, AskOptions& options) {
+    command
+        .add_option_function<std::string>(
+            "--currency",
+            [&options](const std::string& text) { options.currency = ParseCurrency(text); },
+            "currency of the amount")
+        ->type_name("CUR");
+    AddWholeOption(
+        command, "--exponent", INT16_MIN, INT16_MAX,
+        [&options](std::int64_t number) { options.exponent = static_cast<std::int16_t>(number); },
+        "amounts are in units of 10 to this power");
+    AddWholeOption(
+        command, "--limit", 0, UINT16_MAX,
+        [&options](std::int64_t number) { options.limit = static_cast<std::uint16_t>(number); },
+        "most notes, and most coins, of one dispense");
+    command.add_flag_function(
+        "--partial,!--no-partial",
+        [&options](std::int64_t count) {
+            // Each counts against the other.
+            if (count == 0) {
+                throw InputError("--no-partial: given beside --partial; expected one of them");
+            }
+            options.partial = count > 0;
+        },
+        "pay what is there when the amount is out of reach, or do not");
+    command.add_option("--mix", options.mix, "mix to ask, or all")->type_name("N");
+    command.add_option("--mixes", options.mixes, "mixes to ask, such as 1,3-5, or all")
+        ->type_name("LIST");
+}
+
+std::uint32_t
+ParseAmount(const std::string& text, const std::string& option, const Dispenser& dispenser) {
+    if (const auto amount = ParseWhole<std::uint32_t>(text)) {
+        return *amount;
+    }
+    const std::string unit = Money::Of(1, dispenser.exponent).Text() + " " + dispenser.currency;
+    const std::optional<Money> money = Money::Parse(text);
+    if (!money || text.find('.') == std::string::npos) {
+        throw InputError(option + ": " +
+                         NotAllowed(text, RangeText(0, UINT32_MAX) + " in units of " + unit));
+    }
+    const std::optional<std::string> instead = InAmountUnits(*money, dispenser);
+    throw InputError(option + ": " + text + " is not a whole number; " +
+                     (instead ? "in units of " + unit + " write " + *instead
+                              : "expected whole units of " + unit));
+}
+
+}  // namespace qxmix

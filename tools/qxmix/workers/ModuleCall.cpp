@@ -1,0 +1,45 @@
+#include "ModuleCall.h"
+
+#include "HostControl.h"
+#include "module/RegistryImage.h"
+
+#include <chrono>
+#include <ctime>
+
+namespace qxmix {
+
+namespace {
+
+/// Processor time of this thread: a busy machine does not make a calculation slow.
+std::chrono::nanoseconds ThreadTime() {
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
+}
+
+}  // namespace
+
+Calculation CallModule(const ModuleLibrary& library, const MixRequest& request) {
+    Calculation calculation;
+    calculation.request = request;
+    const std::optional<StoredValue> before = TakeErrorCode();
+    const std::chrono::nanoseconds start = ThreadTime();
+    calculation.returned =
+        library.Algorithm().MixCalculate(&calculation.request, &calculation.result);
+    calculation.took = ThreadTime() - start;
+    calculation.written = ErrorCodeBytes();
+    if (calculation.written.empty()) {
+        RestoreErrorCode(before);
+    }
+    return calculation;
+}
+
+TraceListening::TraceListening(Listener listener, void* context) {
+    QxmixSetTraceListener(listener, context);
+}
+
+TraceListening::~TraceListening() {
+    QxmixSetTraceListener(nullptr, nullptr);
+}
+
+}  // namespace qxmix

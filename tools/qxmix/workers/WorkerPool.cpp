@@ -1,0 +1,94 @@
+#include "WorkerPool.h"
+
+#include "Interrupt.h"
+#include "errors/Errors.h"
+
+#include <algorithm>
+#include <poll.h>
+#include <utility>
+
+namespace qxmix {
+
+namespace {
+
+constexpr int kLastShare = 10;
+
+int MillisecondsUntil(Clock::time_point time) {
+    const auto left = std::chrono::ceil<Milliseconds>(time - Clock::now()).count();
+    return static_cast<int>(std::clamp<std::int64_t>(left, 0, INT32_MAX));
+}
+
+}  // namespace
+
+WorkerPool::WorkerPool(OpenOrder order, std::size_t size, TraceSink trace)
+    : order_(std::move(order)), trace_(std::move(trace)), places_(size) {
+}
+
+void WorkerPool::Run(const Source& source, const Sink& sink) {
+    CatchInterrupts();
+    std::size_t busy = 0;
+    for (Place& place : places_) {
+        busy += StartNext(place, source) ? 1U : 0U;
+    }
+    while (busy > 0) {
+        Wait();
+        for (Place& place : places_) {
+            const std::optional<Reply> reply =
+                place.task ? ReplyOf(place, Clock::now()) : std::nullopt;
+            if (!reply) {
+                continue;
+            }
+            if (reply->ending.kind != Ending::Kind::Answered) {
+                place.worker.reset();
+            }
+            sink(*std::exchange(place.task, std::nullopt), *reply);
+            busy -= StartNext(place, source) ? 0U : 1U;
+        }
+    }
+}
+
+bool WorkerPool::StartNext(Place& place, const Source& source) {
+    place.task = source();
+    if (!place.task) {
+        return false;
+    }
+    if (place.worker == nullptr) {
+        place.worker = std::make_unique<Worker>(order_, nullptr);
+    }
+    place.workingTimeBefore = place.worker->WorkingTime();
+    place.lookAgain = Clock::now() + place.task->deadline;
+    place.last = Clock::now() + place.task->deadline * kLastShare;
+    place.worker->Start(place.task->request, trace_ != nullptr);
+    return true;
+}
+
+void WorkerPool::Wait() const {
+    std::vector<pollfd> waiting = {{InterruptDescriptor(), POLLIN, 0}};
+    Clock::time_point first = Clock::time_point::max();
+    for (const Place& place : places_) {
+        if (place.task) {
+            waiting.push_back({place.worker->Descriptor(), POLLIN, 0});
+            first = std::min(first, place.lookAgain);
+        }
+    }
+    const int ready = poll(waiting.data(), waiting.size(), MillisecondsUntil(first));
+    if (ready > 0 && waiting.front().revents != 0) {
+        throw Interruption();
+    }
+}
+
+std::optional<Reply> WorkerPool::ReplyOf(Place& place, Clock::time_point now) {
+    std::optional<Reply> reply = place.worker->Finish(trace_);
+    if (reply || now < place.lookAgain) {
+        return reply;
+    }
+    const auto worked = place.worker->WorkingTime() - place.workingTimeBefore;
+    const auto left = std::chrono::ceil<Milliseconds>(place.task->deadline - worked);
+    if (left.count() <= 0 || now >= place.last) {
+        return place.worker->GiveUp();
+    }
+    place.lookAgain = std::min(now + left, place.last);
+    return std::nullopt;
+}
+
+}  // namespace qxmix
