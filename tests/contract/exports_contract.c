@@ -4,29 +4,9 @@
  * Usage: exports_contract <path of the library>. Exits with 0 when everything is as it should be.
  */
 
-#include <dlfcn.h>
-#include <stdint.h>
-#include <stdio.h>
-#include <stdlib.h>
-#include <string.h>
-
-static int failures = 0;
-
-#define CHECK(condition)                                                                           \
-    do {                                                                                           \
-        if (!(condition)) {                                                                        \
-            fprintf(stderr, "%s:%d: not so: %s\n", __FILE__, __LINE__, #condition);                \
-            ++failures;                                                                            \
-        }                                                                                          \
-    } while (0)
+#include "Contract.h"
 
 enum { kPointer = sizeof(void*), kRequestSize = 1060, kCassetteSize = 172, kResultSize = 24 };
-
-typedef struct Slots {
-    void* (*destroy)(void* object, uint32_t flags);
-    int32_t (*getMixTypes)(void* object, void** list);
-    int32_t (*mixCalculate)(void* object, void* request, void* result);
-} Slots;
 
 typedef struct Host {
     const struct HostSlots* slots;
@@ -43,10 +23,6 @@ static void* PointerAt(const void* object, size_t offset) {
     void* pointer = NULL;
     memcpy(&pointer, (const unsigned char*)object + offset, sizeof(pointer));
     return pointer;
-}
-
-static const Slots* SlotsOf(const void* object) {
-    return PointerAt(object, 0);
 }
 
 /* Little-endian numbers, byte by byte. */
@@ -80,28 +56,6 @@ static int32_t OnObjectCreated(Host* host, void* object) {
 }
 
 static const struct HostSlots kHostSlots = {Reserved, OnObjectCreated};
-
-typedef struct Library {
-    void* handle;
-    void* (*create)(Host* host);
-    void (*destroy)(void);
-} Library;
-
-static Library Load(const char* path) {
-    Library library;
-    library.handle = dlopen(path, RTLD_NOW | RTLD_LOCAL);
-    if (library.handle == NULL) {
-        fprintf(stderr, "%s\n", dlerror());
-        exit(1);
-    }
-    *(void**)&library.create = dlsym(library.handle, "CreateMixAlgorithm");
-    *(void**)&library.destroy = dlsym(library.handle, "DeleteMixAlgorithm");
-    if (library.create == NULL || library.destroy == NULL) {
-        fprintf(stderr, "an export is missing\n");
-        exit(1);
-    }
-    return library;
-}
 
 static void CheckFields(const void* outer, const void* inner) {
     CHECK(PointerAt(outer, 2 * kPointer) == inner);
@@ -197,12 +151,8 @@ static void CheckLife(const Library* library) {
 }
 
 int main(int count, char** arguments) {
-    if (count != 2) {
-        fprintf(stderr, "usage: exports_contract <library>\n");
-        return 2;
-    }
     for (int turn = 0; turn < 2; ++turn) {
-        const Library library = Load(arguments[1]);
+        const Library library = Load(count, arguments);
         CheckLife(&library);
         CHECK(dlclose(library.handle) == 0);
     }

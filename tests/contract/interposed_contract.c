@@ -4,28 +4,17 @@
  * Usage: interposed_contract <path of the library>. Exits with 0 when everything is as it should
  * be. */
 
-#include <dlfcn.h>
-#include <stdint.h>
-#include <stdio.h>
-#include <string.h>
+#include "Contract.h"
+#include "CreatedObjects.h"
 
 typedef struct Key {
     const char* path;
 } Key;
 
-static int failures = 0;
 static unsigned calls = 0;
 static char written[16];
 static Key minimum = {"SOFTWARE\\ATM\\DevInfo\\CDM\\"};
 static Key errors = {"SOFTWARE\\ATM\\ErrorCode"};
-
-#define CHECK(condition)                                                                           \
-    do {                                                                                           \
-        if (!(condition)) {                                                                        \
-            fprintf(stderr, "%s:%d: not so: %s\n", __FILE__, __LINE__, #condition);                \
-            ++failures;                                                                            \
-        }                                                                                          \
-    } while (0)
 
 static int IsText(const uint16_t* text, const char* expected) {
     size_t index = 0;
@@ -178,47 +167,17 @@ int32_t EventModify(void* event, uint32_t operation) {
     return 1;
 }
 
-typedef struct Slots {
-    void* (*destroy)(void* object, uint32_t flags);
-    int32_t (*getMixTypes)(void* object, void** list);
-    int32_t (*mixCalculate)(void* object, void* request, void* result);
-} Slots;
-
-static void* lastObject = NULL;
-
-static int32_t OnObjectCreated(void* host, void* object) {
-    (void)host;
-    lastObject = object;
-    return 0;
-}
-
-static const Slots* SlotsOf(const void* object) {
-    const Slots* slots = NULL;
-    memcpy(&slots, object, sizeof(slots));
-    return slots;
-}
-
 int main(int count, char** arguments) {
-    static int32_t (*const hostSlots[2])(void*, void*) = {NULL, OnObjectCreated};
-    const void* const host[1] = {(const void*)hostSlots};
-    void* (*create)(const void* host) = NULL;
-    void (*destroy)(void) = NULL;
+    const Library library = Load(count, arguments);
     unsigned char request[1060] = {0};
     unsigned char result[24];
     uint32_t minimumRead = 0;
     void* const event = &failures;
     void* list = NULL;
-    void* const library = dlopen(count == 2 ? arguments[1] : "", RTLD_NOW);
-    if (library == NULL) {
-        fprintf(stderr, "%s\n", dlerror());
-        return 1;
-    }
-    *(void**)&create = dlsym(library, "CreateMixAlgorithm");
-    *(void**)&destroy = dlsym(library, "DeleteMixAlgorithm");
 
-    void* const outer = create(host);
+    void* const outer = library.create(host);
     CHECK(calls == 4);
-    memcpy(&minimumRead, (const unsigned char*)lastObject + 2 * sizeof(void*) + 10, 4);
+    memcpy(&minimumRead, (const unsigned char*)objects[1] + 2 * sizeof(void*) + 10, 4);
     CHECK(minimumRead == 42);
     CHECK(SlotsOf(outer)->mixCalculate(outer, request, result) == -304);
     CHECK(calls == 7);
@@ -228,8 +187,8 @@ int main(int count, char** arguments) {
     CHECK(SlotsOf(outer)->getMixTypes(outer, &list) == 0);
     CHECK(list == arena && arena[9] != NULL && arena[10] == NULL);
 
-    destroy();
-    SlotsOf(lastObject)->destroy(lastObject, 1);
-    dlclose(library);
+    library.destroy();
+    SlotsOf(objects[1])->destroy(objects[1], 1);
+    dlclose(library.handle);
     return failures == 0 ? 0 : 1;
 }

@@ -5,24 +5,13 @@
  */
 
 #define _GNU_SOURCE
-#include <dlfcn.h>
-#include <link.h>
-#include <stdint.h>
-#include <stdio.h>
-#include <stdlib.h>
-#include <string.h>
+#include "Contract.h"
+#include "CreatedObjects.h"
 
-static int failures = 0;
+#include <link.h>
+
 static int isWatched = 0;
 static unsigned allocations = 0;
-
-#define CHECK(condition)                                                                           \
-    do {                                                                                           \
-        if (!(condition)) {                                                                        \
-            fprintf(stderr, "%s:%d: not so: %s\n", __FILE__, __LINE__, #condition);                \
-            ++failures;                                                                            \
-        }                                                                                          \
-    } while (0)
 
 /* The C library's own names of its allocator, behind the ones that stand in front of it here. */
 void* __libc_malloc(size_t size);
@@ -175,28 +164,6 @@ static int AddVariables(struct dl_phdr_info* info, size_t size, void* data) {
 static Variables before;
 static Variables after;
 
-/* The host. */
-static void* objects[2];
-static unsigned created = 0;
-
-static int32_t OnObjectCreated(void* host, void* object) {
-    (void)host;
-    objects[created++] = object;
-    return 0;
-}
-
-typedef struct Slots {
-    void* (*destroy)(void* object, uint32_t flags);
-    int32_t (*getMixTypes)(void* object, void** list);
-    int32_t (*mixCalculate)(void* object, void* request, void* result);
-} Slots;
-
-static const Slots* SlotsOf(const void* object) {
-    const Slots* slots = NULL;
-    memcpy(&slots, object, sizeof(slots));
-    return slots;
-}
-
 static void SetNumber(unsigned char* first, unsigned width, uint32_t number) {
     for (unsigned index = 0; index < width; ++index) {
         first[index] = (unsigned char)(number >> (8 * index));
@@ -254,20 +221,10 @@ static void Calculate(unsigned char* request) {
 }
 
 int main(int count, char** arguments) {
-    static int32_t (*const hostSlots[2])(void*, void*) = {NULL, OnObjectCreated};
-    const void* const host[1] = {(const void*)hostSlots};
-    void* (*create)(const void* host) = NULL;
-    void (*destroy)(void) = NULL;
+    const Library library = Load(count, arguments);
     unsigned char request[1060];
-    void* const library = dlopen(count == 2 ? arguments[1] : "", RTLD_NOW);
-    if (library == NULL) {
-        fprintf(stderr, "%s\n", dlerror());
-        return 1;
-    }
-    *(void**)&create = dlsym(library, "CreateMixAlgorithm");
-    *(void**)&destroy = dlsym(library, "DeleteMixAlgorithm");
     isWatched = 1;
-    create(host);
+    library.create(host);
     isWatched = 0;
     CHECK(created == 2);
     CHECK(allocations == 2); /* the two objects: what counts does count */
@@ -290,8 +247,8 @@ int main(int count, char** arguments) {
     CHECK(allocations == 0);
     CHECK(results[0] > 100 && results[1] > 100 && writes > 100);
 
-    destroy();
+    library.destroy();
     SlotsOf(objects[1])->destroy(objects[1], 1);
-    dlclose(library);
+    dlclose(library.handle);
     return failures == 0 ? 0 : 1;
 }
