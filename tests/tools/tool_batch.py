@@ -9,7 +9,7 @@ import subprocess
 import threading
 import time
 
-from tool_runner import Checks, Tool, parse_arguments
+from tool_runner import run_parts
 
 EURO = "EUR:100x300,50x1200,20x2400,10x60:low"
 FAKE = ["batch", "--library", "fake.so", "--limit", "2000"]
@@ -244,14 +244,5 @@ def check_many(tool, checks):
     checks.check("constant memory", memory[60000] < memory[2000] + 2048, f"{memory} KiB")
 
 
-def main():
-    arguments = parse_arguments()
-    checks = Checks()
-    with Tool(arguments) as tool:
-        for part in (check_against_mix, check_forms, check_bad_lines, check_ends, check_deadlines,
-                     check_registry, check_trace, check_slow_input, check_interrupt, check_many):
-            part(tool, checks)
-    checks.finish()
-
-
-main()
+run_parts(check_against_mix, check_forms, check_bad_lines, check_ends, check_deadlines,
+          check_registry, check_trace, check_slow_input, check_interrupt, check_many)

@@ -2,10 +2,8 @@
 """`qxmix compare` against two calls of `qxmix mix`, between libraries, and when it is interrupted."""
 
 import json
-import signal
-import time
 
-from tool_runner import Checks, Tool, parse_arguments
+from tool_runner import run_parts
 
 SIDES = ("examples/euro.json", "EUR:100x300,50x1200:low,20x2400,10x0:empty")
 ONES = "EUR:1x2000"
@@ -123,11 +121,8 @@ def check_interrupt(tool, checks):
     words = ["compare", ONES, "--limit", "2000", "--from", "1000", "--to", "1010", "--step", "2",
              "--deadline", "60s", "--jobs", "1", "--library", "real.so", "--library", "fake.so"]
     for extra in ([], ["--json"]):
-        process = tool.start(words + extra)
-        time.sleep(1)
-        process.send_signal(signal.SIGINT)
-        output, _ = process.communicate(timeout=20)
-        checks.equal("Ctrl-C: exit status", process.returncode, 130)
+        status, output, _ = tool.interrupt(words + extra, 1)
+        checks.equal("Ctrl-C: exit status", status, 130)
         if extra:
             checks.equal("Ctrl-C: complete", json.loads(output)["complete"], False)
         else:
@@ -135,14 +130,5 @@ def check_interrupt(tool, checks):
                          "interrupted at 1002 EUR, 1 of 6 amounts")
 
 
-def main():
-    arguments = parse_arguments()
-    checks = Checks()
-    with Tool(arguments) as tool:
-        for part in (check_against_mix, check_settings, check_libraries, check_rows, check_output,
-                     check_interrupt):
-            part(tool, checks)
-    checks.finish()
-
-
-main()
+run_parts(check_against_mix, check_settings, check_libraries, check_rows, check_output,
+          check_interrupt)

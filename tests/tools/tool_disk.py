@@ -4,10 +4,9 @@
 import pathlib
 import shutil
 import subprocess
-import sys
 import tempfile
 
-from tool_runner import Checks, Tool, parse_arguments
+from tool_runner import run_parts
 
 ASK = ["EUR:50x10,20x30", "--amount", "50"]
 
@@ -102,13 +101,4 @@ def check_disks(tool, checks):
             check_refused(tool, checks, words, place, "Read-only file system")
 
 
-def main():
-    checks = Checks()
-    with Tool(parse_arguments()) as tool:
-        check_devices_and_folders(tool, checks)
-        check_disks(tool, checks)
-    checks.finish()
-
-
-if __name__ == "__main__":
-    sys.exit(main())
+run_parts(check_devices_and_folders, check_disks)

@@ -1,19 +1,14 @@
 #!/usr/bin/env python3
 """How the tool behaves towards files, pipes, terminals and Ctrl-C."""
 
-import fcntl
 import json
-import os
-import pty
 import re
-import select
 import signal
 import struct
-import subprocess
-import termios
 import time
 
-from tool_runner import Checks, Tool, parse_arguments
+from at_terminal import shown_at_terminal
+from tool_runner import run_parts
 
 HANGING = ["mix", "EUR:50x100,20x100", "--library", "fake.so", "--amount", "1002", "--deadline", "60s"]
 
@@ -53,11 +48,9 @@ def check_interrupts(tool, checks):
     checks.check("Ctrl-C: the child is gone", not is_alive(child))
 
     # No answer to 156 by mix 4, nor to any amount around it: two seconds are spent on asking.
-    process = tool.start(["explain", "endless.json", "--amount", "156", "--deadline", "100ms"])
-    time.sleep(1.2)
-    process.send_signal(signal.SIGINT)
-    output, errors = process.communicate(timeout=20)
-    checks.equal("Ctrl-C while explaining: exit status", process.returncode, 130)
+    status, output, errors = tool.interrupt(
+        ["explain", "endless.json", "--amount", "156", "--deadline", "100ms"], 1.2)
+    checks.equal("Ctrl-C while explaining: exit status", status, 130)
     checks.equal("Ctrl-C while explaining: nothing said", errors, b"")
     checks.check("Ctrl-C while explaining: what is known", output.startswith(b"NO ANSWER  within 100 ms")
                  and output.endswith(b"interrupted: the explanation is not complete\n"), output)
@@ -76,12 +69,9 @@ def check_interrupts(tool, checks):
 
 def check_lint_interrupt(tool, checks):
     # Mix 4 answers none of these amounts: many deadlines are missed.
-    process = tool.start(["lint", "endless.json", "--to", "60006", "--jobs", "1",
-                          "--deadline", "50ms"])
-    time.sleep(1.5)
-    process.send_signal(signal.SIGINT)
-    output, errors = process.communicate(timeout=20)
-    checks.equal("Ctrl-C while checking: exit status", process.returncode, 130)
+    status, output, errors = tool.interrupt(
+        ["lint", "endless.json", "--to", "60006", "--jobs", "1", "--deadline", "50ms"], 1.5)
+    checks.equal("Ctrl-C while checking: exit status", status, 130)
     checks.equal("Ctrl-C while checking: nothing said", errors, b"")
     checks.check("Ctrl-C while checking: what is known", re.search(
         rb"error QX402 .*\ninterrupted at \d+ EUR, \d+ of 6001 amounts\n$", output, re.S), output)
@@ -113,37 +103,16 @@ def check_pipes(tool, checks):
                  b"qxmix: standard output: cannot be written: No space left on device\n")
 
 
-def run_at_terminal(tool, words, columns=80, environment=None):
-    """Runs the tool with a terminal as standard output; what it shows there."""
-    master, slave = pty.openpty()
-    fcntl.ioctl(slave, termios.TIOCSWINSZ, struct.pack("HHHH", 24, columns, 0, 0))
-    process = tool.start(words, stdout=slave,
-                         env={**tool.environment, "TERM": "xterm", **(environment or {})})
-    os.close(slave)
-    shown = b""
-    while select.select([master], [], [], 20)[0]:
-        try:
-            block = os.read(master, 4096)
-        except OSError:
-            break
-        if not block:
-            break
-        shown += block
-    process.wait()
-    os.close(master)
-    return shown.decode().replace("\r\n", "\n")
-
-
 def check_colors(tool, checks):
     words = ["mix", "examples/euro.json", "--amount", "280"]
     plain = tool.run(words)[1]
-    colored = run_at_terminal(tool, words)
+    colored = shown_at_terminal(tool, words)
     checks.check("terminal: coloured", "\x1b[38;5;74mPAID\x1b[0m" in colored, colored)
     checks.equal("terminal: the same text", re.sub(r"\x1b\[[0-9;]*m", "", colored), plain)
-    checks.equal("NO_COLOR", run_at_terminal(tool, words, environment={"NO_COLOR": "1"}), plain)
-    checks.equal("NO_COLOR empty", run_at_terminal(tool, words, environment={"NO_COLOR": ""}), colored)
-    checks.equal("TERM=dumb", run_at_terminal(tool, words, environment={"TERM": "dumb"}), plain)
-    checks.equal("--color never", run_at_terminal(tool, words + ["--color", "never"]), plain)
+    checks.equal("NO_COLOR", shown_at_terminal(tool, words, environment={"NO_COLOR": "1"}), plain)
+    checks.equal("NO_COLOR empty", shown_at_terminal(tool, words, environment={"NO_COLOR": ""}), colored)
+    checks.equal("TERM=dumb", shown_at_terminal(tool, words, environment={"TERM": "dumb"}), plain)
+    checks.equal("--color never", shown_at_terminal(tool, words + ["--color", "never"]), plain)
     checks.equal("--color always", tool.run(words + ["--color", "always"],
                                             environment={"NO_COLOR": "1"})[1], colored)
     danger = ["mix", "examples/three-notes.json", "--amount", "110", "--mix", "4", "--color", "always"]
@@ -155,7 +124,7 @@ def check_widths(tool, checks):
     narrow = tool.run(words)[1]
     checks.check("80 columns without a terminal", max(map(len, narrow.split("\n"))) <= 80, narrow)
     checks.check("labels are cut to eight", " the uppe   50 EUR" in narrow, narrow)
-    wide = run_at_terminal(tool, words + ["--color", "never"], columns=132)
+    wide = shown_at_terminal(tool, words + ["--color", "never"], columns=132)
     checks.check("wide terminals show labels whole", " the uppermost cassette of all   50 EUR" in wide, wide)
     checks.check("no blanks at line ends", not re.search(r" $", narrow, re.M), narrow)
 
@@ -276,16 +245,6 @@ def check_called_alone(tool, checks):
         checks.check(f"{command} --help: usage", f"usage\n  qxmix {command}" in shown, shown)
 
 
-def main():
-    arguments = parse_arguments()
-    checks = Checks()
-    with Tool(arguments) as tool:
-        for part in (check_interrupts, check_lint_interrupt, check_end_of_tool, check_pipes,
-                     check_colors, check_widths,
-                     check_files, check_no_answer, check_raw, check_trace_and_registry,
-                     check_library_order, check_input, check_called_alone):
-            part(tool, checks)
-    checks.finish()
-
-
-main()
+run_parts(check_interrupts, check_lint_interrupt, check_end_of_tool, check_pipes, check_colors,
+          check_widths, check_files, check_no_answer, check_raw, check_trace_and_registry,
+          check_library_order, check_input, check_called_alone)

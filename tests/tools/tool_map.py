@@ -1,37 +1,23 @@
 #!/usr/bin/env python3
 """What `qxmix map` writes, how it is interrupted, and that it says what `qxmix mix` says."""
 
-import csv
-import io
 import json
-import os
-import pty
-import select
-import signal
-import time
 
-from tool_runner import Checks, Tool, parse_arguments
+from at_terminal import shown_at_terminal
+from tool_runner import run_parts
+from written_answers import rows_of, steps_of
 
 MAP = ["map", "examples/three-notes.json", "--to", "150", "--mixes", "1,4,9"]
 FAKE = ["map", "EUR:1x2000", "--library", "fake.so", "--limit", "2000", "--mixes", "1",
         "--jobs", "1"]
 COLUMNS = "amount,mix,outcome,paid,remainder,returned,registry,v0,v1,v2,v3,v4,v5"
-DIGITS = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_"
-
-
-def rows_of(text):
-    return list(csv.DictReader(io.StringIO(text)))
 
 
 def cells_of(row):
     """The letter and the answer of each amount in one row of the JSON."""
     letters = "".join(letter * length for letter, length in row["runs"])
-    answers, known = row["answers"], [0] * 7
-    for index, letter in enumerate(letters):
-        place = 0
-        for digit in answers["path"][index * answers["digits"]:(index + 1) * answers["digits"]]:
-            place = place * 64 + DIGITS.index(digit)
-        step = answers["steps"][place]
+    known = [0] * 7
+    for letter, step in zip(letters, steps_of(row["answers"])):
         if step is not None:
             known = [(before + more) % 2**32 for before, more in zip(known, step)]
         yield letter, step and {"values": known[:6], "remainder": known[6], "returned": step[7],
@@ -41,7 +27,7 @@ def cells_of(row):
 def check_against_mix(tool, checks):
     status, shown, _ = tool.run(MAP + ["--output", "map.csv"])
     text = (tool.folder / "map.csv").read_text()
-    rows = rows_of(text)
+    rows = rows_of(tool, "map.csv")
     checks.equal("columns", text.split("\n", 1)[0], COLUMNS)
     checks.equal("exit status", status, 3)
     checks.check("the text is shown beside the file", shown.startswith("DANGER  "), shown)
@@ -111,11 +97,8 @@ def check_interrupt(tool, checks):
     # 1002 hangs; the amounts before it are done.
     words = FAKE + ["--from", "990", "--to", "1020", "--step", "1", "--deadline", "60s"]
     for form, extra in (("text", []), ("JSON", ["--json", "--output", "cut.csv"])):
-        process = tool.start(words + extra)
-        time.sleep(1)
-        process.send_signal(signal.SIGINT)
-        output, _ = process.communicate(timeout=20)
-        checks.equal(f"Ctrl-C, {form}: exit status", process.returncode, 130)
+        status, output, _ = tool.interrupt(words + extra, 1)
+        checks.equal(f"Ctrl-C, {form}: exit status", status, 130)
         if form == "text":
             checks.equal("Ctrl-C: last line", output.decode().split("\n")[-2],
                          "interrupted at 1002 EUR, 12 of 31 amounts")
@@ -123,50 +106,21 @@ def check_interrupt(tool, checks):
             answer = json.loads(output)
             checks.equal("Ctrl-C: complete", answer["complete"], False)
             checks.equal("Ctrl-C: kept", answer["result"]["mixes"][0]["runs"], [[".", 11], ["C", 1]])
-            checks.equal("Ctrl-C: the file", len(rows_of((tool.folder / "cut.csv").read_text())), 12)
-    process = tool.start(FAKE + ["--from", "1002", "--to", "1002", "--deadline", "60s"])
-    time.sleep(0.5)
-    process.send_signal(signal.SIGINT)
-    output, errors = process.communicate(timeout=20)
-    checks.equal("Ctrl-C before the first answer", (process.returncode, output, errors),
+            checks.equal("Ctrl-C: the file", len(rows_of(tool, "cut.csv")), 12)
+    words = FAKE + ["--from", "1002", "--to", "1002", "--deadline", "60s"]
+    checks.equal("Ctrl-C before the first answer", tool.interrupt(words, 0.5),
                  (130, b"", b"qxmix: interrupted\n"))
-
-
-def errors_at_terminal(tool, words):
-    """What the tool writes to standard error when that is a terminal."""
-    master, slave = pty.openpty()
-    process = tool.start(words, stderr=slave)
-    os.close(slave)
-    shown = b""
-    while select.select([master], [], [], 20)[0]:
-        try:
-            block = os.read(master, 4096)
-        except OSError:
-            break
-        shown += block
-    process.communicate()
-    os.close(master)
-    return shown.decode()
 
 
 def check_progress(tool, checks):
     # The amount that hangs takes long enough for the line to appear.
     words = FAKE + ["--from", "1002", "--to", "1008", "--step", "6", "--deadline", "100ms"]
-    shown = errors_at_terminal(tool, words)
+    shown = shown_at_terminal(tool, words, "stderr")
     checks.check("progress at a terminal", "\rmap  50%  1/2  " in shown and "(X 1)" in shown, shown)
     checks.check("progress is wiped", shown.endswith("\r\x1b[K"), repr(shown))
-    checks.equal("no progress with -q", errors_at_terminal(tool, words + ["-q"]), "")
+    checks.equal("no progress with -q", shown_at_terminal(tool, words + ["-q"], "stderr"), "")
     checks.equal("no progress in a pipe", tool.run(words)[2], "")
 
 
-def main():
-    arguments = parse_arguments()
-    checks = Checks()
-    with Tool(arguments) as tool:
-        for part in (check_against_mix, check_counts, check_deadlines, check_forms, check_registry,
-                     check_interrupt, check_progress):
-            part(tool, checks)
-    checks.finish()
-
-
-main()
+run_parts(check_against_mix, check_counts, check_deadlines, check_forms, check_registry,
+          check_interrupt, check_progress)

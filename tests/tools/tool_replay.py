@@ -2,10 +2,8 @@
 """What `qxmix replay` compares, with what `qxmix mix --record` wrote and between two libraries."""
 
 import json
-import signal
-import time
 
-from tool_runner import Checks, Tool, parse_arguments
+from tool_runner import run_parts
 
 EURO = "EUR:100x300,50x1200,20x1500,20x900,10x60:low"
 ONES = "EUR:1x2000"
@@ -136,12 +134,9 @@ def check_interrupt(tool, checks):
     write(tool, {"request": request(5, ONES), "answer": {"paid": "5"}},
           {"request": request(HANG, ONES), "answer": {}})
     for words, complete in (([], None), (["--json"], False)):
-        process = tool.start(["replay", "trace.ndjson", "--library", "fake.so", "--deadline", "60s"]
-                             + words)
-        time.sleep(0.6)
-        process.send_signal(signal.SIGINT)
-        output, errors = process.communicate(timeout=20)
-        checks.equal("Ctrl-C: exit status", (process.returncode, errors), (130, b""))
+        status, output, errors = tool.interrupt(
+            ["replay", "trace.ndjson", "--library", "fake.so", "--deadline", "60s"] + words, 0.6)
+        checks.equal("Ctrl-C: exit status", (status, errors), (130, b""))
         if complete is None:
             checks.equal("Ctrl-C: what is complete", output,
                          b"1 request is answered as recorded\n"
@@ -150,14 +145,5 @@ def check_interrupt(tool, checks):
             checks.equal("Ctrl-C: complete", json.loads(output)["complete"], complete)
 
 
-def main():
-    arguments = parse_arguments()
-    checks = Checks()
-    with Tool(arguments) as tool:
-        for part in (check_recorded, check_fields, check_bad_lines, check_libraries, check_registry,
-                     check_many, check_interrupt):
-            part(tool, checks)
-    checks.finish()
-
-
-main()
+run_parts(check_recorded, check_fields, check_bad_lines, check_libraries, check_registry,
+          check_many, check_interrupt)

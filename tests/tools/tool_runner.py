@@ -4,9 +4,11 @@ import argparse
 import os
 import pathlib
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
+import time
 
 HERE = pathlib.Path(__file__).parent
 
@@ -59,6 +61,14 @@ class Tool:
         output, errors = process.communicate(stdin, timeout=120)
         return process.returncode, output.decode(), errors.decode()
 
+    def interrupt(self, words, seconds):
+        """Runs the tool and sends Ctrl-C after a time: exit status and both streams as bytes."""
+        process = self.start(words)
+        time.sleep(seconds)
+        process.send_signal(signal.SIGINT)
+        output, errors = process.communicate(timeout=20)
+        return process.returncode, output, errors
+
     def run_redirected(self, words):
         """As run; the last two words may be "<" and a file for standard input."""
         if words[-2:-1] == ["<"]:
@@ -86,3 +96,12 @@ class Checks:
     def finish(self):
         print(f"{self.passed} passed, {self.failed} failed")
         sys.exit(1 if self.failed or not self.passed else 0)
+
+
+def run_parts(*parts):
+    """A whole test script: each part gets the tool and the checks."""
+    checks = Checks()
+    with Tool(parse_arguments()) as tool:
+        for part in parts:
+            part(tool, checks)
+    checks.finish()

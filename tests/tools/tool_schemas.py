@@ -11,7 +11,7 @@ import shlex
 
 import jsonschema
 
-from tool_runner import HERE, Checks, Tool, parse_arguments
+from tool_runner import HERE, run_parts
 
 # What a schema cannot say: names of constants, keys given twice, numbers written as 1.0.
 ONLY_THE_TOOL = {"status-constant.json", "key-twice.json", "type-constant.json", "count-float.json"}
@@ -69,14 +69,14 @@ def is_valid(validator, document):
     return next(validator.iter_errors(document), None) is None
 
 
-def validator_of(arguments, name):
-    schema = json.loads((arguments.source / "schema" / name).read_text())
+def validator_of(tool, name):
+    schema = json.loads((tool.arguments.source / "schema" / name).read_text())
     jsonschema.Draft202012Validator.check_schema(schema)
     return jsonschema.Draft202012Validator(schema)
 
 
-def check_dispensers(arguments, tool, checks):
-    validator = validator_of(arguments, "dispenser.schema.json")
+def check_dispensers(tool, checks):
+    validator = validator_of(tool, "dispenser.schema.json")
     for path in sorted((HERE / "dispensers").glob("*/*.json")):
         is_good = path.parent.name == "good"
         status, output, errors = tool.run(["mix", str(path), "--amount", "10", "--deadline", "100ms"])
@@ -87,18 +87,18 @@ def check_dispensers(arguments, tool, checks):
         expected = is_good or path.name in ONLY_THE_TOOL
         checks.equal(f"{path.name}: the schema accepts it",
                      is_valid(validator, json.loads(path.read_text())), expected)
-    for path in sorted((arguments.source / "examples").glob("*.json")):
+    for path in sorted((tool.arguments.source / "examples").glob("*.json")):
         if path.name == "week.json":
             checks.check("examples/week.json is valid", is_valid(
-                validator_of(arguments, "demand.schema.json"), json.loads(path.read_text())))
+                validator_of(tool, "demand.schema.json"), json.loads(path.read_text())))
         else:
             checks.check(f"examples/{path.name} is valid",
                          is_valid(validator, json.loads(path.read_text())))
 
 
-def check_answers(arguments, tool, checks):
-    validator = validator_of(arguments, "answer.schema.json")
-    dispenser = validator_of(arguments, "dispenser.schema.json")
+def check_answers(tool, checks):
+    validator = validator_of(tool, "answer.schema.json")
+    dispenser = validator_of(tool, "dispenser.schema.json")
     tool.run(["mix", "EUR:50x10,20x10", "--amount", "60", "--raw-out", "both.bin"])
     (tool.folder / "request.bin").write_bytes((tool.folder / "both.bin").read_bytes()[:1060])
     for line in ANSWERS:
@@ -113,8 +113,8 @@ def check_answers(arguments, tool, checks):
             checks.check(f"{line}: the dispenser is one", is_valid(dispenser, answer["input"]["dispenser"]))
 
 
-def check_batch(arguments, tool, checks):
-    schema = json.loads((arguments.source / "schema" / "answer.schema.json").read_text())
+def check_batch(tool, checks):
+    schema = json.loads((tool.arguments.source / "schema" / "answer.schema.json").read_text())
     line_schema = {"$defs": schema["$defs"], "$ref": "#/$defs/batchLine"}
     requests = (tool.folder / "examples" / "two.ndjson").read_bytes() + b"{\n" + json.dumps(
         {"id": "x", "dispenser": "EUR:50x100,20x100", "amount": 1002}).encode()
@@ -129,14 +129,4 @@ def check_batch(arguments, tool, checks):
             checks.equal(f"batch {words}: {line[:40]}", problems, [])
 
 
-def main():
-    arguments = parse_arguments()
-    checks = Checks()
-    with Tool(arguments) as tool:
-        check_dispensers(arguments, tool, checks)
-        check_answers(arguments, tool, checks)
-        check_batch(arguments, tool, checks)
-    checks.finish()
-
-
-main()
+run_parts(check_dispensers, check_answers, check_batch)

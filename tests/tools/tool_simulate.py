@@ -1,20 +1,16 @@
 #!/usr/bin/env python3
 """What `qxmix simulate` draws, asks and writes, against a second drawing and against `qxmix mix`."""
 
-import csv
-import io
 import json
 import re
-import signal
-import time
 
 import jsonschema
 
 from drawing import draw
-from tool_runner import Checks, Tool, parse_arguments
+from tool_runner import run_parts
+from written_answers import rows_of, steps_of
 
 DAYS = ("Mon", "Tue", "Wed", "Thu", "Fri", "Sat", "Sun")
-DIGITS = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_"
 WEEK = ["simulate", "examples/euro.json", "--demand", "examples/week.json"]
 SMALL = {"days": 2, "perDay": 25, "hours": [0] * 8 + [3, 1] + [0] * 13 + [2],
          "amounts": [{"amount": 30, "weight": 3}, {"amount": 80, "weight": 2},
@@ -28,21 +24,6 @@ FAKE = ["simulate", "EUR:1x40000", "--demand", "hang.csv", "--library", "fake.so
 
 def time_text(seconds):
     return f"{DAYS[seconds // 86400]} {seconds // 3600 % 24:02}:{seconds // 60 % 60:02}"
-
-
-def rows_of(text):
-    return list(csv.DictReader(io.StringIO(text)))
-
-
-def steps_of(mix):
-    """The letter and the items of each withdrawal in one mix of the JSON."""
-    answers = mix["answers"]
-    size = answers["digits"]
-    for at in range(0, len(answers["path"]), size):
-        place = 0
-        for digit in answers["path"][at:at + size]:
-            place = place * 64 + DIGITS.index(digit)
-        yield answers["steps"][place]
 
 
 def result_of(tool, words):
@@ -86,7 +67,7 @@ def check_against_mix(tool, checks):
     text = (tool.folder / "few.csv").read_text()
     checks.equal("columns", text.split("\n", 1)[0],
                  "mix,time,amount,outcome,paid,c0,c1,c2,c3,c4,c5")
-    rows, result = rows_of(text), result_of(tool, words)
+    rows, result = rows_of(tool, "few.csv"), result_of(tool, words)
     times, amounts = draw(SMALL, 3)
     letters = {".": "paid", "r": "notDispensable", "O": "overpaid", "n": "nothingPaid"}
     worst = 0
@@ -111,7 +92,7 @@ def check_against_mix(tool, checks):
                          (outcome, answer["paid"]))
             checks.equal(f"{name}: what is left", [row[f"c{c}"] for c in range(6)],
                          [str(count) for count in held] + ["", ""])
-        steps = list(steps_of(known))
+        steps = list(steps_of(known["answers"]))
         checks.equal(f"mix {mix}: steps", [letters[letter] for letter, _ in steps],
                      [row["outcome"] for row in mine])
         checks.equal(f"mix {mix}: counts", known["counts"], counts)
@@ -148,7 +129,7 @@ def check_runs(tool, checks):
     checks.equal("ranks", [(m["mix"], m["rank"]) for m in result["mixes"]],
                  [(1, 1), (3, 2), (4, None)])
     tool.run(words + ["--output", "runs.csv"])
-    rows = rows_of((tool.folder / "runs.csv").read_text())
+    rows = rows_of(tool, "runs.csv")
     checks.equal("a line for each run and mix", [(int(r["seed"]), int(r["mix"])) for r in rows],
                  [(seed, mix) for seed in range(11, 15) for mix in (1, 3, 4)])
     checks.equal("what they serve", sorted(int(r["served"]) for r in rows if r["mix"] == "1"),
@@ -196,11 +177,8 @@ def check_interrupt(tool, checks):
     (tool.folder / "hang.csv").write_text("\n".join(["time,amount"] + lines) + "\n")
     words = FAKE + ["--mixes", "1,2", "--deadline", "60s", "--jobs", "1"]
     for form, extra in (("text", []), ("JSON", ["--json", "--output", "cut.csv"])):
-        process = tool.start(words + extra)
-        time.sleep(1)
-        process.send_signal(signal.SIGINT)
-        output, _ = process.communicate(timeout=20)
-        checks.equal(f"Ctrl-C, {form}: exit status", process.returncode, 130)
+        status, output, _ = tool.interrupt(words + extra, 1)
+        checks.equal(f"Ctrl-C, {form}: exit status", status, 130)
         if form == "text":
             checks.equal("Ctrl-C: last line", output.decode().split("\n")[-2],
                          "interrupted at 2026-01-01 10:11, 12 of 13 withdrawals")
@@ -208,14 +186,12 @@ def check_interrupt(tool, checks):
             answer = json.loads(output)
             checks.equal("Ctrl-C: complete", answer["complete"], False)
             checks.equal("Ctrl-C: kept", [m["asked"] for m in answer["result"]["mixes"]], [12, 12])
-            checks.equal("Ctrl-C: the file", len(rows_of((tool.folder / "cut.csv").read_text())), 24)
-    process = tool.start(WEEK + ["--runs", "10000", "--mixes", "1,2", "--jobs", "1", "--json"])
-    time.sleep(1.5)
-    process.send_signal(signal.SIGINT)
-    output, _ = process.communicate(timeout=20)
+            checks.equal("Ctrl-C: the file", len(rows_of(tool, "cut.csv")), 24)
+    words = WEEK + ["--runs", "10000", "--mixes", "1,2", "--jobs", "1", "--json"]
+    status, output, _ = tool.interrupt(words, 1.5)
     answer = json.loads(output)
     runs = answer["result"]["demand"]["runs"]
-    checks.check("Ctrl-C: whole runs", process.returncode == 130 and 0 < runs < 10000 and
+    checks.check("Ctrl-C: whole runs", status == 130 and 0 < runs < 10000 and
                  all(len(m["runs"]) == runs and all(r["asked"] == 840 for r in m["runs"])
                      for m in answer["result"]["mixes"]), runs)
 
@@ -224,8 +200,8 @@ def demand_with(**changes):
     return {**json.loads(json.dumps(SMALL)), **changes}
 
 
-def check_demand_files(arguments, tool, checks):
-    schema = json.loads((arguments.source / "schema/demand.schema.json").read_text())
+def check_demand_files(tool, checks):
+    schema = json.loads((tool.arguments.source / "schema/demand.schema.json").read_text())
     jsonschema.Draft202012Validator.check_schema(schema)
     validator = jsonschema.Draft202012Validator(schema)
     amount = {"amount": 50, "weight": 1}
@@ -255,15 +231,5 @@ def check_demand_files(arguments, tool, checks):
             checks.equal(f"{name}: the schema", validator.is_valid(demand), is_good)
 
 
-def main():
-    arguments = parse_arguments()
-    checks = Checks()
-    with Tool(arguments) as tool:
-        for part in (check_drawing, check_against_mix, check_runs, check_forms, check_registry,
-                     check_give_up, check_interrupt):
-            part(tool, checks)
-        check_demand_files(arguments, tool, checks)
-    checks.finish()
-
-
-main()
+run_parts(check_drawing, check_against_mix, check_runs, check_forms, check_registry, check_give_up,
+          check_interrupt, check_demand_files)

@@ -1,12 +1,11 @@
 #!/usr/bin/env python3
 """The page of `qxmix simulate` in a real browser, opened from disk without a network."""
 
-import csv
-import io
 import json
 
 from page_checks import (HOSTILE, check_pictures, check_skeleton, check_without_script,
                          printed_sheets, run_page_checks)
+from written_answers import rows_of
 
 DETAILS = "['what', 'items', 'held'].map(id => document.getElementById(id).textContent)"
 CASSETTES = [
@@ -232,7 +231,7 @@ def check_worst_letters(tool, browser, checks):
     words = ["simulate", "examples/euro.json", "--demand", "examples/week.json", "--mixes", "2"]
     tool.run(words + ["--output", "week.html"])
     tool.run(words + ["--output", "week.csv"])
-    rows = list(csv.DictReader(io.StringIO((tool.folder / "week.csv").read_text())))
+    rows = rows_of(tool, "week.csv")
     browser.open(tool.folder / "week.html")
     columns = browser.run("Math.floor(plotWidth() / LETTER_WIDTH)")
     times = browser.run("demand.times")
@@ -252,7 +251,7 @@ def check_page(tool, browser, checks, pictures):
     checks.equal("exit status", status, 3)
     tool.run(words + ["--output", "steps.csv"])
     output = tool.run(words + ["--json"])[1]
-    rows = list(csv.DictReader(io.StringIO((tool.folder / "steps.csv").read_text())))
+    rows = rows_of(tool, "steps.csv")
     answer = json.loads(output)
     order = [mix["mix"] for mix in answer["result"]["mixes"]]
     counts = answer["result"]["mixes"][-1]["counts"]
