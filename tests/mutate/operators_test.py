@@ -38,7 +38,8 @@ class Operators(unittest.TestCase):
         self.assertIn(("isFound", "!(isFound)"), changes("    if (isFound) {\n"))
 
     def test_comments_directives_and_compile_time_checks_stay(self):
-        text = '// a < b\n/* 7 */\n#define X 7\n#include "x.h"\nstatic_assert(sizeof(A) == 4, "4");\n'
+        text = '// a < b\n/* 7 */\n#define X 7\n#include "x.h"\nstatic_assert(sizeof(A) == 4, "4");\n' \
+            'EXPECT_FIELD(Record, usCount, 0, 2);\n'
         self.assertEqual(changes(text), set())
 
     def test_brackets_of_templates_and_marks_of_types_stay(self):
@@ -49,6 +50,11 @@ class Operators(unittest.TestCase):
         mutants = mutants_of("file.cpp", text)
         self.assertEqual([mutant.apply(text) for mutant in mutants],
                          ["a = b - c + d;", "a = b + c - d;"])
+
+    def test_a_mark_shows_the_change_in_its_line(self):
+        mutants = mutants_of("file.cpp", "{\n    a = b + c;\n}")
+        self.assertEqual([mutant.mark for mutant in mutants],
+                         ["file.cpp: {a = b + c|};", "file.cpp: a = b {+|-} c;"])
 
 
 if __name__ == "__main__":

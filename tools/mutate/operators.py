@@ -14,7 +14,7 @@ WORDS = {"true": ["false"], "false": ["true"], "break": ["continue"], "continue"
          "min": ["max"], "max": ["min"]}
 
 TOKEN = re.compile(r"""
-    (?P<skip>//[^\n]*|/\*.*?\*/|^[ \t]*\#(?:[^\n]*\\\n)*[^\n]*|static_assert\s*\([^;]*;)
+    (?P<skip>//[^\n]*|/\*.*?\*/|^[ \t]*\#(?:[^\n]*\\\n)*[^\n]*|(?:static_assert|EXPECT_\w+)\s*\([^;]*;)
   | (?P<text>"(?:[^"\\\n]|\\.)*"|'(?:[^'\\\n]|\\.)*')
   | (?P<number>\b(?:0[xX][0-9a-fA-F']+|[0-9][0-9']*(?:\.[0-9]+)?(?:[eE][0-9]+)?)[uUlLfF]*\b)
   | (?P<word>[A-Za-z_]\w*)
@@ -36,6 +36,7 @@ class Mutant:
     before: str
     after: str
     line: int
+    mark: str  # the file and the line of code with the change in braces
 
     @property
     def key(self):
@@ -96,7 +97,10 @@ def mutants_of(file, text):
 
     def add(start, end, after):
         line = text.count("\n", 0, start) + 1
-        found.append(Mutant(file, start, end, text[start:end], after, line))
+        before = text[text.rfind("\n", 0, start) + 1:start].lstrip()
+        rest = text[end:].partition("\n")[0].rstrip()
+        mark = f"{file}: {before}{{{text[start:end]}|{after}}}{rest}"
+        found.append(Mutant(file, start, end, text[start:end], after, line, mark))
 
     for match in TOKEN.finditer(text):
         if match.group("skip"):

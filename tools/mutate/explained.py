@@ -1,0 +1,46 @@
+"""The survivors that are known, with the reason why no test notices them.
+
+The file has a line for each reason, "work: ..." where only the amount of work changes and
+"answer: ..." where nothing changes that a host sees, and below it, indented, the mutants: the name
+of the file and its line of code with the change in braces, "{before|after}". So an explanation moves
+with its line, and is out of date when the line changes.
+"""
+
+from dataclasses import dataclass
+
+
+@dataclass(frozen=True)
+class Explained:
+    """One mutant that is known to survive."""
+    mark: str
+    kind: str
+    reason: str
+
+
+def read(path):
+    """The explained survivors of a file, by their marks."""
+    explained = {}
+    kind = reason = ""
+    for number, line in enumerate(path.read_text().splitlines(), 1):
+        if not line.strip() or line.startswith("#"):
+            continue
+        if not line.startswith(" "):
+            kind, colon, reason = line.partition(": ")
+            if kind not in ("work", "answer") or not colon or not reason.strip():
+                raise ValueError(f"{path}:{number}: neither 'work: reason' nor 'answer: reason'")
+            continue
+        mark = line.strip()
+        if not reason or mark in explained:
+            raise ValueError(f"{path}:{number}: " + ("the same mutant twice" if reason else
+                                                     "no reason above this mutant"))
+        explained[mark] = Explained(mark, kind, reason)
+    return explained
+
+
+def out_of_date(explained, mutants, kinds):
+    """The marks that explain nothing: of no mutant, or of one that is judged and did not survive.
+
+    mutants: all mutants by mark; kinds: what became of those that are judged, by mark.
+    """
+    return sorted(mark for mark in explained
+                  if mark not in mutants or kinds.get(mark, "survived") not in ("survived", "work"))
