@@ -150,6 +150,30 @@ def check_files(tool, checks):
     checks.equal("unwritable: nothing left", list(folder.glob("*.part*")), [])
 
 
+def check_one_file_twice(tool, checks):
+    ask = ["EUR:50x10", "--amount", "50"]
+    words = [
+        (["mix", *ask, "--raw-out", "same.bin", "--record", "./same.bin"], "--record", "--raw-out"),
+        (["mix", *ask, "--raw-out", "same.bin", "--registry-out", "same.bin"], "--registry-out",
+         "--raw-out"),
+        (["map", ask[0], "--output", "same.csv", "--registry-out", "same.csv"], "--registry-out",
+         "--output"),
+        (["compare", ask[0], ask[0], "--output", "same.csv", "--registry-out", "same.csv"],
+         "--registry-out", "--output"),
+        (["simulate", ask[0], "--demand", "examples/week.json", "--output", "same.csv",
+          "--registry-out", "same.csv"], "--registry-out", "--output"),
+        (["registry", "examples/device.reg", "--output", "same.reg", "--registry-out", "same.reg"],
+         "--registry-out", "--output"),
+    ]
+    for line, second, first in words:
+        checks.equal(" ".join(line), tool.run(line),
+                     (2, "", f"qxmix: {second}: {line[-1]} is written by {first} already; "
+                             "expected another file\n"))
+        checks.equal("nothing is written", list(tool.folder.glob("same.*")), [])
+    checks.equal("a device takes both", tool.run(["mix", *ask, "--raw-out", "/dev/null",
+                                                  "--registry-out", "/dev/null"])[0], 0)
+
+
 def check_no_answer(tool, checks):
     started = time.monotonic()
     status, output, errors = tool.run(
@@ -246,5 +270,5 @@ def check_called_alone(tool, checks):
 
 
 run_parts(check_interrupts, check_lint_interrupt, check_end_of_tool, check_pipes, check_colors,
-          check_widths, check_files, check_no_answer, check_raw, check_trace_and_registry,
-          check_library_order, check_input, check_called_alone)
+          check_widths, check_files, check_one_file_twice, check_no_answer, check_raw,
+          check_trace_and_registry, check_library_order, check_input, check_called_alone)

@@ -85,6 +85,26 @@ def check_bad_lines(tool, checks):
                      errors.count("\n") == 1, errors)
 
 
+def check_odd_files(tool, checks):
+    """What is no list of requests must not look like one that is answered as recorded."""
+    path = tool.folder / "trace.ndjson"
+    for content in (b"", b"\n \r\n"):
+        path.write_bytes(content)
+        checks.equal(f"{content}: no request", replay(tool),
+                     (2, None, "qxmix: trace.ndjson: no requests; expected a recorded one a line\n"))
+    good = json.dumps({"request": request(280), "answer": {"outcome": "paid"}}).encode()
+    path.write_bytes(good)
+    checks.equal("no line end at the end", replay(tool)[1]["requests"], 1)
+    path.write_bytes(good + b"\n\n" + b" " * ((1 << 20) - len(good)) + good + b"\r\n")
+    checks.equal("a line too long", replay(tool)[::2],
+                 (2, "qxmix: trace.ndjson:3: more than 1048576 bytes; expected a shorter line\n"))
+    path.write_bytes(good + b"\n\n" + b" " * ((1 << 20) - len(good)) + good + b"\n")
+    checks.equal("a line as long as can be", replay(tool)[1]["requests"], 2)
+    status, _, errors = tool.run(["replay", "/dev/zero"])
+    checks.equal("a line without end", (status, errors),
+                 (2, "qxmix: /dev/zero:1: more than 1048576 bytes; expected a shorter line\n"))
+
+
 def check_libraries(tool, checks):
     write(tool, {"id": 1, "request": request(50, ONES, maxDispenseItems=100)},
           {"id": 2, "request": request(CRASH, ONES, maxDispenseItems=2000)})
@@ -145,5 +165,5 @@ def check_interrupt(tool, checks):
             checks.equal("Ctrl-C: complete", json.loads(output)["complete"], complete)
 
 
-run_parts(check_recorded, check_fields, check_bad_lines, check_libraries, check_registry,
-          check_many, check_interrupt)
+run_parts(check_recorded, check_fields, check_bad_lines, check_odd_files, check_libraries,
+          check_registry, check_many, check_interrupt)

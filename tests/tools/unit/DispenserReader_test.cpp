@@ -148,6 +148,7 @@ INSTANTIATE_TEST_SUITE_P(Wrong, DispenserFields, testing::Values(
     Refusal{R"("$schema":7)", "/$schema: 7 is not allowed; expected text"},
     Refusal{R"("amounts":7)", "/amounts: 7 is not allowed; expected an object"},
     Refusal{R"("amounts":{"mim":7})", R"(/amounts/mim: unknown field; did you mean "min"?)"},
+    Refusal{R"("amounts":{"min":7,"max":5})", "/amounts/max: 5 is not allowed; expected 7 or more"},
     Refusal{R"("amounts":{"step":0})", "/amounts/step: 0 is not allowed; expected 1 to 4294967295"},
     Refusal{R"("amounts":{"buttons":7})", "/amounts/buttons: 7 is not allowed; expected a list of amounts"},
     Refusal{R"("amounts":{"buttons":[1,0]})", "/amounts/buttons/1: 0 is not allowed; expected 1 to 4294967295"},

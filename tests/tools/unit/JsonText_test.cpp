@@ -20,12 +20,22 @@ TEST(JsonText, ReadsEveryKindOfValueInOrder) {
 TEST(JsonText, NamesLineAndColumnOfASyntaxError) {
     EXPECT_EQ(ErrorOf("{\n  \"a\": 1,\n  \"b\": }\n").substr(0, 26), "f.json:3:8: syntax error w");
     EXPECT_EQ(ErrorOf("[1,").substr(0, 25), "f.json:1:4: syntax error ");
-    EXPECT_EQ(ErrorOf("").substr(0, 25), "f.json:1:1: syntax error ");
     EXPECT_EQ(ErrorOf("[1]\n\n x").substr(0, 25), "f.json:3:2: syntax error ");
 }
 
 TEST(JsonText, RefusesTextThatIsNoUtf8) {
     EXPECT_EQ(ErrorOf("[\"\xff\"]").substr(0, 12), "f.json:1:3: ");
+    EXPECT_EQ(ErrorOf("\xff\xfe{"), "f.json:1:1: UTF-16; expected JSON in UTF-8");
+    EXPECT_EQ(ErrorOf("\xfe\xff{"), "f.json:1:1: UTF-16; expected JSON in UTF-8");
+}
+
+TEST(JsonText, SaysThatNothingIsThere) {
+    EXPECT_EQ(ErrorOf(""), "f.json:1:1: empty; expected JSON");
+    EXPECT_EQ(ErrorOf(" \r\n\t\n"), "f.json:3:1: empty; expected JSON");
+}
+
+TEST(JsonText, RefusesANumberBeyondAllBounds) {
+    EXPECT_EQ(ErrorOf("[5, 1e999]"), "f.json:1:9: 1e999 is too large a number");
 }
 
 TEST(JsonText, RefusesAKeyGivenTwiceWhereverItStands) {

@@ -47,7 +47,8 @@ TEST(NearestName, FindsASlipOfTheFingers) {
     const std::vector<std::string> known = {"currency", "count", "value"};
     EXPECT_EQ(NearestName("curency", known), "currency");
     EXPECT_EQ(NearestName("Currency", known), "currency");
-    EXPECT_EQ(NearestName("cuont", known), "");
+    EXPECT_EQ(NearestName("cuont", known), "count");
+    EXPECT_EQ(NearestName("ocutn", known), "");
     EXPECT_EQ(NearestName("cunt", known), "count");
     EXPECT_EQ(NearestName("worth", known), "");
     EXPECT_EQ(NearestName("", known), "");

@@ -117,6 +117,10 @@ Amounts ReadAmounts(const Json& json, const Place& place) {
     amounts.min = fields.Whole32("min", 1);
     amounts.max = fields.Whole32("max", 1);
     amounts.step = fields.Whole32("step", 1);
+    if (amounts.min && amounts.max && *amounts.max < *amounts.min) {
+        throw place.Below("max").Error(
+            NotAllowed(std::to_string(*amounts.max), std::to_string(*amounts.min) + " or more"));
+    }
     if (const Json* buttons = fields.Find("buttons")) {
         amounts.buttons = ReadButtons(*buttons, place.Below("buttons"));
     }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cctype>
 #include <numeric>
+#include <utility>
 
 namespace qxmix {
 
@@ -15,17 +16,21 @@ std::string LowerCase(const std::string& text) {
     return lower;
 }
 
-/// Letters to insert, delete or replace to make one text of the other, whatever their case.
+/// Letters to insert, delete, replace or swap with their neighbours to make one text of the other.
 std::size_t EditDistance(const std::string& from, const std::string& to) {
+    std::vector<std::size_t> beforeLast;
+    std::vector<std::size_t> last;
     std::vector<std::size_t> row(to.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t{0});
     for (std::size_t i = 0; i < from.size(); ++i) {
-        std::size_t diagonal = row[0];
+        beforeLast = std::exchange(last, row);
         row[0] = i + 1;
         for (std::size_t j = 0; j < to.size(); ++j) {
-            const std::size_t replaced = diagonal + (from[i] == to[j] ? 0 : 1);
-            diagonal = row[j + 1];
-            row[j + 1] = std::min({replaced, row[j] + 1, diagonal + 1});
+            const std::size_t replaced = last[j] + (from[i] == to[j] ? 0 : 1);
+            row[j + 1] = std::min({replaced, row[j] + 1, last[j + 1] + 1});
+            if (i > 0 && j > 0 && from[i] == to[j - 1] && from[i - 1] == to[j]) {
+                row[j + 1] = std::min(row[j + 1], beforeLast[j - 1] + 1);
+            }
         }
     }
     return row.back();

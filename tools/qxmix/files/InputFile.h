@@ -1,8 +1,12 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 namespace qxmix {
+
+/// Longest line of an input that is read line by line, in bytes.
+constexpr std::size_t kLongestLine = std::size_t{1} << 20U;
 
 /// An input read whole.
 struct InputFile {

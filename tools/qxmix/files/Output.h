@@ -13,6 +13,15 @@ void WriteStandardOutput(const std::string& text);
 /// Writes one line to standard error, with the tool's name before it.
 void Complain(const std::string& line);
 
+/// A file to write and the option that names it; an empty name: none.
+struct NamedOutput {
+    const char* option;
+    std::string file;
+};
+
+/// @throw InputError when two of them would be written to one place.
+void RequireDifferentFiles(const std::vector<NamedOutput>& outputs);
+
 /// Output files that appear all together, or not at all.
 ///
 /// Each is written beside its place first; until Commit the files of these names are as they were.

@@ -44,12 +44,12 @@ public:
         return true;
     }
 
-    bool parse_error(std::size_t byte, const std::string&, const Json::exception& error) {
+    bool parse_error(std::size_t byte, const std::string& last, const Json::exception& error) {
         const auto end = text_.begin() + static_cast<std::ptrdiff_t>(Before(byte));
         const auto line = std::count(text_.begin(), end, '\n') + 1;
         const auto lineStart = std::find(std::make_reverse_iterator(end), text_.rend(), '\n');
         const auto column = end - lineStart.base() + 1;
-        throw SyntaxError(file_, line, column, WithoutPosition(error.what()));
+        throw SyntaxError(file_, line, column, Wrong(last, error));
     }
     // NOLINTEND(readability-identifier-naming)
 
@@ -59,7 +59,20 @@ private:
         return std::min(byte == 0 ? 0 : byte - 1, text_.size());
     }
 
-    static std::string WithoutPosition(const std::string& message) {
+    /// What is wrong, where the parser would speak of its own affairs in words of ours.
+    std::string Wrong(const std::string& last, const Json::exception& error) const {
+        constexpr int kNumberOverflow = 406;
+        if (error.id == kNumberOverflow) {
+            return last + " is too large a number";
+        }
+        const std::string start = text_.substr(0, 2);
+        if (start == "\xff\xfe" || start == "\xfe\xff") {
+            return "UTF-16; expected JSON in UTF-8";
+        }
+        if (text_.find_first_not_of(" \t\r\n") == std::string::npos) {
+            return "empty; expected JSON";
+        }
+        const std::string message = error.what();
         const std::size_t what = message.find("syntax error");
         return what == std::string::npos ? message : message.substr(what);
     }

@@ -1,7 +1,7 @@
 #include "BatchLoop.h"
 
 #include "BatchAnswer.h"
-#include "LineCutter.h"
+#include "files/InputFile.h"
 #include "module/RegistryImage.h"
 #include "terminal/Terminal.h"
 #include "workers/ModuleCall.h"

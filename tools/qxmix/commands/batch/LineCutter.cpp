@@ -1,5 +1,7 @@
 #include "LineCutter.h"
 
+#include "files/InputFile.h"
+
 #include <algorithm>
 #include <cstring>
 

@@ -9,10 +9,8 @@
 
 namespace qxmix {
 
-/// Longest line that is read; of a longer one so much is kept, and a byte more.
-constexpr std::size_t kLongestLine = std::size_t{1} << 20U;
-
-/// Cuts a stream of bytes into blocks of whole lines.
+/// Cuts a stream of bytes into blocks of whole lines. Of a line that is longer than kLongestLine so
+/// much is kept, and a byte more.
 class LineCutter {
 public:
     /// @param mostLines  of a block.

@@ -75,6 +75,7 @@ void CompareCommand::AddOptions(CLI::App& command) {
 }
 
 ExitStatus CompareCommand::Run(const CommonOptions& options) {
+    RequireDifferentFiles({{"--output", output_}, {"--registry-out", options.registryOut}});
     CheckOutput();
     CompareQuestions questions = Prepare(options);
     const std::vector<std::string>& libraries = options.libraries;

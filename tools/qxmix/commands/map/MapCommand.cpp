@@ -44,6 +44,7 @@ void MapCommand::AddOptions(CLI::App& command) {
 }
 
 ExitStatus MapCommand::Run(const CommonOptions& options) {
+    RequireDifferentFiles({{"--output", output_}, {"--registry-out", options.registryOut}});
     MapQuestions questions = Prepare(options);
     const std::optional<OutputForm> form = MapFormOf(output_, questions);
     const std::string registry = options.RegistryOr(questions.dispenser.registry);

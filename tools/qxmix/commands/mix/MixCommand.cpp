@@ -91,6 +91,8 @@ void MixCommand::AddOptions(CLI::App& command) {
 }
 
 ExitStatus MixCommand::Run(const CommonOptions& options) {
+    RequireDifferentFiles(
+        {{"--raw-out", rawOut_}, {"--registry-out", options.registryOut}, {"--record", record_}});
     MixQuestions questions = rawIn_.empty() ? Prepare() : PrepareRaw();
     questions.deadline = options.deadline.value_or(questions.deadline);
     if (!rawOut_.empty() && questions.requests.size() != 1) {

@@ -105,6 +105,7 @@ void RegistryCommand::AddOptions(CLI::App& command) {
 }
 
 ExitStatus RegistryCommand::Run(const CommonOptions& options) {
+    RequireDifferentFiles({{"--output", output_}, {"--registry-out", options.registryOut}});
     if (!options.registry.empty()) {
         throw InputError("--registry: given beside FILE; expected one of them");
     }

@@ -1,6 +1,7 @@
 #include "TraceFile.h"
 
 #include "errors/Errors.h"
+#include "files/InputFile.h"
 
 #include <cerrno>
 #include <cstring>
@@ -10,7 +11,7 @@ namespace qxmix {
 
 TraceFile::TraceFile(const std::string& name, bool needsAnswers)
     : name_(name == "-" ? "standard input" : name), needsAnswers_(needsAnswers),
-      lines_(name == "-" ? std::cin : file_), reader_(AskOptions{}) {
+      lines_(name == "-" ? std::cin : file_), buffer_(kLongestLine + 1), reader_(AskOptions{}) {
     if (name != "-") {
         errno = 0;
         file_.open(name, std::ios::binary);
@@ -23,20 +24,40 @@ TraceFile::TraceFile(const std::string& name, bool needsAnswers)
 }
 
 std::optional<RecordedLine> TraceFile::Next() {
-    std::string text;
-    while (std::getline(lines_, text)) {
-        ++number_;
-        if (text.find_first_not_of(" \t\r") == std::string::npos) {
+    while (const std::optional<std::string> text = NextText()) {
+        if (text->find_first_not_of(" \t\r") == std::string::npos) {
             continue;
         }
-        RecordedLine line = ReadRecordedLine(text, name_, number_, reader_);
+        hasRequests_ = true;
+        RecordedLine line = ReadRecordedLine(*text, name_, number_, reader_);
         if (needsAnswers_ && line.answer.is_null()) {
             throw InputError(name_ + ":" + std::to_string(number_) +
                              ": /answer: missing; expected what was answered, or two libraries");
         }
         return line;
     }
+    if (!hasRequests_) {
+        throw InputError(name_ + ": no requests; expected a recorded one a line");
+    }
     return std::nullopt;
+}
+
+std::optional<std::string> TraceFile::NextText() {
+    lines_.getline(buffer_.data(), static_cast<std::streamsize>(buffer_.size()));
+    const auto size = static_cast<std::size_t>(lines_.gcount());
+    if (lines_.bad()) {
+        throw InputError(name_ + ": cannot be read: " + std::strerror(errno));
+    }
+    ++number_;
+    if (lines_.fail() && size > 0) {
+        throw InputError(name_ + ":" + std::to_string(number_) + ": more than " +
+                         std::to_string(kLongestLine) + " bytes; expected a shorter line");
+    }
+    if (lines_.fail()) {
+        return std::nullopt;
+    }
+    // What ended the line was counted, too, but not the end of the file.
+    return std::string(buffer_.data(), lines_.eof() ? size : size - 1);
 }
 
 }  // namespace qxmix

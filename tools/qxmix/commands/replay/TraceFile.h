@@ -5,6 +5,7 @@
 #include <fstream>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace qxmix {
 
@@ -18,15 +19,21 @@ public:
 
     /// The next line; none at the end. Blank lines are passed over.
     ///
-    /// @throw InputError
+    /// @throw InputError for a wrong line, and where there is no line at all: nothing would have
+    ///   been compared.
     std::optional<RecordedLine> Next();
 
 private:
+    /// The next line, blank or not.
+    std::optional<std::string> NextText();
+
     std::string name_;  // as it stands in errors
     bool needsAnswers_;
     std::ifstream file_;
     std::istream& lines_;
+    std::vector<char> buffer_;  // the line being read
     std::uint64_t number_ = 0;
+    bool hasRequests_ = false;
     RequestReader reader_;
 };
 

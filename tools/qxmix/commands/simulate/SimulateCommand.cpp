@@ -61,6 +61,7 @@ void SimulateCommand::AddOptions(CLI::App& command) {
 }
 
 ExitStatus SimulateCommand::Run(const CommonOptions& options) {
+    RequireDifferentFiles({{"--output", output_}, {"--registry-out", options.registryOut}});
     const std::optional<OutputForm> form = OutputFormOf(output_);
     SimulationQuestions questions = Prepare(options);
     const std::string registry = options.RegistryOr(questions.dispenser.registry);

@@ -1,4 +1,5 @@
 #include "commands/batch/LineCutter.h"
+#include "files/InputFile.h"
 
 #include <gtest/gtest.h>
 
