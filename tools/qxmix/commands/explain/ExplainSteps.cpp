@@ -54,8 +54,10 @@ private:
         return Text(SearchedMoney(questions_.dispenser, value));
     }
 
-    /// The amount as the mix searches for it.
     std::string AmountText() const { return ValueText(story_.units.Amount()); }
+
+    /// The amount as the mix searches for it.
+    std::string SoughtText() const { return ValueText(story_.sought); }
 
     void AddAmount(bool decides) {
         const Money asked = AskedMoney(questions_.dispenser, questions_.amount);
@@ -90,13 +92,15 @@ private:
         for (const Unit& unit : kept_) {
             total += SearchedMoney(questions_.dispenser, unit.searched).Times(unit.counted);
         }
-        const bool isLowered = decides && story_.answer.reply.calculation.returned == 0;
+        const bool isLowered = story_.IsLowered();
         Add("capacity",
             Text(total) + " " + questions_.dispenser.currency + " counted: " +
                 (isLowered ? "the amount is lowered"
                  : decides ? "too little"
                            : "enough"),
-            isLowered ? "paid in part" : Refused(decides));
+            !isLowered ? Refused(decides)
+            : decides  ? "paid in part"
+                       : "lowered");
     }
 
     void AddUnitCount(bool decides) {
@@ -113,15 +117,15 @@ private:
         } else if (judgement.outcome == Outcome::Crashed) {
             AddSearched("the module crashed", "crashed here");
         } else if (!decides) {
-            AddSearched("adds up to " + AmountText(), "passed");
+            AddSearched("adds up to " + SoughtText(), "passed");
         } else if (judgement.IsDangerous()) {
-            AddSearched(Text(judgement.paid) + " for " + AmountText(), "wrong here");
+            AddSearched(Text(judgement.paid) + " for " + SoughtText(), "wrong here");
         } else if (story_.answer.reply.calculation.returned == 0) {
             AddSearched("only " + Text(judgement.paid) + " adds up", "paid in part");
         } else if (story_.HasWorthlessUnit()) {
             AddSearched("nothing can be divided by 0", "refused here");
         } else {
-            AddSearched("nothing adds up to " + AmountText(), "refused here");
+            AddSearched("nothing adds up to " + SoughtText(), "refused here");
         }
     }
 

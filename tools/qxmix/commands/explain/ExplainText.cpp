@@ -27,7 +27,9 @@ std::string ReasonText(const MixQuestions& questions, const Explanation& story) 
     case DecidedBy::UnitCount:
         return "more than five different notes";
     case DecidedBy::Limit:
-        return "it takes more than " + limit + " items";
+        return (story.IsLowered() ? "what the cassettes hold takes more than "
+                                  : "it takes more than ") +
+               limit + (limit == "1" ? " item" : " items");
     case DecidedBy::Search:
         return story.HasWorthlessUnit() ? "a cassette is worth nothing"
                                         : "no combination of notes makes it";

@@ -12,18 +12,31 @@ namespace {
 constexpr Milliseconds kDeadline{100};
 constexpr std::uint16_t kNoLimit = UINT16_MAX;
 
+/// What the units hold together, as they count.
+Money Counted(const Dispenser& dispenser, const Units& units) {
+    Money total;
+    for (const Unit& unit : units.Kept()) {
+        total += SearchedMoney(dispenser, unit.searched).Times(unit.counted);
+    }
+    return total;
+}
+
 /// Asks the module again, in other words.
 class SecondQuestions {
 public:
     SecondQuestions(const MixQuestions& questions, const Units& units, Asker& asker)
         : questions_(questions), units_(units), asker_(asker) {}
 
-    bool IsPaidWithoutLimit() const {
+    /// @param sought  the amount that was searched for.
+    bool IsPaidWithoutLimit(std::uint32_t sought) const {
         MixRequest request = questions_.requests.front();
         request.usMaxDispenseItems = kNoLimit;
         Dispenser dispenser = questions_.dispenser;
         dispenser.maxDispenseItems = kNoLimit;
-        return Judge(dispenser, questions_.amount, Ask(request)).outcome == Outcome::Paid;
+        const Judgement judgement = Judge(dispenser, questions_.amount, Ask(request));
+        return judgement.outcome == Outcome::Paid ||
+               (judgement.outcome == Outcome::PaidInPart &&
+                judgement.paid == SearchedMoney(dispenser, sought));
     }
 
     /// Whether the units hold less than the amount. With a partial amount allowed the module lowers
@@ -38,11 +51,8 @@ public:
         if (reply.ending.kind == Ending::Kind::Answered) {
             return reply.calculation.request.ulAmount != units_.Amount();
         }
-        Money total;
-        for (const Unit& unit : units_.Kept()) {
-            total += SearchedMoney(questions_.dispenser, unit.searched).Times(unit.counted);
-        }
-        return total < AskedMoney(questions_.dispenser, questions_.amount);
+        return Counted(questions_.dispenser, units_) <
+               AskedMoney(questions_.dispenser, questions_.amount);
     }
 
 private:
@@ -55,8 +65,8 @@ private:
     Asker& asker_;
 };
 
-DecidedBy WhatRefused(const SecondQuestions& again, const Units& units, std::int32_t returned) {
-    switch (returned) {
+DecidedBy WhatRefused(const SecondQuestions& again, const Explanation& story) {
+    switch (story.answer.reply.calculation.returned) {
     case kInvalidMixNumber:
         return DecidedBy::MixNumber;
     case kTooManyItems:
@@ -64,10 +74,10 @@ DecidedBy WhatRefused(const SecondQuestions& again, const Units& units, std::int
     case kInvalidCashUnit:
         return DecidedBy::UnitCount;
     case kNotDispensable:
-        return units.Kept().empty()         ? DecidedBy::NoUnits
-               : again.IsBeyondCapacity()   ? DecidedBy::Capacity
-               : again.IsPaidWithoutLimit() ? DecidedBy::Limit
-                                            : DecidedBy::Search;
+        return story.units.Kept().empty()               ? DecidedBy::NoUnits
+               : again.IsBeyondCapacity()               ? DecidedBy::Capacity
+               : again.IsPaidWithoutLimit(story.sought) ? DecidedBy::Limit
+                                                        : DecidedBy::Search;
     default:
         return DecidedBy::Nothing;
     }
@@ -96,10 +106,9 @@ WhatPaid(const MixQuestions& questions, const SecondQuestions& again, const Expl
     if (!story.taken.empty() && story.taken != story.given) {
         return DecidedBy::Spreading;
     }
-    const bool isLowered = story.answer.reply.calculation.request.ulAmount != story.units.Amount();
-    return isLowered                    ? DecidedBy::Capacity
-           : again.IsPaidWithoutLimit() ? DecidedBy::Limit
-                                        : DecidedBy::Search;
+    return judgement.paid == SearchedMoney(questions.dispenser, story.sought) ? DecidedBy::Capacity
+           : again.IsPaidWithoutLimit(story.sought)                           ? DecidedBy::Limit
+                                                                              : DecidedBy::Search;
 }
 
 }  // namespace
@@ -122,13 +131,16 @@ Explanation Explain(const MixQuestions& questions, const MixAnswer& answer, Aske
     Explanation story(answer, Units(request, asker.Open().minimum));
     const SecondQuestions again(questions, story.units, asker);
     story.given = GivenItems(story.units, answer.judgement);
+    story.sought = answer.judgement.IsAnswered()
+                       ? std::uint32_t{answer.reply.calculation.request.ulAmount}
+                       : story.units.Amount();
     if (!answer.judgement.IsAnswered()) {
         story.decidedBy = DecidedBy::Search;
     } else if (answer.reply.calculation.returned == kSuccess) {
         story.taken = SearchedItems(story.units, questions.amount, asker);
         story.decidedBy = WhatPaid(questions, again, story);
     } else {
-        story.decidedBy = WhatRefused(again, story.units, answer.reply.calculation.returned);
+        story.decidedBy = WhatRefused(again, story);
         if (story.decidedBy == DecidedBy::Limit) {
             story.taken = SearchedItems(story.units, questions.amount, asker, kNoLimit);
         }

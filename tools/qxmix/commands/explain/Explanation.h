@@ -36,6 +36,11 @@ struct Explanation {
     Units units;
     DecidedBy decidedBy = DecidedBy::Nothing;
 
+    /// The amount that was searched for: a partial amount is lowered to what the units hold.
+    std::uint32_t sought = 0;
+
+    bool IsLowered() const { return sought != units.Amount(); }
+
     /// Whether a unit kept is worth nothing: every search refuses then.
     bool HasWorthlessUnit() const;
 

@@ -84,6 +84,20 @@ TEST(Explanation, FindsTheCapacityThatLoweredAnAmount) {
     EXPECT_TRUE(Says(asked, "160 EUR counted: the amount is lowered"));
 }
 
+TEST(Explanation, FindsTheLimitBehindALoweredAmount) {
+    Dispenser dispenser = ReadInlineDispenser("EUR:20x4");
+    dispenser.partial = true;
+    dispenser.maxDispenseItems = 3;
+    for (const std::uint16_t mix : std::vector<std::uint16_t>{1, 2, 3, 4, 10}) {
+        const Asked asked = Ask(dispenser, 200, mix);
+        EXPECT_EQ(asked.story.decidedBy, DecidedBy::Limit) << mix;
+        EXPECT_TRUE(Says(asked, "what the cassettes hold takes more than 3 items"));
+        EXPECT_TRUE(Says(asked, "80 EUR counted: the amount is lowered"));
+        EXPECT_TRUE(Says(asked, "20: adds up to 80"));
+        EXPECT_TRUE(Says(asked, "4 notes: more than 3"));
+    }
+}
+
 TEST(Explanation, FindsTheNumberOfUnits) {
     const char* const five = "EUR:200x9,100x9,50x9,20x9,10x9";
     EXPECT_EQ(Ask(five, 80).story.decidedBy, DecidedBy::Nothing);
