@@ -213,7 +213,47 @@ def check_interrupt(tool, checks):
     output, errors = process.communicate(timeout=20)
     checks.equal("Ctrl-C: exit status", process.returncode, 130)
     checks.equal("Ctrl-C: what is complete", (json.loads(first)["id"], output), (1, b""))
-    checks.equal("Ctrl-C: says so", errors, b"qxmix: interrupted after 1 lines\n")
+    checks.equal("Ctrl-C: says so", errors, b"qxmix: interrupted after 1 line\n")
+
+
+def interrupt(tool, words, lines, first_answers):
+    """Sends all lines, waits for some answers, then presses Ctrl-C; standard input stays open."""
+    process = tool.start(words, stdin=subprocess.PIPE)
+    process.stdin.write(stream(*lines))
+    process.stdin.flush()
+    output = b"".join(process.stdout.readline() for _ in range(first_answers))
+    time.sleep(0.0 if first_answers else 0.5)
+    process.send_signal(signal.SIGINT)
+    output += process.stdout.read()
+    errors = process.stderr.read()
+    process.stdin.close()
+    process.stdout.close()
+    process.stderr.close()
+    return process.wait(timeout=20), [answer["id"] for answer in answers_of(output)], errors
+
+
+def check_interrupted_blocks(tool, checks):
+    """What was read is answered, up to the first line that takes too long, in order."""
+    quick = [{"id": number, "dispenser": "EUR:1x9", "amount": 5} for number in range(900)]
+    endless = {"id": "X", "dispenser": "EUR:1x2000", "amount": HANG}
+    for jobs in ("1", "3"):
+        words = FAKE + ["--deadline", "60s", "--jobs", jobs]
+        for before in (0, 1, 600):
+            checks.equal(f"Ctrl-C, {jobs} jobs, {before} lines and one that hangs",
+                         interrupt(tool, words, quick[:before] + [endless] + quick[before:], 0),
+                         (130, list(range(before)),
+                          f"qxmix: interrupted after {before} line{'s' * (before != 1)}\n".encode()))
+        checks.equal(f"Ctrl-C, {jobs} jobs, all lines are quick",
+                     interrupt(tool, words, quick, 1),
+                     (130, list(range(900)), b"qxmix: interrupted after 900 lines\n"))
+
+    # The plain loops of an amount above 2^31: many milliseconds for each of these lines.
+    slow = [{"id": number, "dispenser": "EUR:20x200000000,64x33000000", "amount": 2147483750,
+             "mix": 2} for number in range(256)]
+    status, ids, errors = interrupt(tool, ["batch", "--jobs", "1", "--deadline", "20s"], slow, 1)
+    checks.check("Ctrl-C: slow lines are written before their block is done",
+                 status == 130 and 0 < len(ids) < len(slow) and ids == list(range(len(ids))),
+                 f"{status} {ids} {errors}")
 
 
 def most_memory(process):
@@ -245,4 +285,5 @@ def check_many(tool, checks):
 
 
 run_parts(check_against_mix, check_forms, check_bad_lines, check_ends, check_deadlines,
-          check_registry, check_trace, check_slow_input, check_interrupt, check_many)
+          check_registry, check_trace, check_slow_input, check_interrupt, check_interrupted_blocks,
+          check_many)

@@ -7,6 +7,7 @@
 #include <cstring>
 #include <fcntl.h>
 #include <unistd.h>
+#include <utility>
 
 namespace qxmix {
 
@@ -51,8 +52,18 @@ int InterruptDescriptor() {
     return wakeUp[0];
 }
 
+void TakeInterrupt() {
+    char bytes[8];
+    while (read(wakeUp[0], bytes, sizeof(bytes)) > 0) {
+    }
+}
+
 void IgnoreInterrupts() {
     HandleWith(SIG_IGN);
+    for (int& end : wakeUp) {
+        // What the tool is told there is not for the worker.
+        close(std::exchange(end, -1));
+    }
 }
 
 }  // namespace qxmix

@@ -7,6 +7,9 @@ namespace qxmix {
 /// output files. Before the first call Ctrl-C ends it as it does any program.
 void CatchInterrupts();
 
+/// Takes note of a Ctrl-C that was pressed, so that waiting for a worker goes on after all.
+void TakeInterrupt();
+
 /// Becomes readable once Ctrl-C was pressed; -1 before CatchInterrupts.
 int InterruptDescriptor();
 

@@ -14,6 +14,24 @@ Message MessageOf(Kind kind, const ByteWriter& writer) {
 
 }  // namespace
 
+void LineBlock::DropFirst(std::uint64_t count) {
+    lines.erase(0, SizeOf(count));
+    firstLine += count;
+}
+
+void LineBlock::KeepFirst(std::uint64_t count) {
+    lines.resize(SizeOf(count));
+}
+
+/// Bytes of the first lines.
+std::size_t LineBlock::SizeOf(std::uint64_t count) const {
+    std::size_t size = 0;
+    for (; count > 0 && size < lines.size(); --count) {
+        size = lines.find('\n', size) + 1;
+    }
+    return size;
+}
+
 Message ToMessage(const LineBlock& block) {
     ByteWriter writer;
     writer.Put(block.firstLine).PutText(block.lines);
@@ -26,6 +44,7 @@ Message ToMessage(const LineBlock& block) {
 
 Message ToMessage(const BlockAnswers& answers) {
     ByteWriter writer;
+    writer.Put(answers.isLast);
     writer.PutText(answers.lines).Put(answers.lineCount).Put(answers.badLines);
     writer.PutText(answers.lastCode).Put(answers.isWorn);
     return MessageOf(Kind::Answers, writer);
@@ -49,6 +68,7 @@ LineBlock ReadLineBlock(const Message& message) {
 BlockAnswers ReadBlockAnswers(const Message& message) {
     ByteReader reader(message.bytes);
     BlockAnswers answers;
+    answers.isLast = reader.Take<bool>();
     answers.lines = reader.TakeText();
     answers.lineCount = reader.Take<std::uint64_t>();
     answers.badLines = reader.Take<std::uint64_t>();

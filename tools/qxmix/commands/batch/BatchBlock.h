@@ -21,11 +21,21 @@ struct LineBlock {
         Ending ending;
     };
     std::vector<Known> known;
+
+    /// Takes the first lines away, as many as are told.
+    void DropFirst(std::uint64_t count);
+
+    /// Takes all but the first lines away.
+    void KeepFirst(std::uint64_t count);
+
+private:
+    std::size_t SizeOf(std::uint64_t count) const;
 };
 
-/// The answers to a block.
+/// The answers to a block or, in their order, to a part of it.
 struct BlockAnswers {
-    std::string lines;  ///< one answer for each line, each with its line end
+    bool isLast = true;  ///< false: others follow
+    std::string lines;   ///< one answer for each line, each with its line end
     std::uint64_t lineCount = 0;
     std::uint64_t badLines = 0;
     std::string lastCode;  ///< error code written last; empty: none

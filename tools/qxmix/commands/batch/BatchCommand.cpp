@@ -43,7 +43,8 @@ ExitStatus BatchCommand::Run(const CommonOptions& options) {
     files.Add(options.registryOut, WithErrorCode(asker.Registry(), summary.lastCode));
     files.Commit();
     if (!summary.isComplete) {
-        Complain("interrupted after " + std::to_string(summary.answeredLines) + " lines");
+        Complain("interrupted after " + std::to_string(summary.answeredLines) +
+                 (summary.answeredLines == 1 ? " line" : " lines"));
         return ExitStatus::Interrupted;
     }
     return summary.badLines == 0 ? ExitStatus::Well : ExitStatus::BadInput;

@@ -17,6 +17,10 @@ namespace qxmix {
 
 namespace {
 
+/// Answers are sent when they are so old, although their block is not done: calculations may be
+/// slow.
+constexpr Milliseconds kOldestAnswer{20};
+
 /// Pairs of objects that a worker creates before it wants to be replaced: the module does not give
 /// all of them back.
 constexpr std::size_t kMostModules = 256;
@@ -72,21 +76,37 @@ public:
         }
     }
 
-    BlockAnswers Answer(const LineBlock& block) {
+    /// Answers a block in one part or more.
+    ///
+    /// @param send  takes each part; false when nobody wants it.
+    /// @return what it returned last.
+    template <typename Send>
+    bool Answer(const LineBlock& block, const Send& send) {
         BlockAnswers answers;
+        std::uint64_t number = block.firstLine;
         std::size_t start = 0;
+        Clock::time_point sent = Clock::now();
         while (start < block.lines.size()) {
             const std::size_t end = block.lines.find('\n', start);
-            AnswerLine(block, block.lines.substr(start, end - start), answers);
+            AnswerLine(block, number++, block.lines.substr(start, end - start), answers);
             start = end + 1;
+            if (Clock::now() - sent >= kOldestAnswer && start < block.lines.size()) {
+                answers.isLast = false;
+                send(answers);
+                answers = BlockAnswers();
+                sent = Clock::now();
+            }
         }
         answers.isWorn = modules_.AreWorn();
-        return answers;
+        return send(answers);
     }
 
 private:
-    void AnswerLine(const LineBlock& block, const std::string& text, BlockAnswers& answers) {
-        const std::uint64_t number = block.firstLine + answers.lineCount++;
+    void AnswerLine(const LineBlock& block,
+                    std::uint64_t number,
+                    const std::string& text,
+                    BlockAnswers& answers) {
+        ++answers.lineCount;
         Json id;
         try {
             CheckLine(text);
@@ -155,7 +175,10 @@ void RunBatchWorker(const BatchSetting& setting, Channel& channel, BatchMark& ma
     BatchLoop loop(setting, mark);
     Message order;
     while (channel.Receive(order, std::nullopt) == Channel::State::Received) {
-        if (!channel.Send(ToMessage(loop.Answer(ReadLineBlock(order))))) {
+        const auto send = [&channel](const BlockAnswers& answers) {
+            return channel.Send(ToMessage(answers));
+        };
+        if (!loop.Answer(ReadLineBlock(order), send)) {
             return;
         }
     }

@@ -24,6 +24,9 @@ constexpr std::size_t kReadSize = std::size_t{256} << 10U;
 /// Blocks for each worker that may be under way or wait for an earlier one's answers.
 constexpr std::size_t kBlocksAhead = 4;
 
+/// How long the lines that have been read may still take after Ctrl-C.
+constexpr Milliseconds kLastWait{1000};
+
 class BatchRun {
 public:
     BatchRun(const BatchSetting& setting, std::size_t jobs)
@@ -36,8 +39,18 @@ public:
     void Run(BatchSummary& summary) {
         HandOut();
         while (!isAtEnd_ || !waiting_.empty()) {
-            Wait();
-            TakeAnswers(summary);
+            try {
+                Wait();
+                TakeAnswers(summary);
+            } catch (const Interruption&) {
+                TakeInterrupt();
+                summary.isComplete = false;
+                isAtEnd_ = true;
+                end_ = Clock::now() + kLastWait;
+            }
+            if (Clock::now() >= end_) {
+                GiveUp();
+            }
             HandOut();
         }
     }
@@ -46,6 +59,20 @@ private:
     struct Place {
         BatchWorker worker;
         std::uint64_t block;  // number of its block
+    };
+
+    /// A block that is under way or waits for an earlier one's answers.
+    struct Waiting {
+        BlockAnswers answers;  // those that are here and not written
+        bool isDone = false;
+
+        void Add(const BlockAnswers& more) {
+            answers.lines += more.lines;
+            answers.lineCount += more.lineCount;
+            answers.badLines += more.badLines;
+            answers.lastCode = more.lastCode.empty() ? answers.lastCode : more.lastCode;
+            isDone = more.isLast;
+        }
     };
 
     Place* IdlePlace() {
@@ -58,6 +85,9 @@ private:
     /// Gives blocks to idle workers as long as there are both.
     void HandOut() {
         wantsInput_ = false;
+        if (hasGivenUp_) {
+            return;
+        }
         for (Place* place = IdlePlace(); place != nullptr; place = IdlePlace()) {
             std::optional<LineBlock> block = cutter_.Next();
             if (!block) {
@@ -73,7 +103,7 @@ private:
     void Wait() {
         std::vector<pollfd> waiting = {{InterruptDescriptor(), POLLIN, 0},
                                        {wantsInput_ ? STDIN_FILENO : -1, POLLIN, 0}};
-        Clock::time_point first = Clock::time_point::max();
+        Clock::time_point first = end_;
         for (Place& place : places_) {
             if (place.worker.IsBusy()) {
                 waiting.push_back({place.worker.Descriptor(), POLLIN, 0});
@@ -113,21 +143,54 @@ private:
 
     void TakeAnswers(BatchSummary& summary) {
         for (Place& place : places_) {
-            if (place.worker.IsBusy()) {
-                waiting_[static_cast<std::size_t>(place.block - written_)] = place.worker.Finish();
+            while (place.worker.IsBusy()) {
+                const std::optional<BlockAnswers> part = place.worker.Finish();
+                if (!part) {
+                    break;
+                }
+                waiting_[static_cast<std::size_t>(place.block - written_)].Add(*part);
             }
         }
-        while (!waiting_.empty() && waiting_.front()) {
-            const BlockAnswers& answers = *waiting_.front();
-            WriteStandardOutput(answers.lines);
-            summary.answeredLines += answers.lineCount;
-            summary.badLines += answers.badLines;
-            if (!answers.lastCode.empty()) {
-                summary.lastCode = answers.lastCode;
+        while (!waiting_.empty()) {
+            Write(std::exchange(waiting_.front().answers, {}), summary);
+            if (!waiting_.front().isDone) {
+                return;
             }
             waiting_.pop_front();
             ++written_;
         }
+    }
+
+    static void Write(const BlockAnswers& answers, BatchSummary& summary) {
+        if (answers.lineCount == 0) {
+            return;
+        }
+        WriteStandardOutput(answers.lines);
+        summary.answeredLines += answers.lineCount;
+        summary.badLines += answers.badLines;
+        if (!answers.lastCode.empty()) {
+            summary.lastCode = answers.lastCode;
+        }
+    }
+
+    /// Ends with the line that takes too long after Ctrl-C. What comes before it in its block may
+    /// have to be asked again, for no more than the same time.
+    void GiveUp() {
+        const bool isOver = std::exchange(hasGivenUp_, true);
+        end_ = Clock::now() + kLastWait;
+        bool isUnderWay = false;
+        for (Place& place : places_) {
+            if (!place.worker.IsBusy()) {
+                continue;
+            }
+            if (isOver || place.block != written_) {
+                place.worker.GiveUp();
+            } else {
+                place.worker.GiveUpLine();
+                isUnderWay = place.worker.IsBusy();
+            }
+        }
+        waiting_.resize(isUnderWay ? 1 : 0);
     }
 
     LineCutter cutter_;
@@ -135,8 +198,10 @@ private:
     std::vector<Place> places_;
     bool isAtEnd_ = false;
     bool wantsInput_ = false;
-    std::uint64_t written_ = 0;  // blocks written, and so the number of the first that waits
-    std::deque<std::optional<BlockAnswers>> waiting_;  // in the order of the lines
+    std::uint64_t written_ = 0;    // blocks written, and so the number of the first that waits
+    std::deque<Waiting> waiting_;  // in the order of the lines
+    Clock::time_point end_ = Clock::time_point::max();  // after Ctrl-C: when to give up
+    bool hasGivenUp_ = false;
 };
 
 }  // namespace
@@ -144,11 +209,7 @@ private:
 BatchSummary RunBatch(const BatchSetting& setting, std::size_t jobs) {
     CatchInterrupts();
     BatchSummary summary;
-    try {
-        BatchRun(setting, jobs).Run(summary);
-    } catch (const Interruption&) {
-        summary.isComplete = false;
-    }
+    BatchRun(setting, jobs).Run(summary);
     return summary;
 }
 

@@ -16,7 +16,8 @@ struct BatchSummary {
 };
 
 /// Answers the lines of standard input on standard output, in their order, as they come. Keeps a
-/// bounded number of lines at a time.
+/// bounded number of lines at a time. After Ctrl-C it reads no more, and answers what it has read
+/// as far as that does not take long.
 ///
 /// @param jobs  workers side by side.
 /// @throw InputError when standard input cannot be read, WorkError when the library cannot be used

@@ -44,7 +44,8 @@ std::optional<BlockAnswers> BatchWorker::Finish() {
     switch (child_->Connection().Receive(message, Clock::now())) {
     case Channel::State::Received: {
         BlockAnswers answers = ReadBlockAnswers(message);
-        isBusy_ = false;
+        isBusy_ = !answers.isLast;
+        block_.DropFirst(answers.lineCount);
         if (answers.isWorn) {
             child_.reset();
         }
@@ -62,6 +63,21 @@ std::optional<BlockAnswers> BatchWorker::Finish() {
         StartAgain(seen_, {Ending::Kind::NoAnswer, ""});
     }
     return std::nullopt;
+}
+
+void BatchWorker::GiveUp() {
+    child_.reset();
+    isBusy_ = false;
+}
+
+void BatchWorker::GiveUpLine() {
+    const std::uint64_t line = mark_->line;
+    child_.reset();
+    block_.KeepFirst(line > block_.firstLine ? line - block_.firstLine : 0);
+    isBusy_ = !block_.lines.empty();
+    if (isBusy_) {
+        Send();
+    }
 }
 
 void BatchWorker::Send() {

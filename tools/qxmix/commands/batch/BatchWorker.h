@@ -27,11 +27,18 @@ public:
     /// Sends a block on its way; Finish brings the answers. One at a time.
     void Start(LineBlock block);
 
-    /// The answers if they are there; does not wait. Ends a calculation that has missed its
-    /// deadline.
+    /// The next part of the answers if it is there; does not wait. Ends a calculation that has
+    /// missed its deadline.
     ///
     /// @throw WorkError when a child ends without a calculation that could be blamed.
     std::optional<BlockAnswers> Finish();
+
+    /// Gives up the block.
+    void GiveUp();
+
+    /// Gives up the line that is being calculated and all behind it; the answers to those before
+    /// it, if there are any, still come.
+    void GiveUpLine();
 
     /// Readable when Finish may have something to do.
     int Descriptor() { return child_->Connection().Descriptor(); }
