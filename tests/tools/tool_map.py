@@ -118,6 +118,11 @@ def check_progress(tool, checks):
     shown = shown_at_terminal(tool, words, "stderr")
     checks.check("progress at a terminal", "\rmap  50%  1/2  " in shown and "(X 1)" in shown, shown)
     checks.check("progress is wiped", shown.endswith("\r\x1b[K"), repr(shown))
+    narrow = shown_at_terminal(tool, words, "stderr", columns=12)
+    checks.check("progress stays within a narrow line", "\rmap  50%  1" in narrow and
+                 all(len(line) < 12 for line in narrow.replace("\x1b[K", "").split("\r")), repr(narrow))
+    checks.equal("no progress at a terminal that cannot write over a line",
+                 shown_at_terminal(tool, words, "stderr", environment={"TERM": "dumb"}), "")
     checks.equal("no progress with -q", shown_at_terminal(tool, words + ["-q"], "stderr"), "")
     checks.equal("no progress in a pipe", tool.run(words)[2], "")
 

@@ -1,7 +1,12 @@
 #include "Progress.h"
 
+#include "Terminal.h"
+
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <sys/ioctl.h>
 #include <unistd.h>
 #include <utility>
 
@@ -13,6 +18,18 @@ constexpr std::chrono::milliseconds kFirst{500};
 constexpr std::chrono::milliseconds kBetween{200};
 constexpr std::uint64_t kMillisecondsInSecond = 1000;
 
+/// Columns of a line that can be written over at the terminal on standard error; 0: there is none.
+std::size_t LineWidth() {
+    const char* const terminal = std::getenv("TERM");
+    if (isatty(STDERR_FILENO) != 1 || terminal == nullptr || std::strcmp(terminal, "dumb") == 0) {
+        return 0;
+    }
+    winsize size{};
+    const bool isKnown = ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 1;
+    // A line that fills the last column would go on in the next one, where no wiping reaches it.
+    return (isKnown ? size.ws_col : kPlainWidth) - 1;
+}
+
 void WriteError(const std::string& text) {
     std::fputs(text.c_str(), stderr);
     std::fflush(stderr);
@@ -21,7 +38,7 @@ void WriteError(const std::string& text) {
 }  // namespace
 
 Progress::Progress(std::string command, std::uint64_t total, bool isQuiet)
-    : command_(std::move(command)), total_(total), isOn_(!isQuiet && isatty(STDERR_FILENO) == 1),
+    : command_(std::move(command)), total_(total), isOn_(!isQuiet && LineWidth() > 0),
       start_(Clock::now()), next_(start_ + kFirst) {
 }
 
@@ -39,7 +56,8 @@ void Progress::Show(std::uint64_t done, std::uint64_t misses) {
     next_ = now + kBetween;
     isShown_ = true;
     const auto passed = std::chrono::duration_cast<std::chrono::milliseconds>(now - start_);
-    WriteError("\r" + ProgressText(command_, done, total_, misses, passed) + "\x1b[K");
+    const std::string text = ProgressText(command_, done, total_, misses, passed);
+    WriteError("\r" + CutToColumns(text, LineWidth()) + "\x1b[K");
 }
 
 std::string ProgressText(const std::string& command,
