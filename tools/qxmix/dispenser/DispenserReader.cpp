@@ -178,11 +178,31 @@ void ReadDispenserFields(const JsonFields& fields, Dispenser& dispenser) {
     }
 }
 
+namespace {
+
+/// Reads the file; where there is none, a name such as eur:50x10 was meant otherwise.
+InputFile ReadDispenserFile(const std::string& name) {
+    try {
+        return ReadInput(name);
+    } catch (const InputError&) {
+        const std::size_t colon = name.find(':');
+        const std::size_t value = colon == std::string::npos ? colon : colon + 1;
+        const std::size_t times = name.find_first_not_of("0123456789", value);
+        if (times == std::string::npos || times == value || name[times] != 'x') {
+            throw;
+        }
+        throw InputError(name + ": " +
+                         NotAllowed("\"" + name.substr(0, colon) + "\"", kCurrencyExpected));
+    }
+}
+
+}  // namespace
+
 Dispenser OpenDispenser(const std::string& name) {
     if (IsInlineDispenser(name)) {
         return ReadInlineDispenser(name);
     }
-    const InputFile file = ReadInput(name);
+    const InputFile file = ReadDispenserFile(name);
     return ReadDispenser(ParseJson(file.content, file.name), Place(file.name));
 }
 
