@@ -27,6 +27,14 @@ def section(text, title):
     return [line.strip() for line in lines[:end]]
 
 
+def check_help_word(tool, checks):
+    """Who writes help as a command means --help."""
+    checks.equal("help", tool.run(["help"]), tool.run(["--help"]))
+    checks.equal("help mix", tool.run(["help", "mix"]), tool.run(["mix", "--help"]))
+    checks.equal("help mux", tool.run(["help", "mux"]),
+                 (2, "", 'qxmix: mux: unknown command; did you mean "mix"?\n'))
+
+
 def commands_of(tool):
     return [line.split()[0] for line in section(help_of(tool), "usage: qxmix COMMAND ...")]
 
@@ -172,6 +180,7 @@ def main():
     source = pathlib.Path(arguments.source).resolve()
     with Tool(arguments) as tool:
         commands = commands_of(tool)
+        check_help_word(tool, checks)
         check_examples(tool, checks, commands)
         check_manual(tool, checks, commands, source)
         check_bash(tool, checks, commands)

@@ -75,9 +75,19 @@ CommandLine::CommandLine() : parser_("", "qxmix"), commands_(AllCommands()) {
 }
 
 CommandLine::Request CommandLine::Parse(int argumentCount, const char* const* arguments) {
+    std::vector<std::string> words(arguments + std::min(argumentCount, 1),
+                                   arguments + argumentCount);
+    if (!words.empty() && words.front() == "help") {
+        words.erase(words.begin());
+        words.emplace_back("--help");
+    }
+    std::reverse(words.begin(), words.end());  // so the parser wants them
     try {
-        parser_.parse(argumentCount, arguments);
+        parser_.parse(words);
     } catch (const CLI::CallForHelp&) {
+        if (ChosenIndex() == kNone && !parser_.remaining(true).empty()) {
+            throw InputError(UnexpectedText());  // help on something that is not there
+        }
         return Request::Help;
     } catch (const CLI::ParseError& error) {
         throw InputError(ErrorText(error));

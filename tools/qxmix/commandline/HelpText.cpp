@@ -93,7 +93,10 @@ std::string CommandList(const std::vector<std::unique_ptr<Command>>& commands) {
     for (const auto& command : commands) {
         table.AddRow({Cell(command->Info().name), Cell(command->Info().sentence)});
     }
-    return "usage: qxmix COMMAND ...\n" + table.Text(Plain()) + ExitStatusList() +
+    return "Tells what a cash dispenser will pay, asked of its mix module.\n\n"
+           "usage: qxmix COMMAND ...\n" +
+           table.Text(Plain()) + ExitStatusList() +
+           "begin with: qxmix mix EUR:50x10,20x10 --amount 60\n"
            "qxmix COMMAND --help tells more; qxmix --version names the versions.\n";
 }
 
