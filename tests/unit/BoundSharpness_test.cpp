@@ -268,4 +268,18 @@ TEST(SpreadBound, LeavesTheShortfallUnpaidWhereThatIsMoreEven) {
     EXPECT_GT(compared, kDraws / 2);
 }
 
+TEST(SpreadBound, FitsWhileAllValuesTimesTheLimitAreBelow2To26) {
+    const auto fits = [](unsigned limit, std::uint32_t first, std::uint32_t last) {
+        return SpreadBound::Fits(
+            Table().Bill(first, 1).Bill(0x100, 1).Bill(last, 1).Limit(limit).Units());
+    };
+    EXPECT_TRUE(fits(0x100, 0x3FE00, 0xFF));
+    EXPECT_FALSE(fits(0x100, 0x3FE00, 0x100));
+    EXPECT_TRUE(fits(1, 0x3FFFE00, 0xFF));
+    EXPECT_FALSE(fits(1, 0x3FFFE00, 0x100));
+    EXPECT_TRUE(fits(0, 0x3FFFE00, 0xFF));  // as for 1
+    EXPECT_FALSE(fits(0, 0x3FFFE00, 0x100));
+    EXPECT_FALSE(fits(2, 0xFFFFFFFF, 0xFFFFFFFF));  // the sum does not wrap
+}
+
 }  // namespace

@@ -207,4 +207,16 @@ TEST(CalcEqualNotes, ComparesWrappedSpreads) {
               Chosen({46140, 100}));
 }
 
+TEST(CalcEqualNotes, ComparesWrappedSpreadsOfManySmallItems) {
+    // By true spreads 10503, 2 and 7875 would be the most equal; 27913 wrap to less.
+    const Table table = Table().Bill(5, 40000).Bill(3, 2).Bill(2, 40000).Amount(68271);
+    EXPECT_EQ(Pay(Table(table).Limit(60000)), Chosen({2489, 0, 27913}));
+}
+
+TEST(CalcEqualNotes, FindsUnequalCountsOfLargeValues) {
+    // 3 0 0 alone makes the amount.
+    const Table table = Table().Bill(500000000, 5).Bill(400000000, 2).Bill(300000000, 1);
+    EXPECT_EQ(Pay(Table(table).Amount(1500000000)), Chosen({3, 0, 0}));
+}
+
 }  // namespace
