@@ -56,6 +56,11 @@ class Operators(unittest.TestCase):
         self.assertEqual([mutant.mark for mutant in mutants],
                          ["file.cpp: {a = b + c|};", "file.cpp: a = b {+|-} c;"])
 
+    def test_marks_of_equal_lines_are_numbered(self):
+        mutants = mutants_of("file.cpp", "return 0;\nreturn 0;\n")
+        self.assertEqual([mutant.mark for mutant in mutants],
+                         ["file.cpp: return {0|1};", "file.cpp: return {0|1}; #2"])
+
 
 if __name__ == "__main__":
     unittest.main()

@@ -2,8 +2,9 @@
 
 The file has a line for each reason, "work: ..." where only the amount of work changes and
 "answer: ..." where nothing changes that a host sees, and below it, indented, the mutants: the name
-of the file and its line of code with the change in braces, "{before|after}". So an explanation moves
-with its line, and is out of date when the line changes.
+of the file and its line of code with the change in braces, "{before|after}", and "#2" where a line
+like it stands further up. So an explanation moves with its line, and is out of date when the line
+changes.
 """
 
 from dataclasses import dataclass

@@ -1,7 +1,8 @@
 """Finds the places of a C++ source where one small change makes another program: the mutants."""
 
 import re
-from dataclasses import dataclass
+from collections import Counter
+from dataclasses import dataclass, replace
 
 COMPARISONS = {"<": ["<=", ">="], "<=": ["<", ">"], ">": [">=", "<="], ">=": [">", "<"],
                "==": ["!="], "!=": ["=="]}
@@ -36,7 +37,7 @@ class Mutant:
     before: str
     after: str
     line: int
-    mark: str  # the file and the line of code with the change in braces
+    mark: str  # the file and the line of code with the change in braces, see explained.py
 
     @property
     def key(self):
@@ -114,4 +115,10 @@ def mutants_of(file, text):
             add(match.start(1), match.end(1), "")
     for match in CONDITION.finditer(text):
         add(match.start(1), match.end(1), f"!({match.group(1)})")
-    return sorted(found, key=lambda mutant: (mutant.start, mutant.end, mutant.after))
+    found.sort(key=lambda mutant: (mutant.start, mutant.end, mutant.after))
+    marks = Counter()
+    for place, mutant in enumerate(found):
+        marks[mutant.mark] += 1
+        if marks[mutant.mark] > 1:
+            found[place] = replace(mutant, mark=f"{mutant.mark} #{marks[mutant.mark]}")
+    return found
