@@ -165,46 +165,53 @@ TEST(OverLimitWalk, EntersJustWhereTheSmallestItemsOfAKindBringItOverTheLimit) {
     }
 }
 
-constexpr long double kTooMuch = 1e9L;  // near the end of 32 bits
+constexpr double kTooMuch = 1e9;  // near the end of 32 bits
 
 /// The least spread score of all ways to go on with real numbers that pay `paid` and keep to the
 /// most items; kTooMuch where there is none.
-long double LeastSpread(const Start& start, std::uint32_t mostItems, long double paid) {
-    const long double k = start.units.n;
-    long double items = 0;
-    long double squares = 0;
+struct LeastSpread {
+    double score;
+    bool takesMostItems;
+};
+
+LeastSpread LeastSpreadOf(const Start& start, std::uint32_t mostItems, double paid) {
+    const double k = start.units.n;
+    double items = 0;
+    double squares = 0;
     for (unsigned unit = 0; unit <= start.level; ++unit) {
-        const long double count = start.combination[unit];
+        const double count = start.combination[unit];
         items += count;
         squares += count * count;
     }
-    long double free = 0;
-    long double sum = 0;
-    long double square = 0;
+    double free = 0;
+    double sum = 0;
+    double square = 0;
     for (unsigned unit = start.level + 1; unit < start.units.n; ++unit) {
-        const long double value = start.units.values[unit];
+        const double value = start.units.values[unit];
         free += 1;
         sum += value;
         square += value * value;
     }
-    const long double variance = free * square - sum * sum;
+    const double variance = free * square - sum * sum;
     // With so many further items: all equal but for what the payment asks for.
-    const auto scoreWith = [&](long double further) {
-        const long double away = free * paid - further * sum;
-        const long double ofFree =
+    const auto scoreWith = [&](double further) {
+        const double away = free * paid - further * sum;
+        const double ofFree =
             further * further / free + (variance > 0 ? away * away / (free * variance) : 0);
-        const long double total = items + further;
+        const double total = items + further;
         return k * (k * (squares + ofFree) - total * total);
     };
     if (variance == 0) {
-        const long double further = paid * free / sum;
-        return further <= mostItems - items ? scoreWith(further) : kTooMuch;
+        const double further = paid * free / sum;
+        return {further <= mostItems - items ? scoreWith(further) : kTooMuch, false};
     }
     // A parabola in the number of items: its lowest point, or the most items.
-    const long double atZero = scoreWith(0);
-    const long double curve = (scoreWith(1) + scoreWith(-1)) / 2 - atZero;
-    const long double slope = (scoreWith(1) - scoreWith(-1)) / 2;
-    return scoreWith(std::min(-slope / (2 * curve), mostItems - items));
+    const double atZero = scoreWith(0);
+    const double curve = (scoreWith(1) + scoreWith(-1)) / 2 - atZero;
+    const double slope = (scoreWith(1) - scoreWith(-1)) / 2;
+    const double best = -slope / (2 * curve);
+    const double left = mostItems - items;
+    return {scoreWith(std::min(best, left)), left < best - 1e-6};
 }
 
 TEST(SpreadBound, IsAboveJustWhereRealNumbersScoreAbove) {
@@ -214,17 +221,18 @@ TEST(SpreadBound, IsAboveJustWhereRealNumbersScoreAbove) {
         const Start start = draws.Next();
         const SearchUnits& units = start.units;
         const std::uint32_t mostItems = units.HaveCoins() ? 2 * units.limit : units.limit;
-        const long double least = LeastSpread(start, mostItems, start.rest);
-        const long double step = units.n * units.n;
+        const auto [least, takesMostItems] = LeastSpreadOf(start, mostItems, start.rest);
         if (least >= kTooMuch) {
             continue;
         }
         ++compared;
         SpreadBound bound(units, mostItems, 0);
-        bound.AimAt(static_cast<std::uint32_t>(std::ceil(least - 1e-6L)));
+        bound.AimAt(static_cast<std::uint32_t>(std::ceil(least - 1e-6)));
         ASSERT_FALSE(bound.IsAbove(start.level, start.combination, start.rest)) << "draw " << draw;
+        // Spreads are multiples of k, and of k * k where the number of items is free.
+        const double step = takesMostItems ? units.n : units.n * units.n;
         if (least > step) {
-            bound.AimAt(static_cast<std::uint32_t>(least - step - 1e-6L));
+            bound.AimAt(static_cast<std::uint32_t>(least - step - 1e-6));
             ASSERT_TRUE(bound.IsAbove(start.level, start.combination, start.rest))
                 << "draw " << draw << ": " << least;
         }
@@ -241,26 +249,26 @@ TEST(SpreadBound, LeavesTheShortfallUnpaidWhereThatIsMoreEven) {
         const std::uint32_t mostItems = units.HaveCoins() ? 2 * units.limit : units.limit;
         const std::uint32_t shortfall = 1 + draws.Below(100);
         const std::uint32_t leastPaid = start.rest > shortfall ? start.rest - shortfall : 0;
-        const long double whole = LeastSpread(start, mostItems, start.rest);
-        const long double lowest = LeastSpread(start, mostItems, leastPaid);
+        const double whole = LeastSpreadOf(start, mostItems, start.rest).score;
+        const double lowest = LeastSpreadOf(start, mostItems, leastPaid).score;
         // The more even payment is the one end, the other, or one between them.
-        const long double fromWhole = LeastSpread(start, mostItems, start.rest - 1e-3L) - whole;
-        const long double fromLowest = LeastSpread(start, mostItems, leastPaid + 1e-3L) - lowest;
-        const long double least = std::min(whole, lowest);
+        const double fromWhole = LeastSpreadOf(start, mostItems, start.rest - 1e-3).score - whole;
+        const double fromLowest = LeastSpreadOf(start, mostItems, leastPaid + 1e-3).score - lowest;
+        const double least = std::min(whole, lowest);
         if (std::max(whole, lowest) >= kTooMuch) {
             continue;
         }
         SpreadBound bound(units, mostItems, shortfall);
-        bound.AimAt(static_cast<std::uint32_t>(std::ceil(least - 1e-6L)));
+        bound.AimAt(static_cast<std::uint32_t>(std::ceil(least - 1e-6)));
         ASSERT_FALSE(bound.IsAbove(start.level, start.combination, start.rest)) << "draw " << draw;
-        const long double step = units.n * units.n;
+        const double step = units.n * units.n;
         if (fromWhole < 0 && fromLowest < 0) {
             bound.AimAt(0);
             ASSERT_FALSE(bound.IsAbove(start.level, start.combination, start.rest))
                 << "draw " << draw;
-        } else if ((fromWhole > 1e-5L || fromLowest > 1e-5L) && least > step) {
+        } else if ((fromWhole > 1e-5 || fromLowest > 1e-5) && least > step) {
             ++compared;
-            bound.AimAt(static_cast<std::uint32_t>(least - step - 1e-6L));
+            bound.AimAt(static_cast<std::uint32_t>(least - step - 1e-6));
             ASSERT_TRUE(bound.IsAbove(start.level, start.combination, start.rest))
                 << "draw " << draw << ": " << least;
         }
