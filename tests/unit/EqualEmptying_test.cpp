@@ -142,6 +142,21 @@ TEST(CalcEqualEmptying, TakesTheMostUnequalSharesWhoseSumWraps) {
         Chosen({40000, 0, 10, 0}));
 }
 
+TEST(CalcEqualEmptying, FollowsSumsThatOnlyTheLastUnitsBringTo2To32) {
+    // The differences of the shares add up to 2^32 and 14528, 1558724, 111104 or 66020.
+    const auto pay = [](const Table& table) { return Pay(Table(table).Limit(60000)); };
+    EXPECT_EQ(pay(Table().Bill(18, 199).Bill(6, 303).Bill(4, 141).Bill(1, 235).Amount(2082)),
+              Chosen({26, 220, 32, 166}));
+    EXPECT_EQ(pay(Table().Bill(48, 202).Bill(16, 158).Bill(5, 205).Bill(5, 201).Amount(4736)),
+              Chosen({30, 151, 5, 171}));
+    EXPECT_EQ(
+        pay(Table().Bill(32, 65).Bill(1, 111).Bill(18, 86).Bill(14, 50).Bill(1, 45).Amount(1934)),
+        Chosen({16, 51, 73, 1, 43}));
+    EXPECT_EQ(
+        pay(Table().Bill(19, 54).Bill(35, 103).Bill(18, 56).Bill(4, 79).Bill(2, 63).Amount(4659)),
+        Chosen({38, 101, 11, 50, 2}));
+}
+
 TEST(CalcEqualEmptying, ComparesWrappedSharesOfThreeUnits) {
     // Unwrapped, 1, 2 and 1 would be the most equal shares of all the combinations that make 100.
     EXPECT_EQ(Pay(Table().Bill(50, 20000).Bill(20, 20000).Bill(10, 20000).Amount(100)),
