@@ -1,6 +1,7 @@
 #include "Envelope.h"
 
 #include "ToolVersion.h"
+#include "module/LibrarySearch.h"
 
 namespace qxmix {
 
@@ -11,6 +12,14 @@ Json TextOrNull(const std::string& text) {
 }
 
 }  // namespace
+
+Envelope EnvelopeBy(const Asker& asker, const std::string& command) {
+    Envelope envelope;
+    envelope.module = asker.ModuleVersion();
+    envelope.library = FileNameOf(asker.Library());
+    envelope.command = command;
+    return envelope;
+}
 
 Json EnvelopeJson(const Envelope& envelope) {
     return {{"format", "qxmix/answer/1"},

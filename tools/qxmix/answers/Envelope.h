@@ -2,6 +2,7 @@
 
 #include "errors/Errors.h"
 #include "findings/Findings.h"
+#include "workers/Asker.h"
 #include "json/Json.h"
 
 #include <string>
@@ -20,6 +21,9 @@ struct Envelope {
     std::vector<Finding> warnings;
     ExitStatus exitStatus = ExitStatus::Well;
 };
+
+/// The envelope of what this asker's module answered, with nothing in it so far.
+Envelope EnvelopeBy(const Asker& asker, const std::string& command);
 
 Json EnvelopeJson(const Envelope& envelope);
 

@@ -6,7 +6,7 @@
 
 namespace qxmix {
 
-std::optional<OutputForm> OutputFormOf(const std::string& file) {
+std::optional<OutputForm> OutputFormOf(const std::string& file, const OutputForms& allowed) {
     static const std::map<std::string, OutputForm> forms = {{".txt", OutputForm::TextFile},
                                                             {".json", OutputForm::JsonFile},
                                                             {".csv", OutputForm::CsvFile},
@@ -16,9 +16,9 @@ std::optional<OutputForm> OutputFormOf(const std::string& file) {
     }
     const std::size_t dot = file.rfind('.');
     const auto form = forms.find(dot == std::string::npos ? "" : file.substr(dot));
-    if (form == forms.end()) {
-        throw InputError("--output: " + NotAllowed(file, std::string("a name that ends in ") +
-                                                             kOutputFormsExpected));
+    if (form == forms.end() || (form->second == OutputForm::Page && !allowed.hasPage)) {
+        throw InputError("--output: " +
+                         NotAllowed(file, std::string("a name that ends in ") + allowed.endings));
     }
     return form->second;
 }

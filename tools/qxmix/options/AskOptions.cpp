@@ -68,6 +68,10 @@ std::vector<std::uint16_t> AskOptions::Mixes(const Dispenser& dispenser) const {
     return {*number};
 }
 
+std::vector<std::uint16_t> AskOptions::MixesOrAll(const Dispenser& dispenser) const {
+    return mix.empty() && mixes.empty() ? AllMixes() : Mixes(dispenser);
+}
+
 void AddAskOptions(CLI::App& command, AskOptions& options) {
     command
         .add_option_function<std::string>(

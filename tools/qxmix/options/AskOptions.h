@@ -30,6 +30,11 @@ struct AskOptions {
     ///
     /// @throw InputError
     std::vector<std::uint16_t> Mixes(const Dispenser& dispenser) const;
+
+    /// The mixes to ask; without an option all.
+    ///
+    /// @throw InputError
+    std::vector<std::uint16_t> MixesOrAll(const Dispenser& dispenser) const;
 };
 
 void AddAskOptions(CLI::App& command, AskOptions& options);

@@ -1,9 +1,15 @@
 #include "PageParts.h"
 
-#include "answers/Outcome.h"
+#include "Pages.h"
+
+#include <map>
+#include <string_view>
 
 namespace qxmix {
 
+namespace {
+
+/// A page with its parts filled in; every {{name}} of it must be among them.
 std::string FillPage(std::string_view page, const std::map<std::string, std::string>& parts) {
     constexpr std::string_view kOpen = "{{";
     constexpr std::string_view kClose = "}}";
@@ -21,6 +27,8 @@ std::string FillPage(std::string_view page, const std::map<std::string, std::str
     return filled;
 }
 
+/// JSON text that may stand in a script element: "<" is written \u003c, so that nothing in it can
+/// end the element.
 std::string JsonInPage(const std::string& json) {
     std::string text;
     text.reserve(json.size());
@@ -34,6 +42,7 @@ std::string JsonInPage(const std::string& json) {
     return text;
 }
 
+/// The colours of the outcomes as style rules, one class "o-NAME" for each.
 std::string OutcomeStyles() {
     std::string styles;
     for (const OutcomeRow& row : OutcomeTable()) {
@@ -41,6 +50,49 @@ std::string OutcomeStyles() {
                   "; color: " + (row.whiteLetter ? "#ffffff" : "#000000") + "; }\n";
     }
     return styles;
+}
+
+}  // namespace
+
+std::string PageText(const PageParts& parts, const Envelope& envelope) {
+    const std::string page = parts.page.dump(-1, ' ', false, Json::error_handler_t::replace);
+    const std::string text =
+        FillPage(kPageHtml, {{"title", parts.title},
+                             {"heading", parts.heading},
+                             {"style", std::string(kPartsCss) + parts.style},
+                             {"colours", OutcomeStyles()},
+                             {"withoutScript", parts.withoutScript},
+                             {"summary", parts.summary},
+                             {"main", parts.main},
+                             {"answer", JsonInPage(EnvelopeText(envelope))},
+                             {"page", JsonInPage(page)},
+                             {"script", std::string(kPartsScript) + parts.script}});
+    if (text.size() > kMostPageBytes) {
+        throw InputError("--output: a page of " + std::to_string(text.size()) +
+                         " bytes is too large; expected at most " + std::to_string(kMostPageBytes) +
+                         ", " + parts.fitting(text.size()));
+    }
+    return text;
+}
+
+std::string
+OutcomeCountTable(const std::string& caption,
+                  const std::vector<std::uint16_t>& mixes,
+                  const std::function<std::uint64_t(std::size_t place, Outcome outcome)>& count) {
+    std::string table =
+        "<table><caption>" + caption + "</caption><thead><tr><th scope=\"col\">mix</th>";
+    for (const OutcomeRow& outcome : OutcomeTable()) {
+        table += std::string("<th scope=\"col\">") + outcome.words + "</th>";
+    }
+    table += "</tr></thead><tbody>\n";
+    for (std::size_t place = 0; place < mixes.size(); ++place) {
+        table += "<tr><th scope=\"row\">" + std::to_string(mixes[place]) + "</th>";
+        for (const OutcomeRow& outcome : OutcomeTable()) {
+            table += "<td>" + std::to_string(count(place, outcome.outcome)) + "</td>";
+        }
+        table += "</tr>\n";
+    }
+    return table + "</tbody></table>";
 }
 
 Json OutcomesJson() {

@@ -1,26 +1,48 @@
 #pragma once
 
+#include "answers/Envelope.h"
+#include "answers/Outcome.h"
 #include "json/Json.h"
 
 #include <cstddef>
-#include <map>
+#include <cstdint>
+#include <functional>
 #include <string>
-#include <string_view>
+#include <vector>
 
 namespace qxmix {
 
 /// Most bytes of a page.
 constexpr std::size_t kMostPageBytes = 5000000;
 
-/// A page with its parts filled in; every {{name}} of it must be among them.
-std::string FillPage(std::string_view page, const std::map<std::string, std::string>& parts);
+/// What one page has and another has not. Texts and HTML are the tool's own words and numbers.
+struct PageParts {
+    std::string title;
+    std::string heading;        ///< HTML below the verdict
+    std::string withoutScript;  ///< what a reader whose browser runs no scripts is told, and
+    std::string summary;        ///< the table that he sees then
+    std::string main;           ///< HTML that the scripts fill
+    std::string style;
+    std::string script;
+    Json page;  ///< what the scripts know beside the answer
 
-/// JSON text that may stand in a script element: "<" is written \u003c, so that nothing in it can
-/// end the element.
-std::string JsonInPage(const std::string& json);
+    /// What would make a page small enough, by the size that it has.
+    std::function<std::string(std::size_t size)> fitting;
+};
 
-/// The colours of the outcomes as style rules, one class "o-NAME" for each.
-std::string OutcomeStyles();
+/// One HTML file that needs nothing else.
+///
+/// @param envelope  the page holds it as it is.
+/// @throw InputError when the page would be too large.
+std::string PageText(const PageParts& parts, const Envelope& envelope);
+
+/// How often each outcome occurred as a table, a line for each mix.
+///
+/// @param count  of an outcome of the mix at this place.
+std::string
+OutcomeCountTable(const std::string& caption,
+                  const std::vector<std::uint16_t>& mixes,
+                  const std::function<std::uint64_t(std::size_t place, Outcome outcome)>& count);
 
 /// The outcomes as pages know them: name, letter, words and badness.
 Json OutcomesJson();

@@ -4,8 +4,9 @@
 
 namespace qxmix {
 
-/// The files in pages/, put into the tool when it is built. {{name}} in a page stands for a part
-/// that is filled in.
+/// The files in pages/, put into the tool when it is built. kPageHtml is what all pages have in
+/// common; {{name}} in it stands for a part that is filled in.
+extern const std::string_view kPageHtml;
 extern const std::string_view kPartsCss;
 extern const std::string_view kPartsScript;
 extern const std::string_view kMapHtml;

@@ -48,7 +48,7 @@ void Progress::Wipe() {
     }
 }
 
-void Progress::Show(std::uint64_t done, std::uint64_t misses) {
+void Progress::Show(const WorkProgress& work) {
     if (!isOn_ || Clock::now() < next_) {
         return;
     }
@@ -56,24 +56,23 @@ void Progress::Show(std::uint64_t done, std::uint64_t misses) {
     next_ = now + kBetween;
     isShown_ = true;
     const auto passed = std::chrono::duration_cast<std::chrono::milliseconds>(now - start_);
-    const std::string text = ProgressText(command_, done, total_, misses, passed);
+    const std::string text = ProgressText(command_, work, total_, passed);
     WriteError("\r" + CutToColumns(text, LineWidth()) + "\x1b[K");
 }
 
 std::string ProgressText(const std::string& command,
-                         std::uint64_t done,
+                         const WorkProgress& work,
                          std::uint64_t total,
-                         std::uint64_t misses,
                          std::chrono::milliseconds passed) {
     const auto time = static_cast<std::uint64_t>(std::max<std::int64_t>(passed.count(), 1));
-    const std::uint64_t speed = done * kMillisecondsInSecond / time;
-    std::string text = command + "  " + std::to_string(total == 0 ? 100 : done * 100 / total) +
-                       "%  " + std::to_string(done) + "/" + std::to_string(total) + "  " +
+    const std::uint64_t speed = work.done * kMillisecondsInSecond / time;
+    std::string text = command + "  " + std::to_string(total == 0 ? 100 : work.done * 100 / total) +
+                       "%  " + std::to_string(work.done) + "/" + std::to_string(total) + "  " +
                        std::to_string(speed) + "/s";
     if (speed > 0) {
-        text += "  " + std::to_string((total - done + speed - 1) / speed) + " s left";
+        text += "  " + std::to_string((total - work.done + speed - 1) / speed) + " s left";
     }
-    return text + (misses > 0 ? "  (X " + std::to_string(misses) + ")" : "");
+    return text + (work.misses > 0 ? "  (X " + std::to_string(work.misses) + ")" : "");
 }
 
 }  // namespace qxmix

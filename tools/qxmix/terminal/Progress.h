@@ -6,6 +6,12 @@
 
 namespace qxmix {
 
+/// How far a long list of calculations is.
+struct WorkProgress {
+    std::uint64_t done = 0;
+    std::uint64_t misses = 0;  ///< deadlines missed
+};
+
 /// A line on standard error that tells how far a long command is: only at a terminal, after half a
 /// second, and wiped at the end.
 class Progress {
@@ -18,8 +24,7 @@ public:
     Progress& operator=(const Progress&) = delete;
     ~Progress() { Wipe(); }
 
-    /// @param misses  deadlines missed so far.
-    void Show(std::uint64_t done, std::uint64_t misses);
+    void Show(const WorkProgress& work);
 
     /// Takes the line away.
     void Wipe();
@@ -37,11 +42,11 @@ private:
 
 /// "map  41%  24600/60000  8200/s  4 s left  (X 24)"
 ///
+/// @param total   calculations.
 /// @param passed  time since the beginning, above 0.
 std::string ProgressText(const std::string& command,
-                         std::uint64_t done,
+                         const WorkProgress& work,
                          std::uint64_t total,
-                         std::uint64_t misses,
                          std::chrono::milliseconds passed);
 
 }  // namespace qxmix

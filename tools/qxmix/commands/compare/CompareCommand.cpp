@@ -3,11 +3,13 @@
 #include "CompareCsv.h"
 #include "CompareJson.h"
 #include "CompareText.h"
+#include "answers/AnswerForms.h"
 #include "commands/map/MapOutput.h"
-#include "dispenser/DispenserReader.h"
 #include "files/Output.h"
 #include "module/LibrarySearch.h"
 #include "module/RegistryImage.h"
+#include "options/AskedModule.h"
+#include "options/DispenserArgument.h"
 #include "terminal/Progress.h"
 
 #include <algorithm>
@@ -18,12 +20,6 @@ namespace qxmix {
 namespace {
 
 constexpr std::uint64_t kMostCells = 10000000;
-constexpr const char* kFormsExpected = ".txt, .json or .csv";
-
-std::string EndingOf(const std::string& file) {
-    const std::size_t dot = file.rfind('.');
-    return dot == std::string::npos ? "" : file.substr(dot);
-}
 
 void CheckAlike(const std::string& name,
                 const std::string& field,
@@ -34,20 +30,6 @@ void CheckAlike(const std::string& name,
                          "; both files must have the same (A has " + a + ")");
     }
 }
-
-/// A library and what it reads, opened once so that it is known to work.
-struct Side {
-    Side(const std::string& library, const CommonOptions& options, MapQuestions& questions)
-        : registry(options.RegistryOr(questions.dispenser.registry)),
-          asker(FindLibrary(library), registry, options.Trace()) {
-        questions.dispenser.registry = TakenValues(registry);
-        asker.Open();
-        asker.KeepRegistry();
-    }
-
-    std::string registry;
-    Asker asker;
-};
 
 }  // namespace
 
@@ -70,22 +52,26 @@ void CompareCommand::AddOptions(CLI::App& command) {
     AddJobsOption(command, jobs_);
     command
         .add_option("--output", output_,
-                    std::string("writes the differences, too; the name ends in ") + kFormsExpected)
+                    std::string("writes the differences, too; the name ends in ") +
+                        kFormsWithoutPage.endings)
         ->type_name("FILE");
 }
 
 ExitStatus CompareCommand::Run(const CommonOptions& options) {
     RequireDifferentFiles({{"--output", output_}, {"--registry-out", options.registryOut}});
-    CheckOutput();
+    const std::optional<OutputForm> form = OutputFormOf(output_, kFormsWithoutPage);
     CompareQuestions questions = Prepare(options);
     const std::vector<std::string>& libraries = options.libraries;
-    Side a(libraries.empty() ? "" : libraries.front(), options, questions.a);
-    Side b(libraries.empty() ? "" : libraries.back(), options, questions.b);
+    AskedModule a(libraries.empty() ? "" : libraries.front(), options, questions.a.dispenser);
+    a.Open();
+    AskedModule b(libraries.empty() ? "" : libraries.back(), options, questions.b.dispenser);
+    b.Open();
     const std::uint64_t cells = questions.a.CellCount();
     Progress progress(Info().name, 2 * cells, options.quiet);
-    const auto ask = [&](const MapQuestions& side, const Side& by, std::uint64_t done) {
-        return AskMap(side, {by.asker.Library(), by.registry}, options.Trace(),
-                      [&](const MapProgress& now) { progress.Show(done + now.done, now.misses); });
+    const auto ask = [&](const MapQuestions& side, const AskedModule& by, std::uint64_t done) {
+        return AskMap(side, by.order, options.Trace(), [&](const WorkProgress& now) {
+            progress.Show({done + now.done, now.misses});
+        });
     };
     const MapAnswers answersA = ask(questions.a, a, 0);
     if (!answersA.isComplete) {
@@ -94,41 +80,24 @@ ExitStatus CompareCommand::Run(const CommonOptions& options) {
     const MapAnswers answersB = ask(questions.b, b, cells);
     progress.Wipe();
     const CompareAnswers answers = Compare(questions, answersA, answersB);
-    Envelope envelope = EnvelopeOf(questions, answers);
-    envelope.module = b.asker.ModuleVersion();
-    envelope.library = FileNameOf(b.asker.Library());
-    envelope.input["libraries"] = {FileNameOf(a.asker.Library()), envelope.library};
-    const auto text = [&](ColorMode color) {
-        return CompareText(questions, answers, Names(options), Painter(color));
-    };
-    OutputFiles files;
-    files.Add(options.registryOut, WithErrorCode(b.asker.Registry(), answersB.lastCode));
-    const std::string ending = EndingOf(output_);
-    files.Add(output_, ending == ".txt"   ? text(ColorMode::Never)
-                       : ending == ".csv" ? CompareCsv(answers)
-                                          : EnvelopeText(envelope));
-    files.Commit();
-    WriteStandardOutput(options.json ? EnvelopeText(envelope) : text(options.color));
-    return envelope.exitStatus;
-}
-
-Envelope CompareCommand::EnvelopeOf(const CompareQuestions& questions,
-                                    const CompareAnswers& answers) const {
-    Envelope envelope;
-    envelope.command = Info().name;
+    Envelope envelope = EnvelopeBy(b.asker, Info().name);
     envelope.complete = answers.isComplete;
     envelope.input = CompareInputJson(questions);
+    envelope.input["libraries"] = {FileNameOf(a.asker.Library()), envelope.library};
     envelope.result = CompareResultJson(questions, answers);
     envelope.exitStatus = ExitStatusOf(answers);
-    return envelope;
-}
-
-void CompareCommand::CheckOutput() const {
-    const std::string ending = EndingOf(output_);
-    if (!output_.empty() && ending != ".txt" && ending != ".json" && ending != ".csv") {
-        throw InputError("--output: " +
-                         NotAllowed(output_, std::string("a name that ends in ") + kFormsExpected));
+    const AnswerForms forms{[&](const Painter& painter) {
+                                return CompareText(questions, answers, Names(options), painter);
+                            },
+                            [&] { return CompareCsv(answers); }, nullptr};
+    OutputFiles files;
+    files.Add(options.registryOut, WithErrorCode(b.asker.Registry(), answersB.lastCode));
+    if (form) {
+        files.Add(output_, forms.File(*form, envelope));
     }
+    files.Commit();
+    WriteStandardOutput(options.json ? EnvelopeText(envelope) : forms.text(Painter(options.color)));
+    return envelope.exitStatus;
 }
 
 CompareQuestions CompareCommand::Prepare(const CommonOptions& options) const {
@@ -167,8 +136,7 @@ CompareQuestions CompareCommand::Prepare(const CommonOptions& options) const {
 MapQuestions CompareCommand::PrepareSide(const std::string& name,
                                          const CommonOptions& options) const {
     MapQuestions side;
-    side.dispenser = OpenDispenser(name);
-    ask_.ApplyTo(side.dispenser);
+    side.dispenser = DispenserAsked(name, ask_);
     side.mixes = ask_.Mixes(side.dispenser);
     side.deadline = options.deadline.value_or(side.deadline);
     side.jobs = jobs_.Count();

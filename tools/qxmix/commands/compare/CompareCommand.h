@@ -1,7 +1,6 @@
 #pragma once
 
 #include "CompareAnswers.h"
-#include "answers/Envelope.h"
 #include "options/AmountRange.h"
 #include "options/AskOptions.h"
 #include "options/Command.h"
@@ -22,8 +21,6 @@ public:
 private:
     CompareQuestions Prepare(const CommonOptions& options) const;
     MapQuestions PrepareSide(const std::string& name, const CommonOptions& options) const;
-    void CheckOutput() const;
-    Envelope EnvelopeOf(const CompareQuestions& questions, const CompareAnswers& answers) const;
     AmountRange RangeOf(const CompareQuestions& questions) const;
     std::array<std::string, 2> Names(const CommonOptions& options) const;
 

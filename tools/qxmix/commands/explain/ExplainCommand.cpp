@@ -8,8 +8,7 @@
 #include "dispenser/DispenserReader.h"
 #include "files/InputFile.h"
 #include "files/Output.h"
-#include "module/LibrarySearch.h"
-#include "module/RegistryImage.h"
+#include "options/AskedModule.h"
 #include "requests/Request.h"
 #include "text/Duration.h"
 
@@ -39,10 +38,7 @@ std::string AnswerJson(const MixQuestions& questions,
                        const MixAnswers& answers,
                        const std::optional<Explanation>& story,
                        const Asker& asker) {
-    Envelope envelope;
-    envelope.module = asker.ModuleVersion();
-    envelope.library = FileNameOf(asker.Library());
-    envelope.command = "explain";
+    Envelope envelope = EnvelopeBy(asker, "explain");
     envelope.complete = answers.isComplete;
     envelope.input = {{"dispenser", DispenserJson(questions.dispenser)},
                       {"amount", questions.amount},
@@ -77,48 +73,32 @@ const CommandInfo& ExplainCommand::Info() const {
 }
 
 void ExplainCommand::AddOptions(CLI::App& command) {
-    command.add_option("DISPENSER", dispenser_, "dispenser file, - or inline");
-    command.add_option("--amount", amount_, "what to pay, a whole number of 10^exponent units")
-        ->type_name("A");
-    AddAskOptions(command, ask_);
+    AddAmountArguments(command, asked_);
 }
 
 ExitStatus ExplainCommand::Run(const CommonOptions& options) {
     MixQuestions questions = Prepare();
     questions.deadline = options.deadline.value_or(questions.deadline);
-    const std::string registry = options.RegistryOr(questions.dispenser.registry);
-    questions.dispenser.registry = TakenValues(registry);
-
-    Asker asker(FindLibrary(options.Library()), registry, options.Trace());
-    MixAnswers answers = AskMixes(questions, asker, !options.registryOut.empty());
-    const std::optional<Explanation> story = TryToExplain(questions, answers, asker);
+    AskedModule module(options.Library(), options, questions.dispenser);
+    MixAnswers answers = AskMixes(questions, module.asker, !options.registryOut.empty());
+    const std::optional<Explanation> story = TryToExplain(questions, answers, module.asker);
     if (answers.answers.empty() && !options.json) {
         throw Interruption();
     }
-    const std::string text = options.json ? AnswerJson(questions, answers, story, asker)
+    const std::string text = options.json ? AnswerJson(questions, answers, story, module.asker)
                                           : AnswerText(questions, answers, story, options);
     OutputFiles files;
-    files.Add(options.registryOut, asker.Registry());
+    files.Add(options.registryOut, module.asker.Registry());
     files.Commit();
     WriteStandardOutput(text);
     return ExitStatusOf(answers);
 }
 
 MixQuestions ExplainCommand::Prepare() const {
-    if (dispenser_.empty()) {
-        throw InputError("DISPENSER: missing; expected a file, - or a dispenser such as "
-                         "EUR:50x10,20x10");
-    }
-    if (amount_.empty()) {
-        throw InputError("--amount: missing; expected what to pay");
-    }
-    MixQuestions questions;
-    questions.dispenser = OpenDispenser(dispenser_);
-    ask_.ApplyTo(questions.dispenser);
-    questions.amount = ParseAmount(amount_, "--amount", questions.dispenser);
-    const std::vector<std::uint16_t> mixes = ask_.Mixes(questions.dispenser);
+    MixQuestions questions = asked_.Questions();
+    const std::vector<std::uint16_t> mixes = asked_.ask.Mixes(questions.dispenser);
     if (mixes.size() != 1) {
-        throw InputError(std::string(ask_.mixes.empty() ? "--mix" : "--mixes") + ": " +
+        throw InputError(std::string(asked_.ask.mixes.empty() ? "--mix" : "--mixes") + ": " +
                          std::to_string(mixes.size()) + " mixes; expected one");
     }
     questions.requests = {BuildRequest(questions.dispenser, questions.amount, mixes.front())};

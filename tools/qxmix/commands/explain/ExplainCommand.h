@@ -1,7 +1,6 @@
 #pragma once
 
-#include "commands/mix/MixAnswers.h"
-#include "options/AskOptions.h"
+#include "commands/mix/AmountArguments.h"
 #include "options/Command.h"
 
 #include <string>
@@ -18,9 +17,7 @@ public:
 private:
     MixQuestions Prepare() const;
 
-    std::string dispenser_;  // as named on the command line
-    std::string amount_;
-    AskOptions ask_;
+    AmountArguments asked_;
 };
 
 }  // namespace qxmix

@@ -63,7 +63,7 @@ private:
         if (questions.listed.empty()) {
             return paid;
         }
-        const MapAnswers answers = AskMap(questions, order_, nullptr, [](const MapProgress&) {});
+        const MapAnswers answers = AskMap(questions, order_, nullptr, [](const WorkProgress&) {});
         for (const MapRow& row : answers.rows) {
             MapRowReader reader(row);
             for (std::uint64_t place = 0; place < row.Size(); ++place) {
@@ -162,7 +162,7 @@ LintCase AskLint(const LintQuestions& questions,
                  const OpenOrder& order,
                  Asker& asker,
                  const TraceSink& trace,
-                 const std::function<void(const MapProgress&)>& progress) {
+                 const ProgressListener& progress) {
     LintCase lint;
     lint.questions = questions.map;
     lint.registry = questions.registry;

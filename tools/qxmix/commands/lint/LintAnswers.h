@@ -29,6 +29,6 @@ LintCase AskLint(const LintQuestions& questions,
                  const OpenOrder& order,
                  Asker& asker,
                  const TraceSink& trace,
-                 const std::function<void(const MapProgress&)>& progress);
+                 const ProgressListener& progress);
 
 }  // namespace qxmix

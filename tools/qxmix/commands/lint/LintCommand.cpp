@@ -5,10 +5,11 @@
 #include "LintText.h"
 #include "answers/Envelope.h"
 #include "commands/map/MapOutput.h"
-#include "dispenser/DispenserReader.h"
 #include "files/Output.h"
 #include "module/LibrarySearch.h"
 #include "module/RegistryImage.h"
+#include "options/AskedModule.h"
+#include "options/DispenserArgument.h"
 #include "options/MixList.h"
 #include "terminal/Progress.h"
 #include "text/Duration.h"
@@ -48,7 +49,7 @@ const CommandInfo& LintCommand::Info() const {
 }
 
 void LintCommand::AddOptions(CLI::App& command) {
-    command.add_option("DISPENSER", dispenser_, "dispenser file, - or inline");
+    AddDispenserArgument(command, dispenser_);
     AddAmountRangeOptions(command, range_);
     AddAskOptions(command, ask_);
     command.add_option("--slow", slow_, "answers that take longer are reported; 20ms unless given")
@@ -58,39 +59,29 @@ void LintCommand::AddOptions(CLI::App& command) {
 
 ExitStatus LintCommand::Run(const CommonOptions& options) {
     LintQuestions questions = Prepare(options);
-    questions.registry = options.RegistryOr(questions.map.dispenser.registry);
-    questions.map.dispenser.registry = TakenValues(questions.registry);
-
-    const OpenOrder order{FindLibrary(options.Library()), questions.registry};
-    Asker asker(order.library, order.registry, options.Trace());
-    asker.Open();
-    asker.KeepRegistry();
+    AskedModule module(options.Library(), options, questions.map.dispenser);
+    questions.registry = module.order.registry;
+    module.Open();
     Progress progress(Info().name, questions.map.CellCount(), options.quiet);
-    const LintCase lint =
-        AskLint(questions, order, asker, options.Trace(),
-                [&progress](const MapProgress& now) { progress.Show(now.done, now.misses); });
+    const LintCase lint = AskLint(questions, module.order, module.asker, options.Trace(),
+                                  [&progress](const WorkProgress& now) { progress.Show(now); });
     progress.Wipe();
     const std::vector<LintFinding> findings = CheckAll(lint);
     OutputFiles files;
-    files.Add(options.registryOut, WithErrorCode(asker.Registry(), lint.lastCode));
+    files.Add(options.registryOut, WithErrorCode(module.asker.Registry(), lint.lastCode));
     files.Commit();
     WriteStandardOutput(options.json
-                            ? RenderJson(lint, findings, asker)
+                            ? RenderJson(lint, findings, module.asker)
                             : LintText(lint, findings, options.quiet, Painter(options.color)));
     return StatusOf(lint, findings);
 }
 
 LintQuestions LintCommand::Prepare(const CommonOptions& options) const {
-    if (dispenser_.empty()) {
-        throw InputError("DISPENSER: missing; expected a file, - or a dispenser such as "
-                         "EUR:50x10,20x10");
-    }
+    RequireDispenser(dispenser_);
     LintQuestions questions;
     MapQuestions& map = questions.map;
-    map.dispenser = OpenDispenser(dispenser_);
-    ask_.ApplyTo(map.dispenser);
-    const bool namesMixes = map.dispenser.mix || !ask_.mix.empty() || !ask_.mixes.empty();
-    map.mixes = namesMixes ? ask_.Mixes(map.dispenser) : AllMixes();
+    map.dispenser = DispenserAsked(dispenser_, ask_);
+    map.mixes = map.dispenser.mix ? ask_.Mixes(map.dispenser) : ask_.MixesOrAll(map.dispenser);
     const AmountRange range = range_.RangeOf(map.dispenser);
     map.from = range.from;
     map.to = range.to;
@@ -113,10 +104,7 @@ LintQuestions LintCommand::Prepare(const CommonOptions& options) const {
 std::string LintCommand::RenderJson(const LintCase& lint,
                                     const std::vector<LintFinding>& findings,
                                     const Asker& asker) const {
-    Envelope envelope;
-    envelope.module = asker.ModuleVersion();
-    envelope.library = FileNameOf(asker.Library());
-    envelope.command = Info().name;
+    Envelope envelope = EnvelopeBy(asker, Info().name);
     envelope.complete = lint.isComplete;
     envelope.input = LintInputJson(lint);
     envelope.result = LintResultJson(findings);

@@ -3,7 +3,6 @@
 #include "answers/Judgement.h"
 #include "requests/Request.h"
 #include "workers/AdaptiveDeadline.h"
-#include "workers/WorkerPool.h"
 
 #include <algorithm>
 #include <deque>
@@ -15,7 +14,7 @@ namespace qxmix {
 namespace {
 
 /// Hands out the cells amount by amount, and files the answers in that order.
-class MapDesk {
+class MapDesk final : public Desk {
 public:
     MapDesk(const MapQuestions& questions, MapAnswers& answers)
         : questions_(questions), answers_(answers),
@@ -26,7 +25,7 @@ public:
         answers_.rows.resize(questions.mixes.size());
     }
 
-    std::optional<WorkerPool::Task> NextTask() {
+    std::optional<WorkerPool::Task> NextTask() override {
         if (next_ == questions_.CellCount()) {
             return std::nullopt;
         }
@@ -40,12 +39,11 @@ public:
         return task;
     }
 
-    void Take(const WorkerPool::Task& task, const Reply& reply) {
+    void Take(const WorkerPool::Task& task, const Reply& reply) override {
         const Outcome outcome = Judge(questions_.dispenser, AmountOf(task.number), reply).outcome;
         const bool isMiss = outcome == Outcome::NoAnswer;
         deadlines_[RowOf(task.number)].Note(isMiss);
-        ++progress_.done;
-        progress_.misses += isMiss ? 1U : 0U;
+        CountDone(1, isMiss ? 1 : 0);
         const auto place = static_cast<std::size_t>(task.number - filed_);
         if (waiting_.size() <= place) {
             waiting_.resize(place + 1);
@@ -53,8 +51,6 @@ public:
         waiting_[place] = CellOf(reply, outcome, task.deadline);
         FileWholeAmounts();
     }
-
-    const MapProgress& Progress() const { return progress_; }
 
 private:
     std::size_t RowOf(std::uint64_t number) const {
@@ -91,7 +87,6 @@ private:
     std::uint64_t next_ = 0;   // number of the cell to ask next
     std::uint64_t filed_ = 0;  // cells filed, and so the number of the first that waits
     std::deque<std::optional<MapCell>> waiting_;
-    MapProgress progress_;
 };
 
 }  // namespace
@@ -99,20 +94,10 @@ private:
 MapAnswers AskMap(const MapQuestions& questions,
                   const OpenOrder& order,
                   const TraceSink& trace,
-                  const std::function<void(const MapProgress&)>& progress) {
+                  const ProgressListener& progress) {
     MapAnswers answers;
     MapDesk desk(questions, answers);
-    // Lines of several workers would be all mixed up.
-    WorkerPool pool(order, trace == nullptr ? questions.jobs : 1, trace);
-    try {
-        pool.Run([&desk] { return desk.NextTask(); },
-                 [&desk, &progress](const WorkerPool::Task& task, const Reply& reply) {
-                     desk.Take(task, reply);
-                     progress(desk.Progress());
-                 });
-    } catch (const Interruption&) {
-        answers.isComplete = false;
-    }
+    answers.isComplete = WorkOff(desk, order, questions.jobs, trace, progress);
     return answers;
 }
 

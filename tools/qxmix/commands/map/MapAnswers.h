@@ -2,9 +2,9 @@
 
 #include "MapQuestions.h"
 #include "MapRow.h"
+#include "workers/Desk.h"
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -19,12 +19,6 @@ struct MapAnswers {
     std::uint64_t AmountCount() const { return rows.empty() ? 0 : rows.front().Size(); }
 };
 
-/// How far a map is.
-struct MapProgress {
-    std::uint64_t done = 0;  ///< cells
-    std::uint64_t misses = 0;
-};
-
 /// Asks all mixes for one amount after the other.
 ///
 /// @param order     the library and what it reads.
@@ -34,7 +28,7 @@ struct MapProgress {
 MapAnswers AskMap(const MapQuestions& questions,
                   const OpenOrder& order,
                   const TraceSink& trace,
-                  const std::function<void(const MapProgress&)>& progress);
+                  const ProgressListener& progress);
 
 /// The highest exit status of the answers, or that of an interruption.
 ExitStatus ExitStatusOf(const MapAnswers& answers);

@@ -1,15 +1,16 @@
 #include "MapCommand.h"
 
+#include "MapCsv.h"
 #include "MapJson.h"
 #include "MapOutput.h"
+#include "MapPage.h"
 #include "MapText.h"
 #include "MapVerdict.h"
-#include "answers/Envelope.h"
-#include "dispenser/DispenserReader.h"
+#include "answers/AnswerForms.h"
 #include "files/Output.h"
-#include "module/LibrarySearch.h"
 #include "module/RegistryImage.h"
-#include "options/MixList.h"
+#include "options/AskedModule.h"
+#include "options/DispenserArgument.h"
 #include "options/ShellWords.h"
 #include "terminal/Progress.h"
 #include "text/Duration.h"
@@ -33,13 +34,13 @@ const CommandInfo& MapCommand::Info() const {
 }
 
 void MapCommand::AddOptions(CLI::App& command) {
-    command.add_option("DISPENSER", dispenser_, "dispenser file, - or inline");
+    AddDispenserArgument(command, dispenser_);
     AddAmountRangeOptions(command, range_);
     AddAskOptions(command, ask_);
     AddJobsOption(command, jobs_);
     command
         .add_option("--output", output_,
-                    "writes the map, too; the name ends in " + std::string(kOutputFormsExpected))
+                    "writes the map, too; the name ends in " + std::string(kAllForms.endings))
         ->type_name("FILE");
 }
 
@@ -47,26 +48,17 @@ ExitStatus MapCommand::Run(const CommonOptions& options) {
     RequireDifferentFiles({{"--output", output_}, {"--registry-out", options.registryOut}});
     MapQuestions questions = Prepare(options);
     const std::optional<OutputForm> form = MapFormOf(output_, questions);
-    const std::string registry = options.RegistryOr(questions.dispenser.registry);
-    questions.dispenser.registry = TakenValues(registry);
-
-    const OpenOrder order{FindLibrary(options.Library()), registry};
-    Asker asker(order.library, order.registry, options.Trace());
-    asker.Open();
-    asker.KeepRegistry();
+    AskedModule module(options.Library(), options, questions.dispenser);
+    module.Open();
     Progress progress(Info().name, questions.CellCount(), options.quiet);
-    const MapAnswers answers =
-        AskMap(questions, order, options.Trace(),
-               [&progress](const MapProgress& now) { progress.Show(now.done, now.misses); });
+    const MapAnswers answers = AskMap(questions, module.order, options.Trace(),
+                                      [&progress](const WorkProgress& now) { progress.Show(now); });
     progress.Wipe();
     if (answers.AmountCount() == 0 && !options.json) {
         throw Interruption();
     }
 
-    Envelope envelope;
-    envelope.module = asker.ModuleVersion();
-    envelope.library = FileNameOf(asker.Library());
-    envelope.command = Info().name;
+    Envelope envelope = EnvelopeBy(module.asker, Info().name);
     envelope.complete = answers.isComplete;
     envelope.warnings = FindingsOf(questions, answers);
     envelope.exitStatus = ExitStatusOf(answers);
@@ -74,28 +66,25 @@ ExitStatus MapCommand::Run(const CommonOptions& options) {
         envelope.input = MapInputJson(questions);
         envelope.result = MapResultJson(questions, answers);
     }
+    const AnswerForms forms{
+        [&](const Painter& painter) { return MapText(questions, answers, painter); },
+        [&] { return MapCsv(questions, answers); },
+        [&] { return MapPage(questions, answers, envelope, CommandLine(questions, options)); }};
     OutputFiles files;
-    files.Add(options.registryOut, WithErrorCode(asker.Registry(), answers.lastCode));
+    files.Add(options.registryOut, WithErrorCode(module.asker.Registry(), answers.lastCode));
     if (form) {
-        files.Add(output_,
-                  MapFile(*form, questions, answers, envelope, CommandLine(questions, options)));
+        files.Add(output_, forms.File(*form, envelope));
     }
     files.Commit();
-    WriteStandardOutput(options.json ? EnvelopeText(envelope)
-                                     : MapText(questions, answers, Painter(options.color)));
+    WriteStandardOutput(options.json ? EnvelopeText(envelope) : forms.text(Painter(options.color)));
     return envelope.exitStatus;
 }
 
 MapQuestions MapCommand::Prepare(const CommonOptions& options) const {
-    if (dispenser_.empty()) {
-        throw InputError("DISPENSER: missing; expected a file, - or a dispenser such as "
-                         "EUR:50x10,20x10");
-    }
+    RequireDispenser(dispenser_);
     MapQuestions questions;
-    questions.dispenser = OpenDispenser(dispenser_);
-    ask_.ApplyTo(questions.dispenser);
-    const bool namesMixes = !ask_.mix.empty() || !ask_.mixes.empty();
-    questions.mixes = namesMixes ? ask_.Mixes(questions.dispenser) : AllMixes();
+    questions.dispenser = DispenserAsked(dispenser_, ask_);
+    questions.mixes = ask_.MixesOrAll(questions.dispenser);
     const AmountRange range = range_.RangeOf(questions.dispenser);
     questions.from = range.from;
     questions.to = range.to;

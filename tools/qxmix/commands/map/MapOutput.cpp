@@ -1,35 +1,15 @@
 #include "MapOutput.h"
 
-#include "MapCsv.h"
 #include "MapPage.h"
-#include "MapText.h"
 
 namespace qxmix {
 
 std::optional<OutputForm> MapFormOf(const std::string& file, const MapQuestions& questions) {
-    const std::optional<OutputForm> form = OutputFormOf(file);
+    const std::optional<OutputForm> form = OutputFormOf(file, kAllForms);
     if (form == OutputForm::Page) {
         CheckCellCount(questions, kMostPageCells, "--output");
     }
     return form;
-}
-
-std::string MapFile(OutputForm form,
-                    const MapQuestions& questions,
-                    const MapAnswers& answers,
-                    const Envelope& envelope,
-                    const std::string& commandLine) {
-    switch (form) {
-    case OutputForm::TextFile:
-        return MapText(questions, answers, Painter(ColorMode::Never));
-    case OutputForm::CsvFile:
-        return MapCsv(questions, answers);
-    case OutputForm::Page:
-        return MapPage(questions, answers, envelope, commandLine);
-    case OutputForm::JsonFile:
-        break;
-    }
-    return EnvelopeText(envelope);
 }
 
 void CheckCellCount(const MapQuestions& questions, std::uint64_t most, const std::string& option) {

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "MapAnswers.h"
-#include "answers/Envelope.h"
+#include "MapQuestions.h"
 #include "files/OutputForm.h"
 
 #include <cstdint>
@@ -15,17 +14,6 @@ namespace qxmix {
 /// @param file  empty: none.
 /// @throw InputError when the name asks for no form, or for one that cannot hold so much.
 std::optional<OutputForm> MapFormOf(const std::string& file, const MapQuestions& questions);
-
-/// What a file of this form holds.
-///
-/// @param envelope     with the map in it if the form needs it (NeedsResult).
-/// @param commandLine  shown in a page.
-/// @throw InputError when a page would be too large.
-std::string MapFile(OutputForm form,
-                    const MapQuestions& questions,
-                    const MapAnswers& answers,
-                    const Envelope& envelope,
-                    const std::string& commandLine);
 
 /// Refuses maps that are too large, and says which step would do.
 ///

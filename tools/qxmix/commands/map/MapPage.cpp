@@ -9,27 +9,8 @@ namespace qxmix {
 namespace {
 
 std::string Script() {
-    return std::string(kPartsScript) + std::string(kMapModelScript) + std::string(kMapGridScript) +
+    return std::string(kMapModelScript) + std::string(kMapGridScript) +
            std::string(kMapTablesScript) + std::string(kMapStartScript);
-}
-
-/// The counts as a table, for readers whose browser runs no scripts. It holds nothing but the
-/// tool's own words and numbers.
-std::string SummaryTable(const MapQuestions& questions, const MapAnswers& answers) {
-    std::string table = "<table><caption>Amounts of each outcome</caption><thead><tr><th "
-                        "scope=\"col\">mix</th>";
-    for (const OutcomeRow& outcome : OutcomeTable()) {
-        table += std::string("<th scope=\"col\">") + outcome.words + "</th>";
-    }
-    table += "</tr></thead><tbody>\n";
-    for (std::size_t row = 0; row < answers.rows.size(); ++row) {
-        table += "<tr><th scope=\"row\">" + std::to_string(questions.mixes[row]) + "</th>";
-        for (const OutcomeRow& outcome : OutcomeTable()) {
-            table += "<td>" + std::to_string(answers.rows[row].Count(outcome.outcome)) + "</td>";
-        }
-        table += "</tr>\n";
-    }
-    return table + "</tbody></table>";
 }
 
 Json PageJson(const MapQuestions& questions,
@@ -45,10 +26,10 @@ Json PageJson(const MapQuestions& questions,
             {"outcomes", OutcomesJson()}};
 }
 
-/// Steps with which the page would be small enough, by the size that it has.
-std::uint64_t FittingStep(const MapQuestions& questions, std::size_t size) {
+/// What would make the page small enough, by the size that it has.
+std::string FittingText(const MapQuestions& questions, std::size_t size) {
     const std::uint64_t times = size / kMostPageBytes + 1;
-    return questions.step * times;
+    return "as with --step " + std::to_string(questions.step * times) + " or fewer --mixes";
 }
 
 }  // namespace
@@ -57,21 +38,20 @@ std::string MapPage(const MapQuestions& questions,
                     const MapAnswers& answers,
                     const Envelope& envelope,
                     const std::string& commandLine) {
-    const Json page = PageJson(questions, answers, commandLine);
-    const std::string text = FillPage(
-        kMapHtml, {{"style", std::string(kPartsCss) + std::string(kMapCss)},
-                   {"colours", OutcomeStyles()},
-                   {"summary", SummaryTable(questions, answers)},
-                   {"answer", JsonInPage(EnvelopeText(envelope))},
-                   {"page", JsonInPage(page.dump(-1, ' ', false, Json::error_handler_t::replace))},
-                   {"script", Script()}});
-    if (text.size() > kMostPageBytes) {
-        throw InputError("--output: a page of " + std::to_string(text.size()) +
-                         " bytes is too large; expected at most " + std::to_string(kMostPageBytes) +
-                         ", as with --step " + std::to_string(FittingStep(questions, text.size())) +
-                         " or fewer --mixes");
-    }
-    return text;
+    PageParts parts;
+    parts.title = "qxmix map";
+    parts.withoutScript =
+        "This page draws its map with a script. Without it, here is how often each outcome occurs.";
+    parts.summary = OutcomeCountTable("Amounts of each outcome", questions.mixes,
+                                      [&answers](std::size_t place, Outcome outcome) {
+                                          return answers.rows[place].Count(outcome);
+                                      });
+    parts.main = kMapHtml;
+    parts.style = kMapCss;
+    parts.script = Script();
+    parts.page = PageJson(questions, answers, commandLine);
+    parts.fitting = [&questions](std::size_t size) { return FittingText(questions, size); };
+    return PageText(parts, envelope);
 }
 
 }  // namespace qxmix

@@ -8,8 +8,7 @@
 #include "dispenser/DispenserReader.h"
 #include "files/InputFile.h"
 #include "files/Output.h"
-#include "module/LibrarySearch.h"
-#include "module/RegistryImage.h"
+#include "options/AskedModule.h"
 #include "requests/Request.h"
 #include "text/Duration.h"
 #include "text/Hex.h"
@@ -76,10 +75,7 @@ const CommandInfo& MixCommand::Info() const {
 }
 
 void MixCommand::AddOptions(CLI::App& command) {
-    command.add_option("DISPENSER", dispenser_, "dispenser file, - or inline");
-    command.add_option("--amount", amount_, "what to pay, a whole number of 10^exponent units")
-        ->type_name("A");
-    AddAskOptions(command, ask_);
+    AddAmountArguments(command, asked_);
     command
         .add_option("--raw-in", rawIn_,
                     "captured request of 1060 bytes; a dispenser beside it lends labels and worth")
@@ -99,47 +95,35 @@ ExitStatus MixCommand::Run(const CommonOptions& options) {
         throw InputError("--raw-out: " + std::to_string(questions.requests.size()) +
                          " mixes asked; expected one");
     }
-    const std::string registry = options.RegistryOr(questions.dispenser.registry);
-    questions.dispenser.registry = TakenValues(registry);
-
-    Asker asker(FindLibrary(options.Library()), registry, options.Trace());
-    const MixAnswers answers = AskMixes(questions, asker, !options.registryOut.empty());
+    AskedModule module(options.Library(), options, questions.dispenser);
+    const MixAnswers answers = AskMixes(questions, module.asker, !options.registryOut.empty());
     if (answers.answers.empty() && !options.json) {
         throw Interruption();
     }
-    const std::string text = Render(options, questions, answers, asker);
-    WriteFiles(options, answers, asker.Registry());
+    const std::string text = Render(options, questions, answers, module.asker);
+    WriteFiles(options, answers, module.asker.Registry());
     WriteStandardOutput(text);
     return ExitStatusOf(answers);
 }
 
 MixQuestions MixCommand::Prepare() const {
-    if (dispenser_.empty()) {
-        throw InputError("DISPENSER: missing; expected a file, - or a dispenser such as "
-                         "EUR:50x10,20x10");
-    }
-    if (amount_.empty()) {
-        throw InputError("--amount: missing; expected what to pay");
-    }
-    MixQuestions questions;
-    questions.dispenser = OpenDispenser(dispenser_);
-    ask_.ApplyTo(questions.dispenser);
-    questions.amount = ParseAmount(amount_, "--amount", questions.dispenser);
-    questions.asksList = ask_.AsksList();
-    for (const std::uint16_t mix : ask_.Mixes(questions.dispenser)) {
+    MixQuestions questions = asked_.Questions();
+    questions.asksList = asked_.ask.AsksList();
+    for (const std::uint16_t mix : asked_.ask.Mixes(questions.dispenser)) {
         questions.requests.push_back(BuildRequest(questions.dispenser, questions.amount, mix));
     }
     return questions;
 }
 
 MixQuestions MixCommand::PrepareRaw() const {
-    if (!amount_.empty() || ask_.AnyGiven()) {
+    if (!asked_.amount.empty() || asked_.ask.AnyGiven()) {
         throw InputError("--raw-in: given beside options that ask something else; expected alone, "
                          "the request is asked as it stands");
     }
     const MixRequest request = ReadRawRequest(rawIn_);
     MixQuestions questions;
-    const Dispenser known = dispenser_.empty() ? Dispenser{} : OpenDispenser(dispenser_);
+    const Dispenser known =
+        asked_.dispenser.empty() ? Dispenser{} : OpenDispenser(asked_.dispenser);
     questions.dispenser = DispenserOfRequest(request, known);
     questions.amount = request.ulAmount;
     questions.requests = {request};
@@ -172,10 +156,7 @@ std::string MixCommand::Render(const CommonOptions& options,
                                const MixAnswers& answers,
                                const Asker& asker) const {
     if (options.json) {
-        Envelope envelope;
-        envelope.module = asker.ModuleVersion();
-        envelope.library = FileNameOf(asker.Library());
-        envelope.command = Info().name;
+        Envelope envelope = EnvelopeBy(asker, Info().name);
         envelope.complete = answers.isComplete;
         envelope.input = InputJson(questions, !rawIn_.empty());
         envelope.result = AnswersJson(questions, answers);

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "AmountArguments.h"
 #include "MixAnswers.h"
-#include "options/AskOptions.h"
 #include "options/Command.h"
 
 #include <string>
@@ -26,12 +26,10 @@ private:
                        const MixAnswers& answers,
                        const Asker& asker) const;
 
-    std::string dispenser_;  // as named on the command line
-    std::string amount_;
+    AmountArguments asked_;
     std::string rawIn_;
     std::string rawOut_;
     std::string record_;
-    AskOptions ask_;
 };
 
 }  // namespace qxmix

@@ -122,10 +122,7 @@ ExitStatus RegistryCommand::Run(const CommonOptions& options) {
     files.Add(options.registryOut, asker.Registry());
     files.Commit();
     if (options.json) {
-        Envelope envelope;
-        envelope.module = asker.ModuleVersion();
-        envelope.library = FileNameOf(asker.Library());
-        envelope.command = Info().name;
+        Envelope envelope = EnvelopeBy(asker, Info().name);
         envelope.input = {{"file", file_}, {"set", settings_}, {"clearError", clearsError_}};
         envelope.result = ValuesJson(registry, taken);
         envelope.warnings = findings;

@@ -1,17 +1,17 @@
 #include "SimulateCommand.h"
 
+#include "SimulationCsv.h"
 #include "SimulationJson.h"
-#include "SimulationOutput.h"
+#include "SimulationPage.h"
 #include "SimulationText.h"
 #include "SimulationVerdict.h"
-#include "answers/Envelope.h"
+#include "answers/AnswerForms.h"
 #include "demand/DemandReader.h"
-#include "dispenser/DispenserReader.h"
 #include "files/Output.h"
 #include "files/OutputForm.h"
-#include "module/LibrarySearch.h"
 #include "module/RegistryImage.h"
-#include "options/MixList.h"
+#include "options/AskedModule.h"
+#include "options/DispenserArgument.h"
 #include "options/ShellWords.h"
 #include "terminal/Progress.h"
 
@@ -36,7 +36,7 @@ const CommandInfo& SimulateCommand::Info() const {
 }
 
 void SimulateCommand::AddOptions(CLI::App& command) {
-    command.add_option("DISPENSER", dispenser_, "dispenser file, - or inline");
+    AddDispenserArgument(command, dispenser_);
     command
         .add_option(
             "--demand", demand_,
@@ -56,35 +56,26 @@ void SimulateCommand::AddOptions(CLI::App& command) {
     command
         .add_option("--output", output_,
                     "writes the simulation, too; the name ends in " +
-                        std::string(kOutputFormsExpected))
+                        std::string(kAllForms.endings))
         ->type_name("FILE");
 }
 
 ExitStatus SimulateCommand::Run(const CommonOptions& options) {
     RequireDifferentFiles({{"--output", output_}, {"--registry-out", options.registryOut}});
-    const std::optional<OutputForm> form = OutputFormOf(output_);
+    const std::optional<OutputForm> form = OutputFormOf(output_, kAllForms);
     SimulationQuestions questions = Prepare(options);
-    const std::string registry = options.RegistryOr(questions.dispenser.registry);
-    questions.dispenser.registry = TakenValues(registry);
-
-    const OpenOrder order{FindLibrary(options.Library()), registry};
-    Asker asker(order.library, order.registry, options.Trace());
-    asker.Open();
-    asker.KeepRegistry();
+    AskedModule module(options.Library(), options, questions.dispenser);
+    module.Open();
     Progress progress(Info().name, questions.CalculationCount(), options.quiet);
     const SimulationAnswers answers =
-        Simulate(questions, order, options.Trace(), [&progress](const SimulationProgress& now) {
-            progress.Show(now.done, now.misses);
-        });
+        Simulate(questions, module.order, options.Trace(),
+                 [&progress](const WorkProgress& now) { progress.Show(now); });
     progress.Wipe();
     if (answers.demand.withdrawals.empty() && !options.json) {
         throw Interruption();
     }
 
-    Envelope envelope;
-    envelope.module = asker.ModuleVersion();
-    envelope.library = FileNameOf(asker.Library());
-    envelope.command = Info().name;
+    Envelope envelope = EnvelopeBy(module.asker, Info().name);
     envelope.complete = answers.isComplete;
     envelope.warnings = FindingsOf(questions, answers);
     envelope.exitStatus = ExitStatusOf(answers);
@@ -92,23 +83,24 @@ ExitStatus SimulateCommand::Run(const CommonOptions& options) {
         envelope.input = SimulationInputJson(questions);
         envelope.result = SimulationResultJson(questions, answers);
     }
+    const AnswerForms forms{
+        [&](const Painter& painter) { return SimulationText(questions, answers, painter); },
+        [&] { return SimulationCsv(questions, answers); },
+        [&] {
+            return SimulationPage(questions, answers, envelope, CommandLine(questions, options));
+        }};
     OutputFiles files;
-    files.Add(options.registryOut, WithErrorCode(asker.Registry(), answers.lastCode));
+    files.Add(options.registryOut, WithErrorCode(module.asker.Registry(), answers.lastCode));
     if (form) {
-        files.Add(output_, SimulationFile(*form, questions, answers, envelope,
-                                          CommandLine(questions, options)));
+        files.Add(output_, forms.File(*form, envelope));
     }
     files.Commit();
-    WriteStandardOutput(options.json ? EnvelopeText(envelope)
-                                     : SimulationText(questions, answers, Painter(options.color)));
+    WriteStandardOutput(options.json ? EnvelopeText(envelope) : forms.text(Painter(options.color)));
     return envelope.exitStatus;
 }
 
 SimulationQuestions SimulateCommand::Prepare(const CommonOptions& options) const {
-    if (dispenser_.empty()) {
-        throw InputError("DISPENSER: missing; expected a file, - or a dispenser such as "
-                         "EUR:50x10,20x10");
-    }
+    RequireDispenser(dispenser_);
     if (demand_.empty()) {
         throw InputError("--demand: missing; expected a file of withdrawals such as "
                          "examples/week.json");
@@ -117,10 +109,8 @@ SimulationQuestions SimulateCommand::Prepare(const CommonOptions& options) const
         throw InputError("--demand: - is taken by the dispenser; expected a file");
     }
     SimulationQuestions questions;
-    questions.dispenser = OpenDispenser(dispenser_);
-    ask_.ApplyTo(questions.dispenser);
-    const bool namesMixes = !ask_.mix.empty() || !ask_.mixes.empty();
-    questions.mixes = namesMixes ? ask_.Mixes(questions.dispenser) : AllMixes();
+    questions.dispenser = DispenserAsked(dispenser_, ask_);
+    questions.mixes = ask_.MixesOrAll(questions.dispenser);
     questions.demand = OpenDemand(demand_, questions.dispenser);
     questions.seed = seed_.value_or(questions.seed);
     questions.runs = runs_.value_or(questions.runs);

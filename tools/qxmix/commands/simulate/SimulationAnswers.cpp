@@ -1,7 +1,5 @@
 #include "SimulationAnswers.h"
 
-#include "workers/WorkerPool.h"
-
 #include <algorithm>
 #include <deque>
 #include <map>
@@ -16,14 +14,14 @@ namespace {
 ///
 /// As many simulations wait for an answer as there are busy workers: whoever brings an answer
 /// takes the next question of some simulation with it.
-class SimulationDesk {
+class SimulationDesk final : public Desk {
 public:
     SimulationDesk(const SimulationQuestions& questions, SimulationAnswers& answers)
         : questions_(questions), answers_(answers), codes_(questions.mixes.size()) {
         answers_.planned = static_cast<std::size_t>(questions.WithdrawalCount());
     }
 
-    std::optional<WorkerPool::Task> NextTask() {
+    std::optional<WorkerPool::Task> NextTask() override {
         if (ready_.empty() && nextRun_ < questions_.runs) {
             BeginRun();
         }
@@ -40,20 +38,17 @@ public:
         return task;
     }
 
-    void Take(const WorkerPool::Task& task, const Reply& reply) {
+    void Take(const WorkerPool::Task& task, const Reply& reply) override {
         Simulation& simulation = *open_.at(task.number);
         simulation.Take(reply);
-        ++progress_.done;
-        progress_.misses += reply.ending.kind == Ending::Kind::NoAnswer ? 1U : 0U;
+        CountDone(1, reply.ending.kind == Ending::Kind::NoAnswer ? 1 : 0);
         if (!simulation.IsOver()) {
             ready_.push_back(task.number);
             return;
         }
-        progress_.done += answers_.planned - simulation.Steps().size();
+        CountDone(answers_.planned - simulation.Steps().size(), 0);
         Close(task.number);
     }
-
-    const SimulationProgress& Progress() const { return progress_; }
 
     /// Keeps what is whole; of the first run what all mixes have.
     void Interrupt() {
@@ -130,7 +125,6 @@ private:
     std::vector<std::size_t> left_;   // simulations of each run that are not over
     std::size_t whole_ = 0;           // runs from the first on that are over
     std::vector<std::string> codes_;  // that each mix left last
-    SimulationProgress progress_;
 };
 
 }  // namespace
@@ -138,18 +132,10 @@ private:
 SimulationAnswers Simulate(const SimulationQuestions& questions,
                            const OpenOrder& order,
                            const TraceSink& trace,
-                           const std::function<void(const SimulationProgress&)>& progress) {
+                           const ProgressListener& progress) {
     SimulationAnswers answers;
     SimulationDesk desk(questions, answers);
-    // Lines of several workers would be all mixed up.
-    WorkerPool pool(order, trace == nullptr ? questions.jobs : 1, trace);
-    try {
-        pool.Run([&desk] { return desk.NextTask(); },
-                 [&desk, &progress](const WorkerPool::Task& task, const Reply& reply) {
-                     desk.Take(task, reply);
-                     progress(desk.Progress());
-                 });
-    } catch (const Interruption&) {
+    if (!WorkOff(desk, order, questions.jobs, trace, progress)) {
         desk.Interrupt();
     }
     desk.KeepLastCode();

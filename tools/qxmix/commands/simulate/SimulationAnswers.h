@@ -2,9 +2,9 @@
 
 #include "SimulationQuestions.h"
 #include "SimulationSummary.h"
+#include "workers/Desk.h"
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -23,12 +23,6 @@ struct SimulationAnswers {
     std::string lastCode;    ///< error code that the last mix of the last run left; empty: none
 };
 
-/// How far a simulation is.
-struct SimulationProgress {
-    std::uint64_t done = 0;  ///< calculations
-    std::uint64_t misses = 0;
-};
-
 /// Asks all mixes for one withdrawal after the other, several mixes side by side.
 ///
 /// @param order     the library and what it reads.
@@ -38,7 +32,7 @@ struct SimulationProgress {
 SimulationAnswers Simulate(const SimulationQuestions& questions,
                            const OpenOrder& order,
                            const TraceSink& trace,
-                           const std::function<void(const SimulationProgress&)>& progress);
+                           const ProgressListener& progress);
 
 /// The highest exit status of the answers, or that of an interruption.
 ExitStatus ExitStatusOf(const SimulationAnswers& answers);

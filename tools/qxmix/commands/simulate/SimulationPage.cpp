@@ -14,29 +14,9 @@ namespace qxmix {
 namespace {
 
 std::string Script() {
-    return std::string(kPartsScript) + std::string(kSimModelScript) +
-           std::string(kSimCurvesScript) + std::string(kSimPanelsScript) +
-           std::string(kSimTablesScript) + std::string(kSimStartScript);
-}
-
-/// How every mix fared as a table, for readers whose browser runs no scripts. It holds nothing but
-/// the tool's own words and numbers.
-std::string SummaryTable(const SimulationAnswers& answers, const std::vector<SimulationRow>& rows) {
-    std::string table = "<table><caption>Withdrawals of each outcome, the best mix "
-                        "first</caption><thead><tr><th scope=\"col\">mix</th>";
-    for (const OutcomeRow& outcome : OutcomeTable()) {
-        table += std::string("<th scope=\"col\">") + outcome.words + "</th>";
-    }
-    table += "</tr></thead><tbody>\n";
-    for (const SimulationRow& row : rows) {
-        table += "<tr><th scope=\"row\">" + std::to_string(row.mix) + "</th>";
-        for (const OutcomeRow& outcome : OutcomeTable()) {
-            const std::uint64_t count = answers.runs.front()[row.place].Count(outcome.outcome);
-            table += "<td>" + std::to_string(count) + "</td>";
-        }
-        table += "</tr>\n";
-    }
-    return table + "</tbody></table>";
+    return std::string(kSimModelScript) + std::string(kSimCurvesScript) +
+           std::string(kSimPanelsScript) + std::string(kSimTablesScript) +
+           std::string(kSimStartScript);
 }
 
 Json PageJson(const SimulationQuestions& questions,
@@ -81,20 +61,26 @@ std::string SimulationPage(const SimulationQuestions& questions,
                            const Envelope& envelope,
                            const std::string& commandLine) {
     const std::vector<SimulationRow> rows = RankMixes(questions, answers);
-    const Json page = PageJson(questions, answers, rows, commandLine);
-    const std::string text = FillPage(
-        kSimHtml, {{"style", std::string(kPartsCss) + std::string(kSimCss)},
-                   {"colours", OutcomeStyles()},
-                   {"summary", SummaryTable(answers, rows)},
-                   {"answer", JsonInPage(EnvelopeText(envelope))},
-                   {"page", JsonInPage(page.dump(-1, ' ', false, Json::error_handler_t::replace))},
-                   {"script", Script()}});
-    if (text.size() > kMostPageBytes) {
-        throw InputError("--output: a page of " + std::to_string(text.size()) +
-                         " bytes is too large; expected at most " + std::to_string(kMostPageBytes) +
-                         ", " + FittingText(questions, envelope, text.size()));
+    std::vector<std::uint16_t> mixes;
+    for (const SimulationRow& row : rows) {
+        mixes.push_back(row.mix);
     }
-    return text;
+    PageParts parts;
+    parts.title = "qxmix simulation";
+    parts.heading = "<p id=\"danger\"></p>\n";
+    parts.withoutScript =
+        "This page draws its curves with a script. Without it, here is how every mix fared.";
+    parts.summary =
+        OutcomeCountTable("Withdrawals of each outcome, the best mix first", mixes,
+                          [&](std::size_t place, Outcome outcome) {
+                              return answers.runs.front()[rows[place].place].Count(outcome);
+                          });
+    parts.main = kSimHtml;
+    parts.style = kSimCss;
+    parts.script = Script();
+    parts.page = PageJson(questions, answers, rows, commandLine);
+    parts.fitting = [&](std::size_t size) { return FittingText(questions, envelope, size); };
+    return PageText(parts, envelope);
 }
 
 }  // namespace qxmix

@@ -105,10 +105,7 @@ ExitStatus TypesCommand::Run(const CommonOptions& options) {
     files.Add(options.registryOut, asker.Registry());
     files.Commit();
     if (options.json) {
-        Envelope envelope;
-        envelope.module = asker.ModuleVersion();
-        envelope.library = FileNameOf(asker.Library());
-        envelope.command = Info().name;
+        Envelope envelope = EnvelopeBy(asker, Info().name);
         envelope.input = {{"deadline", DurationText(deadline)}};
         envelope.result = TypesJson(catalogue);
         WriteStandardOutput(EnvelopeText(envelope));

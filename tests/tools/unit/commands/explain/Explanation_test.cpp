@@ -1,10 +1,10 @@
 #include "commands/explain/Explanation.h"
 
+#include "AskedAmount.h"
 #include "FakeModule.h"
 #include "commands/explain/ExplainJson.h"
 #include "commands/explain/ExplainText.h"
 #include "dispenser/InlineDispenser.h"
-#include "requests/Request.h"
 #include "text/TextList.h"
 
 #include <gtest/gtest.h>
@@ -23,14 +23,8 @@ Asked Ask(const Dispenser& dispenser,
           std::uint32_t amount,
           std::uint16_t mix = 1,
           const char* library = QXMIX_MODULE) {
-    MixQuestions questions;
-    questions.dispenser = dispenser;
-    questions.amount = amount;
-    questions.deadline = Milliseconds(200);
-    questions.requests = {BuildRequest(dispenser, amount, mix)};
-    Asker asker(library, "");
-    const MixAnswers answers = AskMixes(questions, asker, false);
-    return {questions, Explain(questions, answers.answers.front(), asker)};
+    AskedAmount asked(dispenser, amount, mix, Milliseconds(200), library);
+    return {asked.questions, Explain(asked.questions, asked.answer, asked.asker)};
 }
 
 Asked Ask(const char* dispenser, std::uint32_t amount, std::uint16_t mix = 1) {

@@ -1,8 +1,8 @@
 #include "commands/explain/Neighbours.h"
 
+#include "AskedAmount.h"
 #include "FakeModule.h"
 #include "dispenser/InlineDispenser.h"
-#include "requests/Request.h"
 
 #include <gtest/gtest.h>
 
@@ -13,17 +13,8 @@ Surroundings Around(const Dispenser& dispenser,
                     std::uint32_t amount,
                     std::uint16_t mix = 1,
                     const char* library = QXMIX_MODULE) {
-    MixQuestions questions;
-    questions.dispenser = dispenser;
-    questions.amount = amount;
-    questions.deadline = Milliseconds(100);
-    questions.requests = {BuildRequest(dispenser, amount, mix)};
-    Asker asker(library, "");
-    MixAnswer answer;
-    answer.mix = mix;
-    answer.reply = asker.Ask(questions.requests.front(), questions.deadline);
-    answer.judgement = Judge(dispenser, amount, answer.reply);
-    return AskAround(questions, answer, asker);
+    AskedAmount asked(dispenser, amount, mix, Milliseconds(100), library);
+    return AskAround(asked.questions, asked.answer, asked.asker);
 }
 
 Dispenser WithAmounts(const char* text, std::uint32_t min, std::uint32_t step) {

@@ -71,7 +71,7 @@ struct LintOf {
         questions.registryFile = registryFile;
         const OpenOrder order{QXMIX_MODULE, questions.registry};
         Asker asker(order.library, order.registry);
-        return AskLint(questions, order, asker, nullptr, [](const MapProgress&) {});
+        return AskLint(questions, order, asker, nullptr, [](const WorkProgress&) {});
     }
 
     /// What a rule finds.

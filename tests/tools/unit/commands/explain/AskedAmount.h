@@ -1,0 +1,31 @@
+#pragma once
+
+#include "commands/mix/MixAnswers.h"
+#include "requests/Request.h"
+
+namespace qxmix {
+
+/// A dispenser asked for an amount by one mix of a library.
+struct AskedAmount {
+    AskedAmount(const Dispenser& dispenser,
+                std::uint32_t amount,
+                std::uint16_t mix,
+                Milliseconds deadline,
+                const char* library)
+        : asker(library, "") {
+        questions.dispenser = dispenser;
+        questions.amount = amount;
+        questions.deadline = deadline;
+        questions.requests = {BuildRequest(dispenser, amount, mix)};
+        answer.mix = mix;
+        answer.request = questions.requests.front();
+        answer.reply = asker.Ask(answer.request, deadline);
+        answer.judgement = Judge(dispenser, amount, answer.reply);
+    }
+
+    MixQuestions questions;
+    Asker asker;
+    MixAnswer answer;
+};
+
+}  // namespace qxmix
