@@ -4,8 +4,7 @@
 #include "CompareJson.h"
 #include "CompareText.h"
 #include "answers/AnswerForms.h"
-#include "commands/map/MapOutput.h"
-#include "files/Output.h"
+#include "commands/map/MapSize.h"
 #include "module/LibrarySearch.h"
 #include "module/RegistryImage.h"
 #include "options/AskedModule.h"
@@ -50,16 +49,11 @@ void CompareCommand::AddOptions(CLI::App& command) {
     AddAmountRangeOptions(command, range_);
     AddAskOptions(command, ask_);
     AddJobsOption(command, jobs_);
-    command
-        .add_option("--output", output_,
-                    std::string("writes the differences, too; the name ends in ") +
-                        kFormsWithoutPage.endings)
-        ->type_name("FILE");
+    output_.AddTo(command, "differences");
 }
 
 ExitStatus CompareCommand::Run(const CommonOptions& options) {
-    RequireDifferentFiles({{"--output", output_}, {"--registry-out", options.registryOut}});
-    const std::optional<OutputForm> form = OutputFormOf(output_, kFormsWithoutPage);
+    output_.Form(options);
     CompareQuestions questions = Prepare(options);
     const std::vector<std::string>& libraries = options.libraries;
     AskedModule a(libraries.empty() ? "" : libraries.front(), options, questions.a.dispenser);
@@ -90,14 +84,8 @@ ExitStatus CompareCommand::Run(const CommonOptions& options) {
                                 return CompareText(questions, answers, Names(options), painter);
                             },
                             [&] { return CompareCsv(answers); }, nullptr};
-    OutputFiles files;
-    files.Add(options.registryOut, WithErrorCode(b.asker.Registry(), answersB.lastCode));
-    if (form) {
-        files.Add(output_, forms.File(*form, envelope));
-    }
-    files.Commit();
-    WriteStandardOutput(options.json ? EnvelopeText(envelope) : forms.text(Painter(options.color)));
-    return envelope.exitStatus;
+    return output_.Write(options, envelope, forms,
+                         WithErrorCode(b.asker.Registry(), answersB.lastCode));
 }
 
 CompareQuestions CompareCommand::Prepare(const CommonOptions& options) const {

@@ -5,6 +5,7 @@
 #include "options/AskOptions.h"
 #include "options/Command.h"
 #include "options/JobsOption.h"
+#include "options/OutputOption.h"
 
 #include <array>
 #include <string>
@@ -29,7 +30,7 @@ private:
     AmountRangeOptions range_;
     AskOptions ask_;
     JobsOption jobs_;
-    std::string output_;  // empty: not given
+    OutputOption output_{kFormsWithoutPage};
 };
 
 }  // namespace qxmix

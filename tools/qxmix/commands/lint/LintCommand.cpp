@@ -4,7 +4,7 @@
 #include "LintRules.h"
 #include "LintText.h"
 #include "answers/Envelope.h"
-#include "commands/map/MapOutput.h"
+#include "commands/map/MapSize.h"
 #include "files/Output.h"
 #include "module/LibrarySearch.h"
 #include "module/RegistryImage.h"

@@ -2,12 +2,11 @@
 
 #include "MapCsv.h"
 #include "MapJson.h"
-#include "MapOutput.h"
 #include "MapPage.h"
+#include "MapSize.h"
 #include "MapText.h"
 #include "MapVerdict.h"
 #include "answers/AnswerForms.h"
-#include "files/Output.h"
 #include "module/RegistryImage.h"
 #include "options/AskedModule.h"
 #include "options/DispenserArgument.h"
@@ -38,16 +37,13 @@ void MapCommand::AddOptions(CLI::App& command) {
     AddAmountRangeOptions(command, range_);
     AddAskOptions(command, ask_);
     AddJobsOption(command, jobs_);
-    command
-        .add_option("--output", output_,
-                    "writes the map, too; the name ends in " + std::string(kAllForms.endings))
-        ->type_name("FILE");
+    output_.AddTo(command, "map");
 }
 
 ExitStatus MapCommand::Run(const CommonOptions& options) {
-    RequireDifferentFiles({{"--output", output_}, {"--registry-out", options.registryOut}});
+    const std::optional<OutputForm> form = output_.Form(options);
     MapQuestions questions = Prepare(options);
-    const std::optional<OutputForm> form = MapFormOf(output_, questions);
+    CheckFormHolds(form, questions);
     AskedModule module(options.Library(), options, questions.dispenser);
     module.Open();
     Progress progress(Info().name, questions.CellCount(), options.quiet);
@@ -70,14 +66,8 @@ ExitStatus MapCommand::Run(const CommonOptions& options) {
         [&](const Painter& painter) { return MapText(questions, answers, painter); },
         [&] { return MapCsv(questions, answers); },
         [&] { return MapPage(questions, answers, envelope, CommandLine(questions, options)); }};
-    OutputFiles files;
-    files.Add(options.registryOut, WithErrorCode(module.asker.Registry(), answers.lastCode));
-    if (form) {
-        files.Add(output_, forms.File(*form, envelope));
-    }
-    files.Commit();
-    WriteStandardOutput(options.json ? EnvelopeText(envelope) : forms.text(Painter(options.color)));
-    return envelope.exitStatus;
+    return output_.Write(options, envelope, forms,
+                         WithErrorCode(module.asker.Registry(), answers.lastCode));
 }
 
 MapQuestions MapCommand::Prepare(const CommonOptions& options) const {

@@ -5,6 +5,7 @@
 #include "options/AskOptions.h"
 #include "options/Command.h"
 #include "options/JobsOption.h"
+#include "options/OutputOption.h"
 
 #include <string>
 
@@ -24,7 +25,7 @@ private:
     std::string dispenser_;  // as named on the command line
     AmountRangeOptions range_;
     JobsOption jobs_;
-    std::string output_;
+    OutputOption output_{kAllForms};
     AskOptions ask_;
 };
 

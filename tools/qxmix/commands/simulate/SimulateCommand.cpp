@@ -7,8 +7,6 @@
 #include "SimulationVerdict.h"
 #include "answers/AnswerForms.h"
 #include "demand/DemandReader.h"
-#include "files/Output.h"
-#include "files/OutputForm.h"
 #include "module/RegistryImage.h"
 #include "options/AskedModule.h"
 #include "options/DispenserArgument.h"
@@ -53,16 +51,11 @@ void SimulateCommand::AddOptions(CLI::App& command) {
         "runs with one seed after the other: medians and ranges");
     AddAskOptions(command, ask_);
     AddJobsOption(command, jobs_);
-    command
-        .add_option("--output", output_,
-                    "writes the simulation, too; the name ends in " +
-                        std::string(kAllForms.endings))
-        ->type_name("FILE");
+    output_.AddTo(command, "simulation");
 }
 
 ExitStatus SimulateCommand::Run(const CommonOptions& options) {
-    RequireDifferentFiles({{"--output", output_}, {"--registry-out", options.registryOut}});
-    const std::optional<OutputForm> form = OutputFormOf(output_, kAllForms);
+    const std::optional<OutputForm> form = output_.Form(options);
     SimulationQuestions questions = Prepare(options);
     AskedModule module(options.Library(), options, questions.dispenser);
     module.Open();
@@ -89,14 +82,8 @@ ExitStatus SimulateCommand::Run(const CommonOptions& options) {
         [&] {
             return SimulationPage(questions, answers, envelope, CommandLine(questions, options));
         }};
-    OutputFiles files;
-    files.Add(options.registryOut, WithErrorCode(module.asker.Registry(), answers.lastCode));
-    if (form) {
-        files.Add(output_, forms.File(*form, envelope));
-    }
-    files.Commit();
-    WriteStandardOutput(options.json ? EnvelopeText(envelope) : forms.text(Painter(options.color)));
-    return envelope.exitStatus;
+    return output_.Write(options, envelope, forms,
+                         WithErrorCode(module.asker.Registry(), answers.lastCode));
 }
 
 SimulationQuestions SimulateCommand::Prepare(const CommonOptions& options) const {

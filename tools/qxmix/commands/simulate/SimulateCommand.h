@@ -4,6 +4,7 @@
 #include "options/AskOptions.h"
 #include "options/Command.h"
 #include "options/JobsOption.h"
+#include "options/OutputOption.h"
 
 #include <cstdint>
 #include <optional>
@@ -29,7 +30,7 @@ private:
     std::optional<std::uint32_t> seed_;
     std::optional<std::uint32_t> runs_;
     JobsOption jobs_;
-    std::string output_;
+    OutputOption output_{kAllForms};
     AskOptions ask_;
 };
 

@@ -1,16 +1,8 @@
-#include "MapOutput.h"
+#include "MapSize.h"
 
 #include "MapPage.h"
 
 namespace qxmix {
-
-std::optional<OutputForm> MapFormOf(const std::string& file, const MapQuestions& questions) {
-    const std::optional<OutputForm> form = OutputFormOf(file, kAllForms);
-    if (form == OutputForm::Page) {
-        CheckCellCount(questions, kMostPageCells, "--output");
-    }
-    return form;
-}
 
 void CheckCellCount(const MapQuestions& questions, std::uint64_t most, const std::string& option) {
     if (questions.CellCount() <= most) {
@@ -21,6 +13,12 @@ void CheckCellCount(const MapQuestions& questions, std::uint64_t most, const std
     throw InputError(option + ": " + std::to_string(questions.CellCount()) +
                      " calculations are too many; expected at most " + std::to_string(most) +
                      ", as with --step " + std::to_string(step) + " or fewer --mixes");
+}
+
+void CheckFormHolds(const std::optional<OutputForm>& form, const MapQuestions& questions) {
+    if (form == OutputForm::Page) {
+        CheckCellCount(questions, kMostPageCells, "--output");
+    }
 }
 
 }  // namespace qxmix

@@ -1,4 +1,4 @@
-#include "commands/map/MapOutput.h"
+#include "commands/map/MapSize.h"
 
 #include "commands/map/MapJson.h"
 #include "commands/map/MapPage.h"
@@ -30,15 +30,15 @@ std::uint32_t StepIn(const std::string& error) {
 }
 
 std::string PageError(const MapQuestions& questions) {
-    return ErrorText([&questions] { MapFormOf("map.html", questions); });
+    return ErrorText([&questions] { CheckFormHolds(OutputForm::Page, questions); });
 }
 
-TEST(MapOutput, TakesAMillionCellsInAPage) {
+TEST(MapSize, TakesAMillionCellsInAPage) {
     EXPECT_EQ(PageError(Questions(1000000, {1})), "accepted");
     EXPECT_EQ(PageError(Questions(100000, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10})), "accepted");
 }
 
-TEST(MapOutput, RefusesMoreCellsAndNamesTheStepThatFits) {
+TEST(MapSize, RefusesMoreCellsAndNamesTheStepThatFits) {
     MapQuestions questions = Questions(1000001, {1});
     EXPECT_EQ(PageError(questions),
               "--output: 1000001 calculations are too many; expected at most 1000000, as with "
@@ -50,8 +50,9 @@ TEST(MapOutput, RefusesMoreCellsAndNamesTheStepThatFits) {
     EXPECT_NE(PageError(questions), "accepted") << "the least step is named";
 }
 
-TEST(MapOutput, RefusesMoreCellsInAPageAlone) {
-    EXPECT_EQ(ErrorText([] { MapFormOf("map.csv", Questions(2000000, {1})); }), "accepted");
+TEST(MapSize, RefusesMoreCellsInAPageAlone) {
+    EXPECT_EQ(ErrorText([] { CheckFormHolds(OutputForm::CsvFile, Questions(2000000, {1})); }),
+              "accepted");
 }
 
 /// Answers that have nothing in common, so that each needs a step of its own.
@@ -80,7 +81,7 @@ std::string PageOf(const MapQuestions& questions) {
     return MapPage(questions, answers, envelope, "qxmix map");
 }
 
-TEST(MapOutput, RefusesAPageOfMoreThanFiveMegabytesAndNamesTheStepThatFits) {
+TEST(MapSize, RefusesAPageOfMoreThanFiveMegabytesAndNamesTheStepThatFits) {
     MapQuestions questions = Questions(80000, {1});
     const std::string error = ErrorText([&questions] { PageOf(questions); });
     EXPECT_NE(error.find(" bytes is too large; expected at most 5000000, as with --step "),

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "CommonOptions.h"
+#include "answers/AnswerForms.h"
+#include "files/OutputForm.h"
+
+#include <CLI/App.hpp>
+#include <optional>
+#include <string>
+
+namespace qxmix {
+
+/// --output of the commands that write their answer to a file, too.
+class OutputOption {
+public:
+    explicit OutputOption(const OutputForms& forms) : forms_(forms) {}
+
+    /// @param answer  what is written, for people.
+    void AddTo(CLI::App& command, const std::string& answer);
+
+    /// The form that the file's name asks for; none without the option.
+    ///
+    /// @throw InputError when the name asks for none of the forms, or is that of --registry-out.
+    std::optional<OutputForm> Form(const CommonOptions& options) const;
+
+    /// Writes an answer: the files of --output and --registry-out, then standard output.
+    ///
+    /// @param envelope  with input and result where they are needed: for --json and NeedsResult.
+    /// @param registry  what the module has left.
+    /// @return the exit status of the answer.
+    /// @throw InputError when a page would be too large, WorkError when a file cannot be written.
+    ExitStatus Write(const CommonOptions& options,
+                     const Envelope& envelope,
+                     const AnswerForms& answer,
+                     const std::string& registry) const;
+
+private:
+    OutputForms forms_;
+    std::string file_;  // empty: not given
+};
+
+}  // namespace qxmix
