@@ -14,7 +14,7 @@ namespace qxmix {
 struct AnswerForms {
     std::function<std::string(const Painter& painter)> text;
     std::function<std::string()> csv;
-    std::function<std::string()> page;
+    std::function<std::string()> page;  ///< none where the command writes no page
 
     /// What a file of this form holds.
     ///
