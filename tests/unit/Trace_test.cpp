@@ -122,6 +122,19 @@ TEST_F(TraceTest, ChangesNoAnswerByListening) {
     EXPECT_EQ(Ask(request), unheard);
 }
 
+/// Never part of its caller, so that each piece starts from what the one before has left in memory.
+[[gnu::noinline]] void Append(TraceText& text, const std::string& piece) {
+    text.Append("%s", piece.c_str());
+}
+
+TEST(TraceText, KeepsWhatIsThereWhenMoreIsCut) {
+    TraceText text;
+    Append(text, std::string(300, 'a'));
+    Append(text, "b");
+    Append(text, "c");
+    EXPECT_EQ(text.Line(), std::string(255, 'a'));
+}
+
 TEST(TraceText, CutsBehind255Characters) {
     TraceText text;
     text.Append("%s", std::string(250, 'a').c_str());

@@ -1,13 +1,15 @@
 """The survivors that are known, with the reason why no test notices them.
 
-The file has a line for each reason, "work: ..." where only the amount of work changes and
-"answer: ..." where nothing changes that a host sees, and below it, indented, the mutants: the name
-of the file and its line of code with the change in braces, "{before|after}", and "#2" where a line
-like it stands further up. So an explanation moves with its line, and is out of date when the line
-changes.
+The file has a line for each reason, "work: ..." where only the amount of work changes, "answer: ..."
+where nothing changes that a host sees, and "sanitizer: ..." where only a build that watches memory
+fails; and below it, indented, the mutants: the name of the file and its line of code with the change
+in braces, "{before|after}", and "#2" where a line like it stands further up. So an explanation moves
+with its line, and is out of date when the line changes.
 """
 
 from dataclasses import dataclass
+
+KINDS = ("work", "answer", "sanitizer")
 
 
 @dataclass(frozen=True)
@@ -27,8 +29,9 @@ def read(path):
             continue
         if not line.startswith(" "):
             kind, colon, reason = line.partition(": ")
-            if kind not in ("work", "answer") or not colon or not reason.strip():
-                raise ValueError(f"{path}:{number}: neither 'work: reason' nor 'answer: reason'")
+            if kind not in KINDS or not colon or not reason.strip():
+                raise ValueError(f"{path}:{number}: expected one of {', '.join(KINDS)}, a colon "
+                                 "and a reason")
             continue
         mark = line.strip()
         if not reason or mark in explained:
