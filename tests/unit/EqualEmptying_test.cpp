@@ -157,6 +157,14 @@ TEST(CalcEqualEmptying, FollowsSumsThatOnlyTheLastUnitsBringTo2To32) {
         Chosen({38, 101, 11, 50, 2}));
 }
 
+TEST(CalcEqualEmptying, TakesASumOfExactly2To32ForPerfectlyEqual) {
+    // The product of the counts is 2^30, and each of the four differences a whole cassette.
+    EXPECT_EQ(
+        Pay(Table().Bill(200, 256).Bill(10, 256).Bill(100, 128).Bill(50, 128).Amount(64000).Limit(
+            65535)),
+        Chosen({256, 0, 128, 0}));
+}
+
 TEST(CalcEqualEmptying, ComparesWrappedSharesOfThreeUnits) {
     // Unwrapped, 1, 2 and 1 would be the most equal shares of all the combinations that make 100.
     EXPECT_EQ(Pay(Table().Bill(50, 20000).Bill(20, 20000).Bill(10, 20000).Amount(100)),
