@@ -108,6 +108,13 @@ TEST_F(Configuration, TakesTheTraceLevelOfAnyTypeOfFourBytes) {
     }
 }
 
+TEST_F(Configuration, TakesTheBytesThatATraceLevelLacksForZero) {
+    QxmixRegistrySetValue(kTraceKey, "TraceLevel", kQxmixRegBinary, "\x04\x03", 2);
+    EXPECT_EQ(TraceLevel(), 0x0304U);
+    QxmixRegistrySetValue(kTraceKey, "TraceLevel", kQxmixRegBinary, "", 0);
+    EXPECT_EQ(TraceLevel(), 0U);
+}
+
 TEST_F(Configuration, FallsBackWhenTheTraceLevelDoesNotFit) {
     QxmixRegistrySetValue(kTraceKey, "TraceLevel", kQxmixRegBinary, "\5\0\0\0\0", 5);
     EXPECT_EQ(TraceLevel(), 1U);
