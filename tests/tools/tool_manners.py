@@ -238,6 +238,17 @@ def check_trace_and_registry(tool, checks):
     checks.check("registry: written", ' CSTMinimum4Mix6  REG_SZ "250"' in shown, shown)
 
 
+def check_registry_in_answers(tool, checks):
+    for line in ("mix EUR:50x10 --amount 50", "explain EUR:50x10 --amount 50", "lint EUR:50x10",
+                 "map EUR:50x10 --to 50",
+                 "simulate EUR:50x10 --demand examples/week.json --mixes 1"):
+        words = line.split() + ["--registry", "examples/device.reg", "--json"]
+        dispenser = json.loads(tool.run(words)[1])["input"]["dispenser"]
+        checks.equal(f"{line}: what the module takes", dispenser["registry"], {
+            "TraceLevel": {"type": 4, "hex": "03000000"},
+            "CSTMinimum4Mix6": {"type": 1, "hex": "6100620063000000"}})
+
+
 def check_library_order(tool, checks):
     named = tool.run(["--version", "--library", "fake.so"])[1]
     checks.equal("--library", named, "qxmix 1.0.0\nmodule names no version (fake.so)\n")
@@ -271,4 +282,5 @@ def check_called_alone(tool, checks):
 
 run_parts(check_interrupts, check_lint_interrupt, check_end_of_tool, check_pipes, check_colors,
           check_widths, check_files, check_one_file_twice, check_no_answer, check_raw,
-          check_trace_and_registry, check_library_order, check_input, check_called_alone)
+          check_registry_in_answers, check_trace_and_registry, check_library_order, check_input,
+          check_called_alone)

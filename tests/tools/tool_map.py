@@ -93,6 +93,12 @@ def check_registry(tool, checks):
     checks.check("none is left when all is paid", '"CDM"=' not in left, left)
 
 
+def check_trace(tool, checks):
+    words = ["map", "EUR:50x9,20x9,10x4", "--to", "400", "--trace"]
+    checks.equal("--trace: the lines of several workers are not mixed up",
+                 tool.run(words + ["--jobs", "3"])[2], tool.run(words + ["--jobs", "1"])[2])
+
+
 def check_interrupt(tool, checks):
     # 1002 hangs; the amounts before it are done.
     words = FAKE + ["--from", "990", "--to", "1020", "--step", "1", "--deadline", "60s"]
@@ -127,5 +133,5 @@ def check_progress(tool, checks):
     checks.equal("no progress in a pipe", tool.run(words)[2], "")
 
 
-run_parts(check_against_mix, check_counts, check_deadlines, check_forms, check_registry,
+run_parts(check_against_mix, check_counts, check_deadlines, check_forms, check_registry, check_trace,
           check_interrupt, check_progress)
