@@ -12,6 +12,11 @@ AmountRange AmountRangeOptions::RangeOf(const Dispenser& dispenser) const {
     range.from = from.empty() ? *amounts.min : ParseAmount(from, "--from", dispenser);
     range.to = to.empty() ? *amounts.max : ParseAmount(to, "--to", dispenser);
     range.step = step.value_or(*amounts.step);
+    if (range.to < range.from && to.empty() && !from.empty()) {
+        throw InputError("--from: " + NotAllowed(std::to_string(range.from),
+                                                 "at most " + std::to_string(range.to) +
+                                                     ", the last amount, or --to beside it"));
+    }
     if (range.to < range.from) {
         throw InputError("--to: " + NotAllowed(std::to_string(range.to),
                                                std::to_string(range.from) + " or more"));

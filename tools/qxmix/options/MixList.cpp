@@ -67,4 +67,8 @@ std::string MixesText(const std::vector<std::uint16_t>& mixes) {
     return (mixes.size() == 1 ? "mix " : "mixes ") + Join(numbers, " ");
 }
 
+std::string AllMixesText(std::size_t count) {
+    return count == 2 ? "both mixes" : "all " + std::to_string(count) + " mixes";
+}
+
 }  // namespace qxmix

@@ -18,4 +18,7 @@ std::vector<std::uint16_t> AllMixes();
 /// For people: "mix 4", "mixes 1 3 5".
 std::string MixesText(const std::vector<std::uint16_t>& mixes);
 
+/// For people: "both mixes", "all 10 mixes".
+std::string AllMixesText(std::size_t count);
+
 }  // namespace qxmix

@@ -46,10 +46,9 @@ std::string PaidText(const MapQuestions& questions, const MapAnswers& answers) {
     std::vector<std::string> parts;
     for (const auto& [paid, group] : mixes) {
         const bool isAll = group.size() > 1 && group.size() == answers.rows.size();
-        parts.push_back(
-            std::to_string(paid) +
-            (parts.empty() ? " of " + AmountsText(answers.AmountCount()) : "") + " by " +
-            (isAll ? "all " + std::to_string(group.size()) + " mixes" : MixesText(group)));
+        parts.push_back(std::to_string(paid) +
+                        (parts.empty() ? " of " + AmountsText(answers.AmountCount()) : "") +
+                        " by " + (isAll ? AllMixesText(group.size()) : MixesText(group)));
     }
     return Join(parts, ", ");
 }

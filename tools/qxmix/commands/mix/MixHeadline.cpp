@@ -1,5 +1,6 @@
 #include "MixText.h"
 
+#include "options/MixList.h"
 #include "text/Duration.h"
 #include "text/TextList.h"
 
@@ -109,10 +110,11 @@ std::string PayersText(const MixAnswers& answers, std::size_t paid) {
     if (all == 1) {
         return "by mix " + std::to_string(answers.answers.front().mix);
     }
-    const std::string share = paid == all ? "all "
-                              : paid == 0 ? "any of "
-                                          : std::to_string(paid) + " of ";
-    return "by " + share + std::to_string(all) + " mixes";
+    if (paid == all) {
+        return "by " + AllMixesText(all);
+    }
+    return "by " + (paid == 0 ? "any" : std::to_string(paid)) + " of " + std::to_string(all) +
+           " mixes";
 }
 
 }  // namespace
