@@ -20,6 +20,13 @@ TEST(Printable, LeavesNothingThatMovesTheCursor) {
     EXPECT_EQ(Printable("a\x1b[2Jb\nc\r\x7f"), "a?[2Jb?c??");
     EXPECT_EQ(Printable("\xc2\x9b"), "?");
     EXPECT_EQ(Printable("\xc3\xa9 \xe2\x82\xac"), "\xc3\xa9 \xe2\x82\xac");
+    EXPECT_EQ(Printable("a\xff\xc2"), "a\xff\xc2");
+}
+
+TEST(Printable, LeavesNothingThatTurnsOrSplitsAText) {
+    EXPECT_EQ(Printable("50 \xe2\x80\xae"
+                        "EUR\xe2\x81\xa9\xe2\x80\xa8"),
+              "50 ?EUR??");
 }
 
 TEST(Terminal, CountsAndCutsCharacters) {
@@ -27,6 +34,15 @@ TEST(Terminal, CountsAndCutsCharacters) {
     EXPECT_EQ(CutToColumns("\xc3\xa9\xe2\x82\xac x", 2), "\xc3\xa9\xe2\x82\xac");
     EXPECT_EQ(CutToColumns("abc", 5), "abc");
     EXPECT_EQ(CutToColumns("abc", 0), "");
+}
+
+TEST(Terminal, GivesTwoColumnsToWideCharactersAndNoneToMarks) {
+    const std::string wide = "\xe6\x97\xa5\xe6\x9c\xac";  // Japan
+    EXPECT_EQ(ColumnsOf(wide), 4U);
+    EXPECT_EQ(ColumnsOf("e\xcc\x81"), 1U);
+    EXPECT_EQ(ColumnsOf("\xf0\x9f\x8f\xa7"), 2U);  // the sign of an ATM
+    EXPECT_EQ(CutToColumns(wide, 3), wide.substr(0, 3));
+    EXPECT_EQ(ColumnsOf("a\xff\xe6\x97"), 4U);
 }
 
 TEST(Painter, AddsColourAndNothingElse) {

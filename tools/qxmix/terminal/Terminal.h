@@ -28,7 +28,7 @@ private:
 /// The text without characters that could move the cursor or split a line: each becomes "?".
 std::string Printable(const std::string& text);
 
-/// Columns that a text fills: one a character.
+/// Columns that a text fills.
 std::size_t ColumnsOf(const std::string& utf8);
 
 /// The text cut to so many columns.
