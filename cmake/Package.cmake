@@ -31,6 +31,9 @@ write_basic_package_version_file(QXMixConfigVersion.cmake COMPATIBILITY SameMajo
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/QXMixConfig.cmake
               ${CMAKE_CURRENT_BINARY_DIR}/QXMixConfigVersion.cmake DESTINATION ${package_dir})
 
+# The tree may be installed anywhere, and be moved: the file finds the prefix from where it stands.
+file(RELATIVE_PATH QXMIX_PREFIX_FROM_PC /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+string(REGEX REPLACE "/$" "" QXMIX_PREFIX_FROM_PC ${QXMIX_PREFIX_FROM_PC})
 configure_file(cmake/qxmix.pc.in qxmix.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/qxmix.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 

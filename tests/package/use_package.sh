@@ -10,11 +10,11 @@ cmake -S "$consumer" -B "$work/with-cmake" -G Ninja -DCMAKE_CXX_COMPILER="$compi
 cmake --build "$work/with-cmake" -- --quiet
 "$work/with-cmake/consumer"
 
-# The file names the prefix of the build; a relocated tree is described by overriding it.
+# The file finds its tree wherever that was installed.
 PKG_CONFIG_PATH=$(dirname "$(find "$work/prefix" -name qxmix.pc)")
 export PKG_CONFIG_PATH
 # shellcheck disable=SC2046
 "$compiler" -std=c++17 "$consumer/consumer.cpp" -o "$work/with-pkgconfig" \
-    $(pkg-config --define-variable=prefix="$work/prefix" --cflags --libs qxmix)
+    $(pkg-config --cflags --libs qxmix)
 "$work/with-pkgconfig"
 echo "the installed package serves a host"
