@@ -213,6 +213,12 @@ TEST(CalcEqualNotes, ComparesWrappedSpreadsOfManySmallItems) {
     EXPECT_EQ(Pay(Table(table).Limit(60000)), Chosen({2489, 0, 27913}));
 }
 
+TEST(CalcEqualNotes, TakesASpreadJustBelow2To32ForALargeOne) {
+    // 48511 and 4698 wrap to 2^32 - 6, the only other combination to 4112634.
+    const Table table = Table().Bill(1, 48518).Bill(7, 4698).Bill(1000000, 1).Amount(81397);
+    EXPECT_EQ(Pay(Table(table).Limit(65535)), Chosen({48518, 4697, 0}));
+}
+
 TEST(CalcEqualNotes, FindsUnequalCountsOfLargeValues) {
     // 3 0 0 alone makes the amount.
     const Table table = Table().Bill(500000000, 5).Bill(400000000, 2).Bill(300000000, 1);
