@@ -157,6 +157,19 @@ TEST(CalcEqualEmptying, FollowsSumsThatOnlyTheLastUnitsBringTo2To32) {
         Chosen({38, 101, 11, 50, 2}));
 }
 
+TEST(CalcEqualEmptying, FollowsSumsBeyond2To32AfterLessEqualOnesBelow) {
+    const auto pay = [](const Table& table) { return Pay(Table(table).Limit(60000)); };
+    EXPECT_EQ(pay(Table().Bill(55, 181).Bill(11, 236).Bill(3, 264).Bill(2, 185).Amount(8260)),
+              Chosen({143, 6, 97, 19}));
+    EXPECT_EQ(pay(Table().Bill(1, 267).Bill(5, 268).Bill(3, 198).Bill(1, 138).Amount(637)),
+              Chosen({264, 14, 88, 39}));
+    EXPECT_EQ(pay(Table().Bill(35, 133).Bill(3, 236).Bill(37, 197).Bill(4, 298).Amount(7669)),
+              Chosen({125, 47, 85, 2}));
+    EXPECT_EQ(
+        pay(Table().Bill(58, 37).Bill(60, 116).Bill(53, 68).Bill(36, 82).Bill(6, 73).Amount(3359)),
+        Chosen({37, 1, 5, 24, 4}));
+}
+
 TEST(CalcEqualEmptying, TakesASumOfExactly2To32ForPerfectlyEqual) {
     // The product of the counts is 2^30, and each of the four differences a whole cassette.
     EXPECT_EQ(
