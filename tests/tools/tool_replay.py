@@ -41,6 +41,17 @@ def check_recorded(tool, checks):
                  (1, [" outcome     noAnswer             tooManyItems", ""]))
 
 
+def check_record_behind_an_open_line(tool, checks):
+    path = tool.folder / "recorded.ndjson"
+    path.write_text(json.dumps({"request": request(280), "answer": {"outcome": "paid"}}))
+    tool.run(["mix", EURO, "--amount", "280", "--mixes", "1,2", "--record", "recorded.ndjson"])
+    lines = [json.loads(line) for line in path.read_text().splitlines()]
+    checks.equal("a line that nothing ends stays whole", [line.get("id") for line in lines],
+                 [None, 2, 3])
+    checks.equal("all lines can be asked again", tool.run(["replay", "recorded.ndjson"])[1],
+                 "3 requests are answered as recorded\n")
+
+
 def check_fields(tool, checks):
     now = json.loads(tool.run(["mix", EURO, "--amount", "280", "--json"])[1])["result"]
     write(tool, {"request": request(280), "answer": now})
@@ -65,7 +76,7 @@ BAD = [
     ({"answer": {}}, "1: /request: missing; expected 2120 hex digits or a request"),
     ({"request": request(5)}, "1: /answer: missing; expected what was answered, or two libraries"),
     ({"request": request(5), "answer": {"paied": "5"}}, '1: /answer/paied: unknown field; did you mean "paid"?'),
-    ({"request": request(5), "answer": {"values": [1]}}, "1: /answer/values: 1 numbers is not allowed; expected a list of 6 numbers"),
+    ({"request": request(5), "answer": {"values": [1]}}, "1: /answer/values: a list of 1 is not allowed; expected a list of 6 numbers"),
     ({"request": request(5), "answer": {"values": [1, 2, 3, 4, 5, "6"]}}, "1: /answer/values/5: "),
     ({"request": request(5), "answer": {"returned": 2**31}}, "1: /answer/returned: "),
     ({"request": request(5), "answer": {"registry": 5}}, "1: /answer/registry: 5 is not allowed; expected text or null"),
@@ -165,5 +176,5 @@ def check_interrupt(tool, checks):
             checks.equal("Ctrl-C: complete", json.loads(output)["complete"], complete)
 
 
-run_parts(check_recorded, check_fields, check_bad_lines, check_odd_files, check_libraries,
-          check_registry, check_many, check_interrupt)
+run_parts(check_recorded, check_record_behind_an_open_line, check_fields, check_bad_lines,
+          check_odd_files, check_libraries, check_registry, check_many, check_interrupt)

@@ -9,7 +9,6 @@
 #include "json/JsonFields.h"
 #include "json/JsonText.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -29,22 +28,35 @@ Json ParseLine(const std::string& text, const Place& place) {
     }
 }
 
+/// The lines that a file has already.
+struct LinesThere {
+    std::uint64_t count = 0;
+    bool isLastOpen = false;  ///< nothing ends the last one, as some editors leave it
+};
+
 /// Devices and pipes have no lines to go on from: reading them would not end.
-std::uint64_t CountLines(const std::string& file) {
+LinesThere CountLines(const std::string& file) {
     std::error_code error;
     if (!std::filesystem::is_regular_file(file, error)) {
-        return 0;
+        return {};
     }
     std::ifstream recorded(file, std::ios::binary);
-    return static_cast<std::uint64_t>(std::count(std::istreambuf_iterator<char>(recorded),
-                                                 std::istreambuf_iterator<char>(), '\n'));
+    LinesThere lines;
+    char last = '\n';
+    for (auto at = std::istreambuf_iterator<char>(recorded); at != decltype(at)(); ++at) {
+        last = *at;
+        lines.count += last == '\n' ? 1 : 0;
+    }
+    lines.isLastOpen = last != '\n';
+    lines.count += lines.isLastOpen ? 1 : 0;
+    return lines;
 }
 
 void CheckValues(const Json& values, const Place& place) {
     if (!values.is_array() || values.size() != kMaxCashUnits) {
-        throw place.Error(NotAllowed(values.is_array() ? std::to_string(values.size()) + " numbers"
-                                                       : DescribeJson(values),
-                                     "a list of 6 numbers"));
+        throw place.Error(NotAllowed(
+            values.is_array() ? "a list of " + std::to_string(values.size()) : DescribeJson(values),
+            "a list of 6 numbers"));
     }
     for (std::size_t slot = 0; slot < values.size(); ++slot) {
         WholeNumber(values[slot], place.Below(slot), 0, UINT32_MAX);
@@ -114,8 +126,9 @@ RecordedLine ReadRecordedLine(const std::string& text,
 }
 
 void RecordAnswers(const std::string& file, const MixAnswers& answers) {
-    std::uint64_t id = CountLines(file);
-    std::string lines;
+    const LinesThere there = CountLines(file);
+    std::uint64_t id = there.count;
+    std::string lines = there.isLastOpen ? "\n" : "";
     for (const MixAnswer& answer : answers.answers) {
         const Json line = {{"id", ++id},
                            {"request", HexText(RawBytes(answer.request))},
