@@ -144,7 +144,13 @@ std::string RegistryCommand::ReadAndChange() const {
     }
     std::vector<StoredValue> values;
     for (const std::string& setting : settings_) {
-        values.push_back(ParseSetting(setting));
+        const StoredValue value = ParseSetting(setting);
+        if (std::any_of(values.begin(), values.end(), [&value](const StoredValue& before) {
+                return before.name == value.name;
+            })) {
+            throw InputError("--set: " + value.name + " given twice; expected once");
+        }
+        values.push_back(value);
     }
     std::string registry = ReadRegistryFile(file_);
     for (const StoredValue& value : values) {
