@@ -208,9 +208,11 @@ TEST(CalcEqualNotes, ComparesWrappedSpreads) {
 }
 
 TEST(CalcEqualNotes, ComparesWrappedSpreadsOfManySmallItems) {
-    // By true spreads 10503, 2 and 7875 would be the most equal; 27913 wrap to less.
-    const Table table = Table().Bill(5, 40000).Bill(3, 2).Bill(2, 40000).Amount(68271);
-    EXPECT_EQ(Pay(Table(table).Limit(60000)), Chosen({2489, 0, 27913}));
+    // By true spreads 9345, 2 and 7008 would be the most equal, and 12502, 2 and 9374; counts
+    // far apart wrap to less.
+    const Table table = Table().Bill(5, 40000).Bill(3, 2).Bill(2, 40000).Limit(60000);
+    EXPECT_EQ(Pay(Table(table).Amount(60747)), Chosen({1213, 0, 27341}));
+    EXPECT_EQ(Pay(Table(table).Amount(81264)), Chosen({934, 0, 38297}));
 }
 
 TEST(CalcEqualNotes, TakesASpreadJustBelow2To32ForALargeOne) {
