@@ -170,6 +170,19 @@ TEST(CalcEqualEmptying, FollowsSumsBeyond2To32AfterLessEqualOnesBelow) {
         Chosen({37, 1, 5, 24, 4}));
 }
 
+TEST(CalcEqualEmptying, ReckonsWithTheLastChosenShareInSumsBeyond2To32) {
+    // The differences add up to 2^32 and 723992.
+    EXPECT_EQ(Pay(Table()
+                      .Bill(6, 59)
+                      .Bill(15, 42)
+                      .Bill(6, 69)
+                      .Bill(55, 111)
+                      .Bill(34, 64)
+                      .Amount(6200)
+                      .Limit(60000)),
+              Chosen({56, 34, 1, 96, 2}));
+}
+
 TEST(CalcEqualEmptying, TakesASumOfExactly2To32ForPerfectlyEqual) {
     // The product of the counts is 2^30, and each of the four differences a whole cassette.
     EXPECT_EQ(
