@@ -171,7 +171,7 @@ TEST(CalcEqualEmptying, FollowsSumsBeyond2To32AfterLessEqualOnesBelow) {
 }
 
 TEST(CalcEqualEmptying, ReckonsWithTheLastChosenShareInSumsBeyond2To32) {
-    // The differences add up to 2^32 and 723992.
+    // The differences add up to 2^32 and 723992, 170496 or 55184.
     EXPECT_EQ(Pay(Table()
                       .Bill(6, 59)
                       .Bill(15, 42)
@@ -181,6 +181,13 @@ TEST(CalcEqualEmptying, ReckonsWithTheLastChosenShareInSumsBeyond2To32) {
                       .Amount(6200)
                       .Limit(60000)),
               Chosen({56, 34, 1, 96, 2}));
+    const auto pay = [](const Table& table) { return Pay(Table(table).Limit(60000)); };
+    EXPECT_EQ(
+        pay(Table().Bill(6, 64).Bill(21, 73).Bill(25, 89).Bill(4, 44).Bill(55, 72).Amount(1445)),
+        Chosen({48, 26, 2, 44, 7}));
+    EXPECT_EQ(
+        pay(Table().Bill(60, 45).Bill(3, 79).Bill(3, 106).Bill(2, 98).Bill(4, 36).Amount(2163)),
+        Chosen({30, 53, 0, 98, 2}));
 }
 
 TEST(CalcEqualEmptying, TakesASumOfExactly2To32ForPerfectlyEqual) {
