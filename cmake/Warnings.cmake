@@ -11,3 +11,9 @@ target_compile_options(
             -Wvla
             $<$<COMPILE_LANGUAGE:CXX>:-Wold-style-cast>
             $<$<BOOL:${QXMIX_WERROR}>:-Werror>)
+
+# From 17 on clang tells of what std::stable_sort of libstdc++ 12 calls itself.
+target_compile_options(
+  qxmix_warnings
+  INTERFACE $<$<AND:$<CXX_COMPILER_ID:Clang>,$<VERSION_GREATER_EQUAL:$<CXX_COMPILER_VERSION>,17>>:-Wno-deprecated-declarations>
+)
