@@ -15,7 +15,7 @@ constexpr const char* kFunctionNames[] = {
 };
 
 bool IsOneFunction(QxmixFunction function) noexcept {
-    return function >= 0 && function < kQxmixAnyFunction;
+    return static_cast<unsigned>(function) < unsigned{kQxmixAnyFunction};
 }
 
 /// Copies text with its terminator, cut between characters to the room there is.
