@@ -103,6 +103,12 @@ TEST(CalcMinimumNotes, ReadsTheNeedOfTheLastUnitWithASign) {
     EXPECT_EQ(Pay(Table().Bill(3, 1).Bill(1, 5).Amount(0x80000002)), kNotDispensed);
 }
 
+TEST(CalcMinimumNotes, TakesAllThatTheLastUnitHoldsForAmountsFrom2To31) {
+    const Table table = Table().Bill(1000000, 3000).Bill(1, 7).Limit(3007);
+    EXPECT_EQ(Pay(Table(table).Amount(3000000007)), Chosen({3000, 7}));
+    EXPECT_EQ(Pay(Table(table).Amount(3000000008)), kNotDispensed);
+}
+
 TEST(CalcMinimumNotes, RunsLoopsThatStartAt2To31) {
     EXPECT_EQ(Pay(Table().Bill(1, 0xFFFFFFFF).Bill(7, 5).Amount(0x80000000)),
               Failed(-307, "971A3"));
