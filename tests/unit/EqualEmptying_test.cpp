@@ -192,8 +192,9 @@ TEST(CalcEqualEmptying, ReckonsWithTheLastChosenShareInSumsBeyond2To32) {
 
 TEST(CalcEqualEmptying, ReckonsWithTheFirstShareInSumsBeyond2To32) {
     const auto pay = [](const Table& table) { return Pay(Table(table).Limit(60000)); };
-    EXPECT_EQ(pay(Table().Bill(10, 57).Bill(7, 57).Bill(6, 129).Bill(3, 82).Bill(1, 41).Amount(468)),
-              Chosen({3, 56, 2, 3, 25}));
+    EXPECT_EQ(
+        pay(Table().Bill(10, 57).Bill(7, 57).Bill(6, 129).Bill(3, 82).Bill(1, 41).Amount(468)),
+        Chosen({3, 56, 2, 3, 25}));
     EXPECT_EQ(pay(Table().Bill(9, 33).Bill(8, 72).Bill(6, 86).Bill(5, 93).Bill(1, 59).Amount(837)),
               Chosen({0, 71, 31, 5, 58}));
 }

@@ -119,6 +119,19 @@ TEST(SpreadRoundRobin, AddsWhereTwoCassettesShareAPosition) {
     EXPECT_EQ(RoundRobin(Request().Bill(10, 5).At(1).Bill(20, 4).At(1), {3, 2}), (Numbers{0, 4}));
 }
 
+TEST(SpreadNotes, TakesNothingFromWhatLiesBehindTheLastCassetteOfAUnit) {
+    for (const Spread spread : {SpreadInOrder, SpreadRoundRobin}) {
+        LcuTable table;
+        CMixAlgorithm::BuildLCUTable(Request().Bill(10, 4).Bill(10, 3).Bill(10, 9).record, table);
+        table.aLCUs[0].usNumPhysicalCUs = 2;
+        LcuNotes notes{};
+        notes.aulNotes[0] = 8;
+        MixResult result{};
+        spread(table, notes, result);
+        EXPECT_EQ((Numbers{result.aulNotes, result.aulNotes + 3}), (Numbers{4, 3, 0}));
+    }
+}
+
 TEST(SpreadRoundRobin, SpreadsEachUnitOverItsOwnCassettes) {
     EXPECT_EQ(RoundRobin(Request().Bill(10, 5).Bill(20, 5).Bill(10, 5).Bill(20, 5), {3, 4}),
               (Numbers{2, 2, 1, 2}));
