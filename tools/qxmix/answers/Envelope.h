@@ -2,8 +2,8 @@
 
 #include "errors/Errors.h"
 #include "findings/Findings.h"
-#include "workers/Asker.h"
 #include "json/Json.h"
+#include "workers/Asker.h"
 
 #include <string>
 #include <vector>

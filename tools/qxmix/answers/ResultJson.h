@@ -3,8 +3,8 @@
 #include "Dangers.h"
 #include "Judgement.h"
 #include "dispenser/Dispenser.h"
-#include "workers/Worker.h"
 #include "json/Json.h"
+#include "workers/Worker.h"
 
 #include <string>
 

@@ -2,9 +2,9 @@
 
 #include "errors/Errors.h"
 #include "errors/NearestName.h"
+#include "json/JsonFields.h"
 #include "options/AskOptions.h"
 #include "text/TextList.h"
-#include "json/JsonFields.h"
 
 #include <algorithm>
 

@@ -2,9 +2,9 @@
 
 #include "UnitNames.h"
 #include "errors/NearestName.h"
+#include "json/JsonFields.h"
 #include "text/ParseWhole.h"
 #include "text/TextList.h"
-#include "json/JsonFields.h"
 
 namespace qxmix {
 

@@ -1,7 +1,7 @@
 #include "StoredValues.h"
 
-#include "text/Hex.h"
 #include "json/JsonText.h"
+#include "text/Hex.h"
 
 #include <algorithm>
 #include <map>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "errors/Errors.h"
-#include "terminal/Terminal.h"
 #include "json/Json.h"
+#include "terminal/Terminal.h"
 
 #include <cstdint>
 #include <optional>

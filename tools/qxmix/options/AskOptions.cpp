@@ -3,8 +3,8 @@
 #include "CommonOptions.h"
 #include "MixList.h"
 #include "errors/Errors.h"
-#include "text/ParseWhole.h"
 #include "json/JsonFields.h"
+#include "text/ParseWhole.h"
 
 #include <algorithm>
 

@@ -1,9 +1,9 @@
 #include "CommonOptions.h"
 
+#include "json/JsonFields.h"
 #include "module/RegistryImage.h"
 #include "text/Duration.h"
 #include "text/ParseWhole.h"
-#include "json/JsonFields.h"
 
 #include <cstdio>
 #include <map>

@@ -3,8 +3,8 @@
 #include "Request.h"
 #include "dispenser/DispenserReader.h"
 #include "dispenser/InlineDispenser.h"
-#include "text/Hex.h"
 #include "json/JsonText.h"
+#include "text/Hex.h"
 
 #include <cstring>
 

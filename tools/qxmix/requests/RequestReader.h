@@ -3,8 +3,8 @@
 #include "Records.h"
 #include "dispenser/Dispenser.h"
 #include "errors/Place.h"
-#include "options/AskOptions.h"
 #include "json/Json.h"
+#include "options/AskOptions.h"
 
 #include <cstdint>
 #include <map>

@@ -2,10 +2,10 @@
 
 #include "BatchAnswer.h"
 #include "files/InputFile.h"
+#include "json/JsonText.h"
 #include "module/RegistryImage.h"
 #include "terminal/Terminal.h"
 #include "workers/ModuleCall.h"
-#include "json/JsonText.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -3,9 +3,9 @@
 #include "answers/Judgement.h"
 #include "answers/ResultJson.h"
 #include "dispenser/DispenserJson.h"
+#include "json/StepPath.h"
 #include "terminal/Terminal.h"
 #include "text/Duration.h"
-#include "json/StepPath.h"
 
 namespace qxmix {
 

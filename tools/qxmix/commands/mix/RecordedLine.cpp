@@ -4,10 +4,10 @@
 #include "answers/ResultJson.h"
 #include "errors/NearestName.h"
 #include "files/Output.h"
-#include "requests/Request.h"
-#include "text/Hex.h"
 #include "json/JsonFields.h"
 #include "json/JsonText.h"
+#include "requests/Request.h"
+#include "text/Hex.h"
 
 #include <filesystem>
 #include <fstream>

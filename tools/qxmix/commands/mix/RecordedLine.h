@@ -1,8 +1,8 @@
 #pragma once
 
 #include "MixAnswers.h"
-#include "requests/RequestReader.h"
 #include "json/Json.h"
+#include "requests/RequestReader.h"
 
 #include <cstdint>
 #include <string>

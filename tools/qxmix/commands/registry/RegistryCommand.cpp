@@ -6,12 +6,12 @@
 #include "dispenser/StoredValues.h"
 #include "errors/NearestName.h"
 #include "files/Output.h"
+#include "json/JsonFields.h"
 #include "module/LibrarySearch.h"
 #include "module/RegistryImage.h"
 #include "terminal/Table.h"
 #include "text/Hex.h"
 #include "text/ParseWhole.h"
-#include "json/JsonFields.h"
 
 #include <algorithm>
 

@@ -3,8 +3,8 @@
 #include "SimulationRanking.h"
 #include "answers/ResultJson.h"
 #include "dispenser/DispenserJson.h"
-#include "text/Duration.h"
 #include "json/StepPath.h"
+#include "text/Duration.h"
 
 #include <map>
 
