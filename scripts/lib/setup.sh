@@ -1,7 +1,40 @@
 # shellcheck shell=bash
-# What every script starts with: where the project is, and how missing Debian packages get installed.
+# What every script starts with: its help, where the project is, and how missing Debian packages get
+# installed.
 
 set -euo pipefail
+
+# The comment at the top of a script is its help.
+for word in "$@"; do
+    case $word in
+        -h | --help)
+            sed -n '2,/^[^#]/ { /^# shellcheck/d; s/^# \{0,1\}//p }' "$0"
+            exit
+            ;;
+    esac
+done
+
+# Ends with one line that says what is wrong.
+fail() {
+    echo "${0##*/}: $1" >&2
+    exit 1
+}
+
+# expect_known KIND "NAME ..." [WORD ...]: ends unless each word is one of the names.
+expect_known() {
+    local kind=$1 names=$2 word
+    shift 2
+    for word in "$@"; do
+        [[ $word != *' '* && " $names " == *" $word "* ]] ||
+            fail "$word: unknown $kind; expected one of: ${names// /, }"
+    done
+}
+
+# Ends unless a script that takes no argument was given none.
+expect_nothing() {
+    [ $# -eq 0 ] || fail "$1: unknown argument; expected none"
+}
+
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 jobs=$(nproc)
 
@@ -35,10 +68,11 @@ need_packages() {
 build_preset() {
     local preset=$1
     shift
-    cmake --preset "$preset" "$@" >"/tmp/qxmix-configure-$preset.$$" 2>&1 || {
-        cat "/tmp/qxmix-configure-$preset.$$" >&2
+    # Not in the temporary folder, where others could have put a link of that name.
+    mkdir -p build
+    cmake --preset "$preset" "$@" >"build/configure-$preset.log" 2>&1 || {
+        cat "build/configure-$preset.log" >&2
         return 1
     }
-    rm -f "/tmp/qxmix-configure-$preset.$$"
     cmake --build --preset "$preset" -j "$jobs" -- --quiet
 }

@@ -36,8 +36,10 @@ def bytes_of(folder):
 
 
 def make(project, *arguments):
+    """With rights that a careful user takes from all new files: a delivery is for everybody."""
     return subprocess.run(
-        [project / "scripts/make-dist", *arguments], capture_output=True, text=True, check=False
+        [project / "scripts/make-dist", *arguments],
+        capture_output=True, text=True, check=False, umask=0o077,
     )
 
 
@@ -58,6 +60,42 @@ def check_sums(delivery):
     for name in files:
         digest = hashlib.sha256((delivery / name).read_bytes()).hexdigest()
         expect(listed.get(name) == digest, f"{name}: another sum in SHA256SUMS")
+
+
+def check_rights(delivery):
+    for path in (delivery, *delivery.rglob("*")):
+        rights = 0o755 if path.is_dir() else 0o644
+        expect(path.stat().st_mode & 0o777 == rights, f"{path}: rights {path.stat().st_mode:o}")
+
+
+def check_replaced(project, folder, libraries):
+    """A second delivery takes the place of the first; what is beside them is somebody's own."""
+    place = folder / "replaced"
+    made = project / "build/make-dist"  # where it would build them itself
+    shutil.copytree(libraries, made)
+    own = [folder / f"replaced{ending}" / "mine" for ending in (".old", ".part", ".new")]
+    for file in own:
+        file.parent.mkdir()
+        file.write_text("mine", encoding="ascii")
+    before = sorted(path.name for path in folder.iterdir())
+    for _ in range(2):
+        done = make(project, "--output", place, "--libraries", "build/make-dist")
+        expect(done.returncode == 0, f"replaced: {done.stderr}")
+    for file in own:
+        expect(file.exists(), f"{file} is lost")
+    after = sorted(path.name for path in folder.iterdir())
+    expect(after == sorted([*before, "replaced"]), f"beside a delivery: {after}")
+    expect(made.exists(), "libraries that were given are gone")
+
+    # What has been changed in a delivery, or put into it, is not thrown away either.
+    for name, text in (("docs/abi.md", "changed"), ("docs/notes", "added")):
+        previous = (place / name).read_bytes() if (place / name).exists() else None
+        (place / name).write_text(text, encoding="ascii")
+        refused = make(project, "--output", place, "--libraries", "build/make-dist")
+        expect_refusal(text, refused, "something else")
+        expect((place / name).read_text(encoding="ascii") == text, f"{name} is lost")
+        if previous is not None:
+            (place / name).write_bytes(previous)
 
 
 def check_content(delivery, libraries):
@@ -118,7 +156,7 @@ def check_refusals(project, delivery, folder):
     done = make(project, "--output", delivery)
     expect_refusal("broken source", done, "device: .*error: .*on purpose.*build.log")
     expect(bytes_of(delivery) == before, "a failure has changed the delivery")
-    expect(not list(delivery.parent.glob("*.part")), "a failure leaves a part of a delivery")
+    expect(not list(delivery.parent.glob(".make-dist*")), "a failure leaves a part of a delivery")
 
 
 def main():
@@ -128,7 +166,7 @@ def main():
         return 0
     with tempfile.TemporaryDirectory(prefix="qxmix-delivery-") as name:
         folder = pathlib.Path(name)
-        copy = folder / "another place"
+        copy = folder / "pä th (1)"
         for source in SOURCES:
             shutil.copytree(project / source, copy / source)
         one, other = folder / "one", copy / "dist"
@@ -140,6 +178,8 @@ def main():
                 same = filecmp.cmp(one / file, other / file, shallow=False)
                 expect(same, f"{file} differs between two deliveries")
             check_sums(one)
+            check_rights(one)
+            check_replaced(copy, folder, libraries)
             check_content(one, libraries)
             check_links(one)
             check_headers(one, folder)
