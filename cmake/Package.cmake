@@ -3,6 +3,8 @@
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/QXMix)
+set(install_folders ${CMAKE_INSTALL_BINDIR} ${package_dir} ${CMAKE_INSTALL_LIBDIR}/pkgconfig
+                    ${CMAKE_INSTALL_INCLUDEDIR}/qxmix)
 
 install(
   TARGETS QXMIX qxmix_platform
@@ -51,17 +53,22 @@ if(TARGET qxmix AND NOT CMAKE_CROSSCOMPILING)
       DEPENDS qxmix cmake/Completions.cmake
       VERBATIM)
     list(APPEND tool_files ${completions}/${place})
+    # One by one: the folder of an older build may hold files of other names.
+    cmake_path(GET place PARENT_PATH folder)
+    install(FILES ${completions}/${place} DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/${folder})
+    list(APPEND install_folders ${CMAKE_INSTALL_DATAROOTDIR}/${folder})
   endforeach()
-  install(DIRECTORY ${completions}/ DESTINATION ${CMAKE_INSTALL_DATAROOTDIR})
 
   find_program(QXMIX_SCDOC scdoc)
   if(QXMIX_SCDOC)
     add_custom_command(
       OUTPUT ${CMAKE_BINARY_DIR}/qxmix.1
-      COMMAND sh -c "${QXMIX_SCDOC} <${PROJECT_SOURCE_DIR}/docs/qxmix.1.scd >qxmix.1"
-      DEPENDS docs/qxmix.1.scd
+      COMMAND ${CMAKE_COMMAND} -DSCDOC=${QXMIX_SCDOC} -DPAGE=${PROJECT_SOURCE_DIR}/docs/qxmix.1.scd
+              -DOUTPUT=${CMAKE_BINARY_DIR}/qxmix.1 -P ${PROJECT_SOURCE_DIR}/cmake/ManualPage.cmake
+      DEPENDS docs/qxmix.1.scd cmake/ManualPage.cmake
       VERBATIM)
     list(APPEND tool_files ${CMAKE_BINARY_DIR}/qxmix.1)
+    list(APPEND install_folders ${CMAKE_INSTALL_MANDIR}/man1)
     install(FILES ${CMAKE_BINARY_DIR}/qxmix.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
   else()
     message(STATUS "no scdoc: the manual page is not made")
@@ -72,7 +79,9 @@ if(TARGET qxmix AND NOT CMAKE_CROSSCOMPILING)
     DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/qxmix
     PATTERN qxmix.1.scd EXCLUDE)
   install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/qxmix)
+  list(APPEND install_folders ${CMAKE_INSTALL_DATAROOTDIR}/doc/qxmix)
 endif()
+configure_file(cmake/InstallFolders.cmake.in InstallFolders.cmake @ONLY)
 
 # `cpack` makes a Debian package of a build.
 set(CPACK_GENERATOR DEB)
@@ -88,6 +97,7 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY})
+set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/PackedFolders.cmake)
 # Packing takes what is built; it does not build the tests.
 set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)
 include(CPack)

@@ -2,6 +2,9 @@
 # use_deb.sh BUILD WORK
 # Makes the Debian package of a build, unpacks it and uses what is in it.
 set -euo pipefail
+# shellcheck source=tests/package/own_folders_only.sh
+source "$(dirname "$0")/own_folders_only.sh"
+umask 077  # what a careful user takes from all new files; the package is for everybody
 build=$1 work=$2
 fail() { echo "$1"; exit 1; }
 rm -rf "$work/deb"
@@ -19,16 +22,21 @@ dpkg-deb -x "$package" "$root"
 cd "$root/usr/share/doc/qxmix"
 unset QXMIX_LIBRARY
 tool=$root/usr/bin/qxmix
-$tool --version | grep -q '^module V .* (libQXMIX.so)$' || fail "the tool does not find the library"
-$tool mix examples/euro.json --amount 280 | grep -q '^PAID  280 of 280 EUR' || fail "mix"
-{ $tool batch <examples/two.ndjson || [ $? -eq 2 ]; } | grep -c '"id":' | grep -qx 2 || fail "batch"
-readelf -d "$tool" "$root"/usr/lib/lib*.so | grep RUNPATH | grep -v '\$ORIGIN' && fail "looks outside"
+"$tool" --version | grep -q '^module V .* (libQXMIX.so)$' || fail "the tool does not find the library"
+"$tool" mix examples/euro.json --amount 280 | grep -q '^PAID  280 of 280 EUR' || fail "mix"
+{ "$tool" batch <examples/two.ndjson || [ $? -eq 2 ]; } | grep -c '"id":' | grep -qx 2 || fail "batch"
+own_folders_only "$tool" "$root"/usr/lib/lib*.so || exit 1
 for file in share/man/man1/qxmix.1 share/doc/qxmix/schema/answer.schema.json \
-    share/doc/qxmix/docs/qxmix.md share/bash-completion/completions/qxmix \
-    share/zsh/site-functions/_qxmix share/fish/vendor_completions.d/qxmix.fish \
+    share/doc/qxmix/docs/qxmix.md \
     include/qxmix/qxmix.h lib/pkgconfig/qxmix.pc lib/libqxmix_platform.so; do
     [ -s "$root/usr/$file" ] || fail "$file is missing"
 done
-cmp <("$tool" completions bash) "$root/usr/share/bash-completion/completions/qxmix"
-find "$root" ! -perm -o=r | grep . && fail "not readable by everybody"
+for completion in bash:bash-completion/completions/qxmix zsh:zsh/site-functions/_qxmix \
+    fish:fish/vendor_completions.d/qxmix.fish; do
+    cmp <("$tool" completions "${completion%%:*}") "$root/usr/share/${completion#*:}"
+done
+# Only the tool is a program.
+rights=$(dpkg-deb -c "$package" | awk '{ print $1, $6 }' | sort -u |
+    grep -vE '^(drwxr-xr-x|-rw-r--r--) |^-rwxr-xr-x ./usr/bin/qxmix$' || true)
+[ -z "$rights" ] || fail "rights of their own: $rights"
 echo "the installed package answers"

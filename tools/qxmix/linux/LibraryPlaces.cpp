@@ -12,7 +12,7 @@ std::vector<std::string> LibraryPlaces() {
     const fs::path tool = fs::read_symlink("/proc/self/exe", error).parent_path();
     std::vector<std::string> places;
     // Relative to the tool, so that an installed tree may be moved.
-    for (const char* folder : {".", QXMIX_INSTALL_LIBRARY_FOLDER, QXMIX_BUILD_LIBRARY_FOLDER}) {
+    for (const char* folder : {".", QXMIX_LIBRARY_FOLDER}) {
         places.push_back((tool / folder / kLibraryFile).lexically_normal().string());
     }
     return places;
