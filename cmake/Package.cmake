@@ -10,18 +10,8 @@ install(
   TARGETS QXMIX qxmix_platform
   EXPORT QXMixTargets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
-install(
-  FILES src/interface/MixAlgorithm.h
-        src/interface/ObjectLayout.h
-        src/interface/qxmix.h
-        src/interface/ResultCodes.h
-        src/cashunits/CashUnitCodes.h
-        src/cashunits/LittleEndian.h
-        src/cashunits/RecordChecks.h
-        src/cashunits/Records.h
-        src/platform/linux/HostControl.h
-        src/platform/linux/PlatformApi.h
-  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/qxmix)
+install(FILES include/qxmix.h src/platform/linux/HostControl.h
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/qxmix)
 install(
   EXPORT QXMixTargets
   NAMESPACE QXMix::

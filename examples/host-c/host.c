@@ -1,4 +1,4 @@
-/* A complete host of the module in plain C (C99): what a service provider does with it, from
+/* A complete host of the module in plain C (C89): what a service provider does with it, from
  * loading the library to unloading it.
  *
  * It loads the library at run time, asks for the mixes, pays 280 EUR out of three cassettes, and
@@ -23,21 +23,16 @@ typedef struct Host {
     unsigned count;
 } Host;
 
-static void Reserved(QxmixHost* base) {
-    (void)base; /* slot 1 is the host's own */
-}
-
 /* The module tells of two objects: first of the outer one, which is also what CreateMixAlgorithm
  * returns, then of the inner one. Neither is complete yet: they may be kept, but not called. */
-static int32_t OnObjectCreated(QxmixHost* base, QxmixObject* object) {
+static void TakeObject(QxmixHost* base, QxmixObject* object) {
     Host* const host = (Host*)base;
     if (host->count < 2) {
         host->objects[host->count++] = object;
     }
-    return 0; /* ignored */
 }
 
-static const QxmixHostSlots kHostSlots = {Reserved, OnObjectCreated};
+QXMIX_HOST_SLOTS(kHostSlots, TakeObject);
 
 /* ---------------------------------------------------------------- the library */
 
@@ -45,7 +40,7 @@ typedef struct Module {
     void* library;
     QxmixCreateFunction create;
     QxmixDeleteFunction destroy;
-    int32_t (*freeBuffer)(void* block); /* the XFS manager's */
+    QxmixS32 (*freeBuffer)(void* block); /* the XFS manager's */
 } Module;
 
 /* On the device this is LoadLibrary and GetProcAddress. */
@@ -67,7 +62,7 @@ static int Load(const char* path, Module* module) {
 static int ShowMixTypes(const Module* module, QxmixObject* outer) {
     QxmixMixType** list = NULL;
     unsigned count = 0;
-    if (outer->slots->GetMixTypes(outer, &list) != kQxmixSuccess) {
+    if (QxmixGetMixTypes(outer, &list) != kQxmixSuccess) {
         return 0;
     }
     for (; list[count] != NULL; ++count) {
@@ -80,7 +75,7 @@ static int ShowMixTypes(const Module* module, QxmixObject* outer) {
 /* ---------------------------------------------------------------- a calculation */
 
 /* One cassette of whole euros. Its place in the request and its position are the same. */
-static void AddCassette(QxmixRequest* request, uint32_t value, uint32_t count) {
+static void AddCassette(QxmixRequest* request, QxmixU32 value, QxmixU32 count) {
     QxmixCassette* const cassette = &request->aPhysicalCUs[request->usNumPhysicalCUs];
     cassette->usPosition = request->usNumPhysicalCUs;
     cassette->usType = kQxmixBillCassette;
@@ -91,7 +86,7 @@ static void AddCassette(QxmixRequest* request, uint32_t value, uint32_t count) {
     ++request->usNumPhysicalCUs;
 }
 
-static QxmixRequest RequestFor(uint16_t mix, uint32_t amount) {
+static QxmixRequest RequestFor(QxmixU16 mix, QxmixU32 amount) {
     QxmixRequest request;
     memset(&request, 0, sizeof(request));
     request.usMixNumber = mix;
@@ -105,29 +100,35 @@ static QxmixRequest RequestFor(uint16_t mix, uint32_t amount) {
 }
 
 /* Whether an answer may move money: no more than was asked, no more items than the limit and than
- * each cassette holds. Mixes 4 and 9 can answer otherwise, so this is no formality. The request is
- * the one as it was before the call: the module rewrites amount and remainder. */
+ * each cassette holds. Mixes 4 and 9 can answer otherwise, so this is no formality. Nothing here
+ * wraps: each step is held to what is left of the amount and of the limit.
+ *
+ * The request is the one as it was before the call: the module rewrites amount and remainder. */
 static int IsSafe(const QxmixRequest* asked, const QxmixResult* result) {
-    uint64_t paid = 0;
-    uint64_t items = 0;
-    for (unsigned place = 0; place < asked->usNumPhysicalCUs; ++place) {
-        const uint64_t taken = result->aulNotes[place];
-        if (taken > asked->aPhysicalCUs[place].ulCount) {
+    QxmixU32 amountLeft = asked->ulAmount;
+    QxmixU32 itemsLeft = asked->usMaxDispenseItems;
+    unsigned place;
+    for (place = 0; place < asked->usNumPhysicalCUs; ++place) {
+        const QxmixCassette* const cassette = &asked->aPhysicalCUs[place];
+        const QxmixU32 taken = result->aulNotes[place];
+        if (taken > cassette->ulCount || taken > itemsLeft ||
+            (cassette->ulValues != 0 && taken > amountLeft / cassette->ulValues)) {
             return 0;
         }
-        paid += taken * asked->aPhysicalCUs[place].ulValues;
-        items += taken;
+        amountLeft -= taken * cassette->ulValues;
+        itemsLeft -= taken;
     }
-    return paid <= asked->ulAmount && items <= asked->usMaxDispenseItems;
+    return 1;
 }
 
 /* Pays an amount of whole euros with minimum notes. A request goes into one call only. With mixes 4
  * and 9 the call belongs into a worker with a deadline: their search does not always end. */
-static int Pay(QxmixObject* outer, uint32_t amount) {
+static int Pay(QxmixObject* outer, QxmixU32 amount) {
     const QxmixRequest asked = RequestFor(1, amount);
     QxmixRequest request = asked;
     QxmixResult result;
-    const int32_t code = outer->slots->MixCalculate(outer, &request, &result);
+    unsigned place;
+    const QxmixS32 code = QxmixMixCalculate(outer, &request, &result);
     if (code != kQxmixSuccess) {
         printf("%u EUR: refused with %d\n", (unsigned)amount, (int)code);
         return 0;
@@ -137,7 +138,7 @@ static int Pay(QxmixObject* outer, uint32_t amount) {
         return 0;
     }
     printf("%u EUR:", (unsigned)amount);
-    for (unsigned place = 0; place < asked.usNumPhysicalCUs; ++place) {
+    for (place = 0; place < asked.usNumPhysicalCUs; ++place) {
         printf(" %u x %u", (unsigned)result.aulNotes[place],
                (unsigned)asked.aPhysicalCUs[place].ulValues);
     }
@@ -147,34 +148,39 @@ static int Pay(QxmixObject* outer, uint32_t amount) {
 }
 
 static int UseModule(const Module* module, QxmixObject* outer) {
+    int listed;
+    int paid;
+    int refused;
     /* The object is not cleared: before the first request for the mix types the host stores its
      * event, or null. */
     ((QxmixOuterObject*)outer)->hMixTypesEvent = NULL;
-    const int listed = ShowMixTypes(module, outer);
-    const int paid = Pay(outer, 280);
-    const int refused = !Pay(outer, 285); /* nothing holds five euros */
+    listed = ShowMixTypes(module, outer);
+    paid = Pay(outer, 280);
+    refused = !Pay(outer, 285); /* nothing holds five euros */
     return listed && paid && refused;
 }
 
 int main(int count, char** arguments) {
     Module module;
     Host host = {{&kHostSlots}, {NULL, NULL}, 0};
+    QxmixObject* outer;
+    int succeeded;
     if (!Load(count > 1 ? arguments[1] : "libQXMIX.so", &module)) {
         return 1;
     }
-    QxmixObject* const outer = module.create(&host.base);
+    outer = module.create(&host.base);
     if (outer == NULL) {
         fprintf(stderr, "no memory\n");
         return 1;
     }
-    const int succeeded = UseModule(&module, outer);
+    succeeded = UseModule(&module, outer);
 
     /* This ends the outer object and leaves the inner one to the host, by design. A host that lives
      * as long as the terminal may leave it where it is; one that comes and goes destroys it. */
     module.destroy();
     if (host.count == 2) {
         QxmixObject* const inner = host.objects[1];
-        inner->slots->Destroy(inner, 1);
+        QxmixDestroy(inner, 1);
     }
     dlclose(module.library);
     return succeeded ? 0 : 1;

@@ -1,5 +1,5 @@
-/// A complete host of the module in C++: what a service provider does with it, from loading the
-/// library to unloading it.
+/// A complete host of the module in C++ (C++98): what a service provider does with it, from loading
+/// the library to unloading it.
 ///
 /// It loads the library at run time, asks for the mixes, pays 280 EUR out of three cassettes, and
 /// checks the answer before it would move money.
@@ -8,9 +8,7 @@
 ///
 /// Exit status 0: everything was as a service provider expects it.
 
-#include "MixAlgorithm.h"
-#include "Records.h"
-#include "ResultCodes.h"
+#include "qxmix.h"
 
 #include <cstdio>
 #include <cstring>
@@ -24,33 +22,34 @@ class Library {
 public:
     explicit Library(const char* path) : handle_(dlopen(path, RTLD_NOW)) {}
     ~Library() {
-        if (handle_ != nullptr) {
+        if (handle_ != NULL) {
             dlclose(handle_);
         }
     }
-    Library(const Library&) = delete;
-    Library& operator=(const Library&) = delete;
 
     /// A function of the library, or of one that it needs; null without it.
     template <typename Function>
-    Function* Find(const char* name) const {
-        void* const address = handle_ != nullptr ? dlsym(handle_, name) : nullptr;
-        Function* function = nullptr;
+    Function Find(const char* name) const {
+        void* const address = handle_ != NULL ? dlsym(handle_, name) : NULL;
+        Function function = NULL;
         std::memcpy(&function, &address, sizeof(function));
         return function;
     }
 
 private:
+    Library(const Library&);
+    Library& operator=(const Library&);
+
     void* handle_;
 };
 
 /// What the module calls back. It tells of two objects: first of the outer one, which is also what
 /// CreateMixAlgorithm returns, then of the inner one.
-class Host final : public MixAlgorithmHost {
+class Host : public MixAlgorithmHost {
 public:
-    void Reserved() noexcept override {}  // slot 1 is the host's own
+    virtual void QXMIX_SLOT Reserved() {}  // slot 1 is the host's own
 
-    std::int32_t OnObjectCreated(IMixAlgorithm* object) noexcept override {
+    virtual QxmixS32 QXMIX_SLOT OnObjectCreated(IMixAlgorithm* object) {
         // The object is not complete yet: it may be kept here, but not called.
         objects_.push_back(object);
         return 0;  // ignored
@@ -72,38 +71,38 @@ private:
 ///
 /// @param outer  its event has been set up: the module sets hMixTypesEvent before it answers.
 bool ShowMixTypes(const Library& library, IMixAlgorithm& outer) {
-    auto* const freeBuffer = library.Find<std::int32_t(void*)>("WFMFreeBuffer");
-    WFSCDMMIXTYPE** list = nullptr;
-    if (freeBuffer == nullptr || outer.GetMixTypes(&list) != kSuccess) {
+    typedef QxmixS32 (*FreeBufferFunction)(void* block);
+    const FreeBufferFunction freeBuffer = library.Find<FreeBufferFunction>("WFMFreeBuffer");
+    QxmixMixType** list = NULL;
+    if (freeBuffer == NULL || outer.GetMixTypes(&list) != kQxmixSuccess) {
         return false;
     }
     unsigned count = 0;
-    for (; list[count] != nullptr; ++count) {
-        std::printf("%3u  %s\n", unsigned{list[count]->usMixNumber}, list[count]->lpszName);
+    for (; list[count] != NULL; ++count) {
+        std::printf("%3u  %s\n", static_cast<unsigned>(list[count]->usMixNumber),
+                    list[count]->lpszName);
     }
     // The list, its records and its names are one linked allocation.
     return freeBuffer(list) == 0 && count == 10;
 }
 
 /// One cassette of whole euros. Its place in the request and its position are the same.
-void AddCassette(MixRequest& request, std::uint32_t value, std::uint32_t count) {
-    const std::uint16_t place = request.usNumPhysicalCUs;
-    PhysicalCashUnit& cassette = request.aPhysicalCUs[place];
-    cassette.usPosition = place;
-    cassette.usType = std::uint16_t{3};  // a bill cassette
-    cassette.cCurrencyID = request.cCurrencyID;
+void AddCassette(QxmixRequest& request, QxmixU32 value, QxmixU32 count) {
+    QxmixCassette& cassette = request.aPhysicalCUs[request.usNumPhysicalCUs];
+    cassette.usPosition = request.usNumPhysicalCUs;
+    cassette.usType = kQxmixBillCassette;
+    std::memcpy(cassette.cCurrencyID, "EUR", 3);
     cassette.ulValues = value;
     cassette.ulCount = count;
-    cassette.usStatus = std::uint16_t{0};  // OK
-    request.usNumPhysicalCUs = static_cast<std::uint16_t>(place + 1);
+    cassette.usStatus = kQxmixOk;
+    ++request.usNumPhysicalCUs;
 }
 
-MixRequest RequestFor(unsigned mix, std::uint32_t amount) {
-    MixRequest request;
-    std::memset(&request, 0, sizeof(request));
-    request.usMixNumber = static_cast<std::uint16_t>(mix);
-    request.usMaxDispenseItems = std::uint16_t{40};
-    request.cCurrencyID = {{'E', 'U', 'R'}};
+QxmixRequest RequestFor(QxmixU16 mix, QxmixU32 amount) {
+    QxmixRequest request = QxmixRequest();
+    request.usMixNumber = mix;
+    request.usMaxDispenseItems = 40;
+    std::memcpy(request.cCurrencyID, "EUR", 3);
     request.ulAmount = amount;
     AddCassette(request, 50, 100);
     AddCassette(request, 20, 300);
@@ -112,61 +111,59 @@ MixRequest RequestFor(unsigned mix, std::uint32_t amount) {
 }
 
 /// Whether an answer may move money: no more than was asked, no more items than the limit and than
-/// each cassette holds. Mixes 4 and 9 can answer otherwise, so this is no formality.
+/// each cassette holds. Mixes 4 and 9 can answer otherwise, so this is no formality. Nothing here
+/// wraps: each step is held to what is left of the amount and of the limit.
 ///
 /// @param asked  the request as it was before the call: the module rewrites amount and remainder.
-bool IsSafe(const MixRequest& asked, const MixResult& result, std::uint32_t amount) {
-    std::uint64_t paid = 0;
-    std::uint64_t items = 0;
-    const unsigned cassettes = asked.usNumPhysicalCUs;
-    for (unsigned place = 0; place < cassettes; ++place) {
-        const std::uint64_t taken = result.aulNotes[place];
-        if (taken > asked.aPhysicalCUs[place].ulCount) {
+bool IsSafe(const QxmixRequest& asked, const QxmixResult& result) {
+    QxmixU32 amountLeft = asked.ulAmount;
+    QxmixU32 itemsLeft = asked.usMaxDispenseItems;
+    for (unsigned place = 0; place < asked.usNumPhysicalCUs; ++place) {
+        const QxmixCassette& cassette = asked.aPhysicalCUs[place];
+        const QxmixU32 taken = result.aulNotes[place];
+        if (taken > cassette.ulCount || taken > itemsLeft ||
+            (cassette.ulValues != 0 && taken > amountLeft / cassette.ulValues)) {
             return false;
         }
-        paid += taken * asked.aPhysicalCUs[place].ulValues;
-        items += taken;
+        amountLeft -= taken * cassette.ulValues;
+        itemsLeft -= taken;
     }
-    return paid <= amount && items <= asked.usMaxDispenseItems;
+    return true;
 }
 
 /// Pays an amount of whole euros with minimum notes.
 ///
 /// A request goes into one call only. With mixes 4 and 9 the call belongs into a worker with a
 /// deadline: their search does not always end.
-bool Pay(IMixAlgorithm& outer, std::uint32_t amount) {
-    const MixRequest asked = RequestFor(1, amount);
-    MixRequest request = asked;
-    MixResult result;
-    const std::int32_t code = outer.MixCalculate(&request, &result);
-    if (code != kSuccess) {
-        std::printf("%u EUR: refused with %d\n", amount, code);
+bool Pay(IMixAlgorithm& outer, QxmixU32 amount) {
+    const QxmixRequest asked = RequestFor(1, amount);
+    QxmixRequest request = asked;
+    QxmixResult result;
+    const QxmixS32 code = outer.MixCalculate(&request, &result);
+    if (code != kQxmixSuccess) {
+        std::printf("%u EUR: refused with %d\n", static_cast<unsigned>(amount),
+                    static_cast<int>(code));
         return false;
     }
-    if (!IsSafe(asked, result, amount)) {
-        std::printf("%u EUR: an answer that must not be carried out\n", amount);
+    if (!IsSafe(asked, result)) {
+        std::printf("%u EUR: an answer that must not be carried out\n",
+                    static_cast<unsigned>(amount));
         return false;
     }
-    std::printf("%u EUR:", amount);
+    std::printf("%u EUR:", static_cast<unsigned>(amount));
     for (unsigned place = 0; place < asked.usNumPhysicalCUs; ++place) {
-        std::printf(" %u x %u", std::uint32_t{result.aulNotes[place]},
-                    std::uint32_t{asked.aPhysicalCUs[place].ulValues});
+        std::printf(" %u x %u", static_cast<unsigned>(result.aulNotes[place]),
+                    static_cast<unsigned>(asked.aPhysicalCUs[place].ulValues));
     }
     // 0 does not mean that everything was paid.
-    std::printf(", %u unpaid\n", std::uint32_t{request.ulRemainder});
+    std::printf(", %u unpaid\n", static_cast<unsigned>(request.ulRemainder));
     return request.ulRemainder == 0;
 }
 
-/// The outer object comes from the ordinary allocator and is not cleared: before the first request
-/// for the mix types the host stores its event, or null. It lies at 100 where pointers have four
-/// bytes, and at 112 where they have eight.
-void SetEvent(IMixAlgorithm& outer, void* event) {
-    const std::size_t offset = sizeof(void*) == 4 ? 100 : 112;
-    std::memcpy(reinterpret_cast<unsigned char*>(&outer) + offset, &event, sizeof(event));
-}
-
 bool UseModule(const Library& library, IMixAlgorithm& outer) {
-    SetEvent(outer, nullptr);
+    // The outer object comes from the ordinary allocator and is not cleared: before the first
+    // request for the mix types the host stores its event, or null.
+    reinterpret_cast<QxmixOuterObject&>(outer).hMixTypesEvent = NULL;
     const bool listed = ShowMixTypes(library, outer);
     const bool paid = Pay(outer, 280);
     const bool refused = !Pay(outer, 285);  // nothing holds five euros
@@ -177,15 +174,15 @@ bool UseModule(const Library& library, IMixAlgorithm& outer) {
 
 int main(int count, char** arguments) {
     const Library library(count > 1 ? arguments[1] : "libQXMIX.so");
-    auto* const create = library.Find<decltype(CreateMixAlgorithm)>("CreateMixAlgorithm");
-    auto* const destroy = library.Find<decltype(DeleteMixAlgorithm)>("DeleteMixAlgorithm");
-    if (create == nullptr || destroy == nullptr) {
+    const QxmixCreateFunction create = library.Find<QxmixCreateFunction>("CreateMixAlgorithm");
+    const QxmixDeleteFunction destroy = library.Find<QxmixDeleteFunction>("DeleteMixAlgorithm");
+    if (create == NULL || destroy == NULL) {
         std::fprintf(stderr, "no module: %s\n", dlerror());
         return 1;
     }
     Host host;
     IMixAlgorithm* const outer = create(&host);
-    if (outer == nullptr) {
+    if (outer == NULL) {
         std::fprintf(stderr, "no memory\n");
         return 1;
     }

@@ -2,8 +2,8 @@
 /// loading the library to unloading it.
 ///
 /// It prepares the registry, loads the library, asks for the mixes, pays 280 EUR out of three
-/// cassettes, reads the code of a refusal, and gives up on a calculation that does not end. Plain
-/// C++17 and the Windows API, no extension of a compiler.
+/// cassettes, reads the code of a refusal, and gives up on a calculation that does not end. C++98,
+/// the Windows API and qxmix.h, no extension of a compiler.
 ///
 ///   host <path of QXMIX.dll>
 ///
@@ -17,50 +17,45 @@
 #endif
 #include <windows.h>
 
-#include "CashUnitCodes.h"
-#include "MixAlgorithm.h"
-#include "ObjectLayout.h"
-#include "Records.h"
-#include "ResultCodes.h"
+#include "qxmix.h"
 
 #include <cstdio>
 #include <cstring>
 
 namespace {
 
-using CreateFunction = IMixAlgorithm* (*)(MixAlgorithmHost*);
-using DeleteFunction = void (*)();
-using FreeBufferFunction = HRESULT(WINAPI*)(void*);
+typedef HRESULT(WINAPI* FreeBufferFunction)(void*);
 
 /// The library, loaded while this lives.
 class Library {
 public:
     explicit Library(const char* path) : handle_(LoadLibraryA(path)) {}
     ~Library() {
-        if (handle_ != nullptr) {
+        if (handle_ != NULL) {
             FreeLibrary(handle_);
         }
     }
-    Library(const Library&) = delete;
-    Library& operator=(const Library&) = delete;
 
     /// An exported function; null without it.
     template <typename Function>
     Function Find(const char* name) const {
-        return handle_ != nullptr ? Cast<Function>(GetProcAddress(handle_, name)) : nullptr;
+        return handle_ != NULL ? Cast<Function>(GetProcAddress(handle_, name)) : NULL;
     }
 
     /// A function of a library that the module has brought along.
     template <typename Function>
     static Function FindIn(const char* library, const char* name) {
         const HMODULE loaded = GetModuleHandleA(library);
-        return loaded != nullptr ? Cast<Function>(GetProcAddress(loaded, name)) : nullptr;
+        return loaded != NULL ? Cast<Function>(GetProcAddress(loaded, name)) : NULL;
     }
 
 private:
+    Library(const Library&);
+    Library& operator=(const Library&);
+
     template <typename Function>
     static Function Cast(FARPROC address) {
-        Function function = nullptr;
+        Function function = NULL;
         std::memcpy(&function, &address, sizeof(function));
         return function;
     }
@@ -70,11 +65,13 @@ private:
 
 /// What the module calls back. It tells of two objects: first of the outer one, which is also what
 /// CreateMixAlgorithm returns, then of the inner one.
-class Host final : public MixAlgorithmHost {
+class Host : public MixAlgorithmHost {
 public:
-    void Reserved() noexcept override {}  // slot 1 is the host's own
+    Host() : created_(0) {}
 
-    std::int32_t OnObjectCreated(IMixAlgorithm* object) noexcept override {
+    virtual void QXMIX_SLOT Reserved() {}  // slot 1 is the host's own
+
+    virtual QxmixS32 QXMIX_SLOT OnObjectCreated(IMixAlgorithm* object) {
         // The object is not complete yet: it may be kept here, but not called.
         if (created_ < 2) {
             objects_[created_] = object;
@@ -95,15 +92,15 @@ public:
     }
 
 private:
-    IMixAlgorithm* objects_[2] = {};
-    unsigned created_ = 0;
+    IMixAlgorithm* objects_[2];
+    unsigned created_;
 };
 
 /// Creates the key that error codes go to: the module never does, and loses them without it.
 bool PrepareRegistry() {
-    HKEY key = nullptr;
-    if (RegCreateKeyExW(HKEY_LOCAL_MACHINE, L"SOFTWARE\\ATM\\ErrorCode", 0, nullptr, 0, KEY_WRITE,
-                        nullptr, &key, nullptr) != ERROR_SUCCESS) {
+    HKEY key = NULL;
+    if (RegCreateKeyExW(HKEY_LOCAL_MACHINE, L"SOFTWARE\\ATM\\ErrorCode", 0, NULL, 0, KEY_WRITE,
+                        NULL, &key, NULL) != ERROR_SUCCESS) {
         return false;
     }
     RegCloseKey(key);
@@ -114,14 +111,14 @@ bool PrepareRegistry() {
 ///
 /// @param code [6] ended by a zero. Of use only after a failure: a success leaves an old code.
 bool ReadErrorCode(char* code) {
-    HKEY key = nullptr;
+    HKEY key = NULL;
     if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, L"SOFTWARE\\ATM\\ErrorCode", 0, KEY_READ, &key) !=
         ERROR_SUCCESS) {
         return false;
     }
-    BYTE stored[16] = {};
+    BYTE stored[16] = {0};
     DWORD size = sizeof(stored);
-    const LONG result = RegQueryValueExW(key, L"CDM", nullptr, nullptr, stored, &size);
+    const LONG result = RegQueryValueExW(key, L"CDM", NULL, NULL, stored, &size);
     RegCloseKey(key);
     std::memcpy(code, stored, 5);
     code[5] = '\0';
@@ -131,45 +128,43 @@ bool ReadErrorCode(char* code) {
 /// Puts the host's event into the outer object, which comes from the ordinary allocator and is not
 /// cleared. The module sets it before it lists the mixes.
 void SetMixTypesEvent(IMixAlgorithm& outer, HANDLE event) {
-    auto* const fields = reinterpret_cast<MixAlgorithmProxyFields*>(
-        reinterpret_cast<unsigned char*>(&outer) + sizeof(void*));
-    fields->hMixTypesEvent = event;
+    reinterpret_cast<QxmixOuterObject&>(outer).hMixTypesEvent = event;
 }
 
 /// Lists the mixes, as the service provider hands them on to applications.
 bool ShowMixTypes(IMixAlgorithm& outer, HANDLE event) {
-    const auto freeBuffer = Library::FindIn<FreeBufferFunction>("MSXFS.dll", "WFMFreeBuffer");
-    WFSCDMMIXTYPE** list = nullptr;
-    if (freeBuffer == nullptr || outer.GetMixTypes(&list) != kSuccess) {
+    const FreeBufferFunction freeBuffer =
+        Library::FindIn<FreeBufferFunction>("MSXFS.dll", "WFMFreeBuffer");
+    QxmixMixType** list = NULL;
+    if (freeBuffer == NULL || outer.GetMixTypes(&list) != kQxmixSuccess) {
         return false;
     }
     unsigned count = 0;
-    for (; list[count] != nullptr; ++count) {
-        std::printf("%3u  %s\n", unsigned{list[count]->usMixNumber}, list[count]->lpszName);
+    for (; list[count] != NULL; ++count) {
+        std::printf("%3u  %s\n", static_cast<unsigned>(list[count]->usMixNumber),
+                    list[count]->lpszName);
     }
     // The list, its records and its names are one linked allocation.
     return freeBuffer(list) == 0 && count == 10 && WaitForSingleObject(event, 0) == WAIT_OBJECT_0;
 }
 
 /// One cassette of whole euros. Its place in the request and its position are the same.
-void AddCassette(MixRequest& request, std::uint32_t value, std::uint32_t count) {
-    const std::uint16_t place = request.usNumPhysicalCUs;
-    PhysicalCashUnit& cassette = request.aPhysicalCUs[place];
-    cassette.usPosition = place;
-    cassette.usType = static_cast<std::uint16_t>(CashUnitType::BillCassette);
-    cassette.cCurrencyID = request.cCurrencyID;
+void AddCassette(QxmixRequest& request, QxmixU32 value, QxmixU32 count) {
+    QxmixCassette& cassette = request.aPhysicalCUs[request.usNumPhysicalCUs];
+    cassette.usPosition = request.usNumPhysicalCUs;
+    cassette.usType = kQxmixBillCassette;
+    std::memcpy(cassette.cCurrencyID, "EUR", 3);
     cassette.ulValues = value;
     cassette.ulCount = count;
-    cassette.usStatus = static_cast<std::uint16_t>(CashUnitStatus::Ok);
-    request.usNumPhysicalCUs = static_cast<std::uint16_t>(place + 1);
+    cassette.usStatus = kQxmixOk;
+    ++request.usNumPhysicalCUs;
 }
 
-MixRequest RequestFor(unsigned mix, std::uint32_t amount) {
-    MixRequest request;
-    std::memset(&request, 0, sizeof(request));
-    request.usMixNumber = static_cast<std::uint16_t>(mix);
-    request.usMaxDispenseItems = std::uint16_t{40};
-    request.cCurrencyID = {{'E', 'U', 'R'}};
+QxmixRequest RequestFor(QxmixU16 mix, QxmixU32 amount) {
+    QxmixRequest request = QxmixRequest();
+    request.usMixNumber = mix;
+    request.usMaxDispenseItems = 40;
+    std::memcpy(request.cCurrencyID, "EUR", 3);
     request.ulAmount = amount;
     AddCassette(request, 50, 100);
     AddCassette(request, 20, 300);
@@ -178,50 +173,52 @@ MixRequest RequestFor(unsigned mix, std::uint32_t amount) {
 }
 
 /// Whether an answer may move money: no more than was asked, no more items than the limit and than
-/// each cassette holds. Mixes 4 and 9 can answer otherwise, so this is no formality.
+/// each cassette holds. Mixes 4 and 9 can answer otherwise, so this is no formality. Nothing here
+/// wraps: each step is held to what is left of the amount and of the limit.
 ///
 /// @param asked  the request as it was before the call: the module rewrites amount and remainder.
-bool IsSafe(const MixRequest& asked, const MixResult& result) {
-    std::uint64_t paid = 0;
-    std::uint64_t items = 0;
-    const unsigned cassettes = asked.usNumPhysicalCUs;
-    for (unsigned place = 0; place < cassettes; ++place) {
-        const std::uint64_t taken = result.aulNotes[place];
-        if (taken > asked.aPhysicalCUs[place].ulCount) {
+bool IsSafe(const QxmixRequest& asked, const QxmixResult& result) {
+    QxmixU32 amountLeft = asked.ulAmount;
+    QxmixU32 itemsLeft = asked.usMaxDispenseItems;
+    for (unsigned place = 0; place < asked.usNumPhysicalCUs; ++place) {
+        const QxmixCassette& cassette = asked.aPhysicalCUs[place];
+        const QxmixU32 taken = result.aulNotes[place];
+        if (taken > cassette.ulCount || taken > itemsLeft ||
+            (cassette.ulValues != 0 && taken > amountLeft / cassette.ulValues)) {
             return false;
         }
-        paid += taken * asked.aPhysicalCUs[place].ulValues;
-        items += taken;
+        amountLeft -= taken * cassette.ulValues;
+        itemsLeft -= taken;
     }
-    return paid <= asked.ulAmount && items <= asked.usMaxDispenseItems;
+    return true;
 }
 
 /// A calculation in a thread of its own. It belongs to the thread as long as that runs.
 struct Calculation {
     IMixAlgorithm* outer;
-    MixRequest request;
-    MixResult result;
-    std::int32_t returned;
+    QxmixRequest request;
+    QxmixResult result;
+    QxmixS32 returned;
 };
 
 DWORD WINAPI Calculate(void* argument) {
-    auto& calculation = *static_cast<Calculation*>(argument);
+    Calculation& calculation = *static_cast<Calculation*>(argument);
     calculation.returned =
         calculation.outer->MixCalculate(&calculation.request, &calculation.result);
     return 0;
 }
 
-enum class Outcome { Paid, Refused, Dangerous, NoAnswer };
+enum Outcome { kPaid, kRefused, kDangerous, kNoAnswer };
 
 /// Calculates within a deadline: mixes 4 and 9 need one, since their search does not always end.
 ///
 /// A thread that gives no answer goes on to the end of the process, and so do its records; the
 /// module takes no lock and holds nothing else back.
 Outcome CalculateWithin(DWORD milliseconds, Calculation& calculation) {
-    const MixRequest asked = calculation.request;
-    const HANDLE thread = CreateThread(nullptr, 0, Calculate, &calculation, 0, nullptr);
-    if (thread == nullptr) {
-        return Outcome::NoAnswer;
+    const QxmixRequest asked = calculation.request;
+    const HANDLE thread = CreateThread(NULL, 0, Calculate, &calculation, 0, NULL);
+    if (thread == NULL) {
+        return kNoAnswer;
     }
     const DWORD waited = WaitForSingleObject(thread, milliseconds);
     if (waited != WAIT_OBJECT_0) {
@@ -229,46 +226,46 @@ Outcome CalculateWithin(DWORD milliseconds, Calculation& calculation) {
     }
     CloseHandle(thread);
     if (waited != WAIT_OBJECT_0) {
-        return Outcome::NoAnswer;
+        return kNoAnswer;
     }
-    if (calculation.returned != kSuccess) {
-        return Outcome::Refused;
+    if (calculation.returned != kQxmixSuccess) {
+        return kRefused;
     }
-    return IsSafe(asked, calculation.result) ? Outcome::Paid : Outcome::Dangerous;
+    return IsSafe(asked, calculation.result) ? kPaid : kDangerous;
 }
 
 /// Asks for an amount of whole euros and tells what came of it.
-Outcome Ask(IMixAlgorithm& outer, unsigned mix, std::uint32_t amount, DWORD milliseconds) {
+Outcome Ask(IMixAlgorithm& outer, QxmixU16 mix, QxmixU32 amount, DWORD milliseconds) {
     // Not on the stack: a thread without an answer goes on writing to it. A request goes into one
     // call only.
-    auto* const calculation = static_cast<Calculation*>(
+    Calculation* const calculation = static_cast<Calculation*>(
         HeapAlloc(GetProcessHeap(), HEAP_ZERO_MEMORY, sizeof(Calculation)));
-    if (calculation == nullptr) {
-        return Outcome::NoAnswer;
+    if (calculation == NULL) {
+        return kNoAnswer;
     }
     calculation->outer = &outer;
     calculation->request = RequestFor(mix, amount);
     const Outcome outcome = CalculateWithin(milliseconds, *calculation);
-    std::printf("mix %u, %u EUR:", mix, static_cast<unsigned>(amount));
+    std::printf("mix %u, %u EUR:", static_cast<unsigned>(mix), static_cast<unsigned>(amount));
     switch (outcome) {
-    case Outcome::Paid:
+    case kPaid:
         for (unsigned place = 0; place < calculation->request.usNumPhysicalCUs; ++place) {
-            std::printf(" %u x %u", unsigned{calculation->result.aulNotes[place]},
-                        unsigned{calculation->request.aPhysicalCUs[place].ulValues});
+            std::printf(" %u x %u", static_cast<unsigned>(calculation->result.aulNotes[place]),
+                        static_cast<unsigned>(calculation->request.aPhysicalCUs[place].ulValues));
         }
         // 0 does not mean that everything was paid.
-        std::printf(", %u unpaid\n", unsigned{calculation->request.ulRemainder});
+        std::printf(", %u unpaid\n", static_cast<unsigned>(calculation->request.ulRemainder));
         break;
-    case Outcome::Refused: {
+    case kRefused: {
         char code[6] = "";
         ReadErrorCode(code);
         std::printf(" refused with %d, %s\n", static_cast<int>(calculation->returned), code);
         break;
     }
-    case Outcome::Dangerous:
+    case kDangerous:
         std::puts(" an answer that must not be carried out");
         break;
-    case Outcome::NoAnswer:
+    case kNoAnswer:
         std::puts(" no answer");
         return outcome;  // the records are the thread's
     }
@@ -277,36 +274,35 @@ Outcome Ask(IMixAlgorithm& outer, unsigned mix, std::uint32_t amount, DWORD mill
 }
 
 bool UseModule(IMixAlgorithm& outer) {
-    const HANDLE event = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    const HANDLE event = CreateEventW(NULL, TRUE, FALSE, NULL);
     SetMixTypesEvent(outer, event);
     const bool listed = ShowMixTypes(outer, event);
-    SetMixTypesEvent(outer, nullptr);
+    SetMixTypesEvent(outer, NULL);
     CloseHandle(event);
-    constexpr DWORD kDeadline = 2000;
-    return listed && Ask(outer, 1, 280, kDeadline) == Outcome::Paid &&
-           Ask(outer, 1, 285, kDeadline) == Outcome::Refused;  // nothing holds five euros
+    const DWORD kDeadline = 2000;
+    return listed && Ask(outer, 1, 280, kDeadline) == kPaid &&
+           Ask(outer, 1, 285, kDeadline) == kRefused;  // nothing holds five euros
 }
 
 /// Asks for what mix 4 never ends on. The thread runs on, so the objects stay and so does the
 /// library.
-bool GiveUp(CreateFunction create) {
-    constexpr DWORD kImpatience = 200;
+bool GiveUp(QxmixCreateFunction create) {
+    const DWORD kImpatience = 200;
     Host host;
     IMixAlgorithm* const outer = create(&host);
-    return outer != nullptr && host.IsComplete() &&
-           Ask(*outer, 4, 37, kImpatience) == Outcome::NoAnswer;
+    return outer != NULL && host.IsComplete() && Ask(*outer, 4, 37, kImpatience) == kNoAnswer;
 }
 
 bool Run(const Library& library) {
-    const auto create = library.Find<CreateFunction>("CreateMixAlgorithm");
-    const auto destroy = library.Find<DeleteFunction>("DeleteMixAlgorithm");
-    if (create == nullptr || destroy == nullptr) {
+    const QxmixCreateFunction create = library.Find<QxmixCreateFunction>("CreateMixAlgorithm");
+    const QxmixDeleteFunction destroy = library.Find<QxmixDeleteFunction>("DeleteMixAlgorithm");
+    if (create == NULL || destroy == NULL) {
         std::printf("no module: error %lu\n", GetLastError());
         return false;
     }
     Host host;
     IMixAlgorithm* const outer = create(&host);
-    if (outer == nullptr || !host.IsComplete()) {
+    if (outer == NULL || !host.IsComplete()) {
         std::puts("no memory");
         return false;
     }

@@ -7,6 +7,11 @@ rm -rf "$work/prefix" "$work/with-cmake" "$work/with-pkgconfig"
 cmake --install "$build" --prefix "$work/prefix" >/dev/null
 private=$(find "$work/prefix" -mindepth 1 \( ! -perm -a=r -o -type d ! -perm -a=x \))
 [ -z "$private" ] || { echo "not for everybody: $private"; exit 1; }
+headers=$(cd "$work/prefix/include/qxmix" && echo *)
+[ "$headers" = "HostControl.h qxmix.h" ] || {
+    echo "installed headers: $headers"
+    exit 1
+}
 
 cmake -S "$consumer" -B "$work/with-cmake" -G Ninja -DCMAKE_CXX_COMPILER="$compiler" \
     -DCMAKE_PREFIX_PATH="$work/prefix" >/dev/null
@@ -18,6 +23,6 @@ PKG_CONFIG_PATH=$(dirname "$(find "$work/prefix" -name qxmix.pc)")
 export PKG_CONFIG_PATH
 # Written for a shell: what it says of a folder with a space in its name is to be read by one.
 eval "flags=($(pkg-config --cflags --libs qxmix))"
-"$compiler" -std=c++17 "$consumer/consumer.cpp" -o "$work/with-pkgconfig" "${flags[@]}"
+"$compiler" -std=c++98 "$consumer/consumer.cpp" -o "$work/with-pkgconfig" "${flags[@]}"
 "$work/with-pkgconfig"
 echo "the installed package serves a host"
