@@ -64,6 +64,11 @@ need_packages() {
     fi
 }
 
+# All files with vectors.
+list_vectors() {
+    find tests/vectors -name '*.txt' ! -name CMakeLists.txt ! -name digest.txt | LC_ALL=C sort
+}
+
 # Configures and builds one preset; further arguments go to the configuration.
 build_preset() {
     local preset=$1

@@ -21,8 +21,8 @@ cmake --build "$work/with-cmake" -- --quiet
 # The file finds its tree wherever that was installed.
 PKG_CONFIG_PATH=$(dirname "$(find "$work/prefix" -name qxmix.pc)")
 export PKG_CONFIG_PATH
-# Written for a shell: what it says of a folder with a space in its name is to be read by one.
-eval "flags=($(pkg-config --cflags --libs qxmix))"
+# It puts a backslash before a space and before each byte beyond ASCII, and none before a bracket.
+LC_ALL=C IFS=' ' read -a flags < <(pkg-config --cflags --libs qxmix)
 "$compiler" -std=c++98 "$consumer/consumer.cpp" -o "$work/with-pkgconfig" "${flags[@]}"
 "$work/with-pkgconfig"
 echo "the installed package serves a host"
