@@ -1,5 +1,6 @@
 #include "CMixAlgorithm.h"
 #include "CountDown.h"
+#include "FirstFitDecision.h"
 #include "Refusal.h"
 #include "SingleUnit.h"
 
@@ -48,6 +49,36 @@ struct FirstShortRule : FirstFitRule {
     }
 };
 
+/// What the loops come to, told without them wherever that is possible.
+///
+/// @return never, where neither the loops end nor it can be told that they do not.
+FirstFitDecision Search(const SearchUnits& units) noexcept {
+    FirstFitDecision decision = DecideFirstFit(units);
+    if (decision.ending != FirstFitDecision::Ending::Unknown) {
+        return decision;
+    }
+    FirstShortRule search(units);
+    CountDown<FirstFitRule>(search);
+    // On purpose for two units alone: with more, only a combination ends the loops above, so that
+    // there is one by now.
+    if (!search.isFound && units.allowsPartial) {
+        CountDown(search);
+    }
+    decision.ending =
+        search.isFound ? FirstFitDecision::Ending::Found : FirstFitDecision::Ending::Failed;
+    decision.found = search.found;
+    decision.refusal = search.refusal;
+    return decision;
+}
+
+/// What the loops do that never end. An answer that never came must never come: a host may take
+/// any other end for one.
+[[noreturn]] void SpinForEver() noexcept {
+    for (;;) {
+        asm volatile("");  // the compiler might otherwise assume that the loop ends
+    }
+}
+
 }  // namespace
 
 std::int32_t CMixAlgorithm::CalcFirstFitEmptying(const MixRequest& request,
@@ -66,17 +97,16 @@ std::int32_t CMixAlgorithm::CalcFirstFitEmptying(const MixRequest& request,
     if (units.n == 1) {
         return PayFromSingleUnit(units, notes);
     }
-    FirstShortRule search(units);
-    CountDown<FirstFitRule>(search);
-    // On purpose for two units alone: with more, only a combination ends the loops above, so that
-    // there is one by now.
-    if (!search.isFound && units.allowsPartial) {
-        CountDown(search);
-    }
-    if (!search.isFound) {
+    const FirstFitDecision decision = Search(units);
+    if (decision.ending == FirstFitDecision::Ending::Failed) {
         return Fail(Failure::NotDispensable);
     }
-    search.refusal.Record(request, table, units);
-    StoreNotes(units, search.found, notes);
+    decision.refusal.Record(request, table, units);
+    if (decision.ending == FirstFitDecision::Ending::Never) {
+        // A host that gives up the calling thread finds in the registry what the loops would have
+        // left there.
+        SpinForEver();
+    }
+    StoreNotes(units, decision.found, notes);
     return kSuccess;
 }
