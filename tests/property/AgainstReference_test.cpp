@@ -5,6 +5,7 @@
 #include <iostream>
 
 #include "Describe.h"
+#include "EndlessCall.h"
 #include "ModuleUnderTest.h"
 #include "RandomRequests.h"
 #include "Settings.h"
@@ -13,6 +14,7 @@ namespace property {
 namespace {
 
 constexpr unsigned kMostDifferencesShown = 5;
+constexpr std::uint64_t kNeverWatched = 15;
 
 /// Share of a kind in all cases, in hundredths.
 std::uint64_t ShareOf(Kind kind) {
@@ -33,6 +35,7 @@ std::uint64_t ShareOf(Kind kind) {
 struct Tally {
     std::uint64_t equal = 0;
     std::uint64_t exceeded = 0;
+    std::uint64_t never = 0;
     std::uint64_t different = 0;
     std::uint64_t paid = 0;
     std::array<std::uint64_t, 11> equalByMix{};  // by mix number; 0 stands for all invalid ones
@@ -58,6 +61,10 @@ protected:
         Answer actual = expected;
         const reference::Outcome outcome = reference::MixCalculate(
             random.object, expected.request.data(), expected.result.data(), stepBudget_);
+        if (outcome.neverEnds) {
+            WatchNever(number, random, outcome.lastCode);
+            return;
+        }
         if (!outcome.finished) {
             ++tally_.exceeded;
             return;
@@ -81,6 +88,22 @@ protected:
         }
     }
 
+    /// Each takes a tenth of a second: the first ones stand for all.
+    void WatchNever(std::uint64_t number, const RandomCase& random, const std::string& code) {
+        if (tally_.never++ >= kNeverWatched) {
+            return;
+        }
+        Answer answer;
+        std::copy_n(random.request.Bytes(), reference::kRequestBytes, answer.request.begin());
+        // With counts of all sizes the plain loops may run, which do not know that they never end.
+        const bool mayLeaveNothing = GetParam() == Kind::Extreme || GetParam() == Kind::AnyBytes;
+        const std::string seen = WatchEndlessCall(module_, random.object, answer);
+        EXPECT_TRUE(seen == "spins " + code || (mayLeaveNothing && seen == "spins "))
+            << seen << " instead of " << code << ": " << NameOf(GetParam()) << ", seed " << seed_
+            << ", case " << number << '\n'
+            << Describe(random.request.Bytes());
+    }
+
     std::uint64_t seed_ = Setting("QXMIX_SEED", 1);
     std::uint64_t first_ = Setting("QXMIX_FIRST", 0);
     std::uint64_t cases_ = Setting(
@@ -97,8 +120,9 @@ TEST_P(AgainstReference, AnswersEveryRequestAlike) {
     }
     std::cout << NameOf(GetParam()) << ": seed " << seed_ << ", " << cases_ << " cases from "
               << first_ << ": " << tally_.equal << " equal (" << tally_.paid << " paid), "
-              << tally_.different << " different, " << tally_.exceeded << " not run (more than "
-              << stepBudget_ << " steps)\n  equal by mix (0: invalid):";
+              << tally_.different << " different, " << tally_.never << " never end, "
+              << tally_.exceeded << " not run (more than " << stepBudget_
+              << " steps)\n  equal by mix (0: invalid):";
     for (const std::uint64_t equal : tally_.equalByMix) {
         std::cout << ' ' << equal;
     }

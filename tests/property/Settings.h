@@ -10,6 +10,7 @@ namespace property {
 /// QXMIX_CASES  random requests in all
 /// QXMIX_EACH   random requests of each kind, instead of a share of all
 /// QXMIX_STEPS  after how many steps of the reference a random request is given up
+/// QXMIX_WORDS  tables searched in words of 8 bits; fewer of more bits
 /// QXMIX_FULL   1: every small table instead of a part of them
 std::uint64_t Setting(const char* name, std::uint64_t byDefault);
 

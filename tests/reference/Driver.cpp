@@ -170,6 +170,8 @@ Outcome MixCalculate(const Object& object,
         outcome.finished = true;
     } catch (const BudgetExceeded&) {
         outcome.finished = false;
+    } catch (const NeverEnds&) {
+        outcome.neverEnds = true;
     }
     outcome.lastCode = journal.LastCode();
     outcome.steps = journal.Steps();

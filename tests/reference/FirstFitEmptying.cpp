@@ -23,6 +23,8 @@ public:
     }
 
 private:
+    static constexpr std::uint64_t kTurns = std::uint64_t{1} << 32U;  ///< until a count is back
+
     std::int32_t PayFromOneUnit() {
         trial_[0] = MostOf(units_[0], question_.amount);
         if (units_[0].value * trial_[0] != question_.amount && question_.partial != 1) {
@@ -38,18 +40,21 @@ private:
     /// Runs the loop of unit j and all loops inside it; true when the trial was accepted.
     ///
     /// On purpose no count is tested against 0: after 0 comes 4294967295, and the search goes on.
-    /// Only the innermost loop can end without an accepted combination.
+    /// Only the innermost loop can end without an accepted combination. A loop whose count is back
+    /// where it began has nothing new to come.
     bool Level(std::size_t j, std::uint32_t before) {  // NOLINT(misc-no-recursion) four at most
         const std::size_t last = units_.size() - 1;
         std::uint32_t n = MostOf(units_[j], question_.amount - before);
-        while (true) {
+        for (std::uint64_t turn = 0; turn < kTurns;) {
             journal_.Step();
             trial_.at(j) = n;
             const std::uint32_t p = before + units_[j].value * n;
+            std::uint64_t turns = 1;
             if (j + 1 < last) {
                 if (Level(j + 1, p)) {
                     return true;
                 }
+                turns = j + 2 == last ? TurnsToNextBegun(question_.amount - p, units_[j].value) : 1;
             } else {
                 trial_[last] = (question_.amount - p) / units_[last].value;
                 if (trial_[last] > units_[last].count) {
@@ -60,8 +65,29 @@ private:
                     return true;
                 }
             }
-            n = n - 1;
+            n = n - static_cast<std::uint32_t>(turns);
+            turn += turns;
         }
+        throw NeverEnds{};
+    }
+
+    /// Of the loop around the innermost one: turns from one that leaves `rest` to the last two
+    /// units up to the next whose innermost loop gets as far as its first combination. It does not
+    /// where the last unit is short although the other one gives all it has.
+    std::uint64_t TurnsToNextBegun(std::uint32_t rest, std::uint32_t value) {
+        const Unit& inner = units_[units_.size() - 2];
+        const Unit& last = units_[units_.size() - 1];
+        const std::uint64_t shortFrom = std::uint64_t{inner.value} * inner.count +
+                                        std::uint64_t{last.value} * (std::uint64_t{last.count} + 1);
+        std::uint64_t turns = 1;
+        std::uint64_t left = (std::uint64_t{rest} + value) % kTurns;
+        while (left >= shortFrom && turns < kTurns) {
+            journal_.Step();
+            const std::uint64_t toWrap = (kTurns - left + value - 1) / value;
+            turns += toWrap;
+            left = (left + toWrap * value) % kTurns;
+        }
+        return turns;
     }
 
     std::int32_t FallBackWithTwoUnits() {

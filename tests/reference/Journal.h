@@ -8,6 +8,9 @@ namespace reference {
 /// Thrown by the step that exceeds the budget; the entry operations catch it.
 struct BudgetExceeded {};
 
+/// Thrown by a search that has come back to where it was and goes round for ever.
+struct NeverEnds {};
+
 /// What one call leaves behind besides its results: the steps it took and the code recorded last.
 class Journal {
 public:

@@ -6,9 +6,10 @@
 
 /// A second, plain implementation of the whole calculation: the judge of the module.
 ///
-/// It shares no code with the module and takes no short cut. Every combination is visited, every
-/// exact one is held to the limit, every sort moves whole records. It works on the raw bytes that
-/// the host exchanges with the module, at any address.
+/// It shares no code with the module and takes no short cut but one: first-fit emptying goes over
+/// turns of a loop that end before they have begun. Every other combination is visited, every exact
+/// one is held to the limit, every sort moves whole records. It works on the raw bytes that the
+/// host exchanges with the module, at any address.
 ///
 /// Every entry takes a step budget, because some calculations take years and some never end. A
 /// step is one turn of any loop of a search or of the spreading; the visit of a combination is the
@@ -29,7 +30,8 @@ struct Object {
 
 /// How one calculation or one search went.
 struct Outcome {
-    bool finished = false;      ///< false: the budget ran out and nothing else here has a meaning
+    bool finished = false;      ///< false: the budget ran out, or the search never ends
+    bool neverEnds = false;     ///< lastCode is then the one that it leaves for ever
     std::int32_t returned = 0;  ///< 0, -304, -306, -307 or -315
     std::string lastCode;       ///< code recorded last by this call, empty when it recorded none
     std::uint64_t steps = 0;    ///< steps taken, at most the budget
@@ -40,7 +42,7 @@ struct Outcome {
 /// @param request [kRequestBytes] amount and remainder are rewritten in place.
 /// @param result [kResultBytes] cleared first, then the notes by cassette position.
 /// @param stepBudget steps after which the calculation is given up.
-/// When it is given up (finished is false) request and result hold an intermediate state: a caller
+/// When it does not finish, request and result hold an intermediate state: a caller
 /// that needs the originals keeps a copy.
 Outcome MixCalculate(const Object& object,
                      std::uint8_t* request,

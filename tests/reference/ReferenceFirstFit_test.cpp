@@ -34,13 +34,29 @@ TEST(ReferenceFirstFit, EndsWithTwoUnitsOnceTheWrappedRestIsTooMuch) {
     FirstFit({Bills(50, 10), Bills(20, 10)}).Amount(65).Fails(-306, "971A2");
 }
 
-TEST(ReferenceFirstFit, SearchesOnForeverWithMoreUnits) {
+TEST(ReferenceFirstFit, NoticesThatItSearchesForEver) {
+    SearchCase endless = FirstFit({Bills(50, 10), Bills(20, 9), Bills(100, 5)}).Amount(35);
+    const Outcome outcome = endless.Run();
+    EXPECT_FALSE(outcome.finished);
+    EXPECT_TRUE(outcome.neverEnds);
+    EXPECT_EQ("", outcome.lastCode);
+    EXPECT_TRUE(endless.Partial(1).Run().neverEnds);
+}
+
+TEST(ReferenceFirstFit, KeepsTheCodeOfTheLastRefusalWhenItSearchesForEver) {
+    SearchCase endless = FirstFit({Bills(50, 9), Bills(20, 9), Coins(10, 9)}).Amount(90).Limit(0);
+    const Outcome outcome = endless.Run();
+    EXPECT_TRUE(outcome.neverEnds);
+    EXPECT_EQ("971A3", outcome.lastCode);
+}
+
+TEST(ReferenceFirstFit, IsGivenUpLikeEverySearch) {
     SearchCase endless =
         FirstFit({Bills(50, 1000), Bills(20, 900), Bills(100, 100), Bills(200, 40)}).Amount(60);
-    const Outcome outcome = endless.Budget(3000000).Run();
+    const Outcome outcome = endless.Budget(30000).Run();
     EXPECT_FALSE(outcome.finished);
-    EXPECT_EQ(3000000U, outcome.steps);
-    EXPECT_FALSE(endless.Partial(1).Run().finished);
+    EXPECT_FALSE(outcome.neverEnds);
+    EXPECT_EQ(30000U, outcome.steps);
 }
 
 TEST(ReferenceFirstFit, GoesOnAfterARefusal) {

@@ -69,6 +69,8 @@ Outcome RunSearch(Search search,  // NOLINT(readability-function-size) the parts
         outcome.finished = true;
     } catch (const BudgetExceeded&) {
         outcome.finished = false;
+    } catch (const NeverEnds&) {
+        outcome.neverEnds = true;
     }
     std::copy(found.begin(), found.end(), notes.begin());
     outcome.lastCode = journal.LastCode();

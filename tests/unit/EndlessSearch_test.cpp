@@ -1,8 +1,13 @@
 #include "RequestBuilder.h"
+#include "Terminal.h"
 #include "TestHost.h"
 
+#include <atomic>
+#include <chrono>
 #include <csignal>
+#include <cstdio>
 #include <sys/resource.h>
+#include <thread>
 
 namespace {
 
@@ -23,6 +28,30 @@ Request Payable() {
 
 TEST(EndlessSearchDeathTest, NeverReturnsFromAnAmountThatCouldBePaid) {
     EXPECT_EXIT(CalculateWithinASecond(Payable()), testing::KilledBySignal(SIGXCPU), "");
+}
+
+/// Calculates in a thread that is given up, as a host does, and looks at what it has left.
+void GiveUpAndReadCode(const Request& request) {
+    static std::atomic<bool> hasReturned{false};
+    TestHost host;
+    IMixAlgorithm* const outer = host.Create();
+    std::thread([outer, record = request.record]() mutable {
+        MixResult result;
+        outer->MixCalculate(&record, &result);
+        hasReturned = true;
+    }).detach();
+    for (int wait = 0; wait < 1000 && RecordedCode().empty(); ++wait) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    std::fputs(RecordedCode().c_str(), stderr);
+    std::_Exit(hasReturned ? 1 : 0);
+}
+
+TEST(EndlessSearchDeathTest, LeavesTheCodeOfTheLastCombinationOverTheLimit) {
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    EXPECT_EXIT(GiveUpAndReadCode(
+                    Request().Mix(4).Bill(50, 24).Coin(10, 19).Coin(5, 30).Amount(1370).Limit(20)),
+                testing::ExitedWithCode(0), "971A3");
 }
 
 TEST(EndlessSearchDeathTest, ReturnsInTimeWhereTheFirstCombinationPays) {

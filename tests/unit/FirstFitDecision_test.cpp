@@ -1,0 +1,70 @@
+#include "FirstFitDecision.h"
+#include "TableBuilder.h"
+
+namespace {
+
+using Ending = FirstFitDecision::Ending;
+
+FirstFitDecision Decide(const Table& table) {
+    return DecideFirstFit(SearchUnits(table.request, table.table));
+}
+
+void ExpectNever(const Table& table, const Counts& lastRefused) {
+    const FirstFitDecision decision = Decide(table);
+    EXPECT_EQ(Ending::Never, decision.ending);
+    EXPECT_TRUE(decision.refusal.isThere);
+    EXPECT_EQ(lastRefused, decision.refusal.combination);
+}
+
+// The refused combinations of whole cycles were found by plain loops of 2^32 lines.
+
+TEST(DecideFirstFit, KnowsThatTheLoopsNeverEnd) {
+    const FirstFitDecision decision = Decide(
+        Table().Bill(50, 1000).Bill(20, 900).Bill(100, 100).Bill(200, 40).Amount(60).Limit(40));
+    EXPECT_EQ(Ending::Never, decision.ending);
+    EXPECT_EQ(Ending::Never, Decide(Table().Bill(50, 9).Bill(20, 9).Bill(10, 9).Amount(37)).ending);
+}
+
+TEST(DecideFirstFit, FindsWhatTheLoopsRefuseLastBeforeTheyRepeat) {
+    ExpectNever(Table().Bill(50, 24).Coin(10, 19).Coin(5, 30).Amount(1370).Limit(20),
+                {25, 0xFFFFFFFD, 30});
+    ExpectNever(Table().Coin(500, 51).Bill(200, 19).Bill(5, 32).Amount(1455).Limit(10),
+                {42949668, 19, 27});
+    ExpectNever(
+        Table().Bill(100, 23).Coin(50, 45).Bill(20, 56).Coin(10, 13).Bill(5, 12).Amount(1395).Limit(
+            10),
+        {13, 1, 1073741817, 13, 11});
+}
+
+TEST(DecideFirstFit, TellsWhereNothingAtAllIsRefused) {
+    // All values are even, and so is every rest that has wrapped.
+    const FirstFitDecision decision =
+        Decide(Table().Bill(50, 9).Bill(20, 9).Bill(10, 9).Amount(37).Limit(0));
+    EXPECT_EQ(Ending::Never, decision.ending);
+    EXPECT_FALSE(decision.refusal.isThere);
+}
+
+TEST(DecideFirstFit, EndsWithTwoUnits) {
+    EXPECT_EQ(Ending::Failed, Decide(Table().Bill(50, 10).Bill(20, 10).Amount(65)).ending);
+    EXPECT_EQ(Ending::Found, Decide(Table().Bill(50, 10).Bill(20, 10).Amount(30)).ending);
+    EXPECT_EQ(Ending::Found, Decide(Table().Bill(50, 10).Bill(20, 10).Amount(65).Partial()).ending);
+}
+
+TEST(DecideFirstFit, LeavesToTheLoopsWhatMayWrapTwice) {
+    // One item more of the last unit than there is, and one of the unit before: 2^32 at most.
+    const auto endingFor = [](std::uint32_t innerValue) {
+        return Decide(
+                   Table().Bill(7, 1).Bill(innerValue, 1).Bill(0x10000000, 14).Amount(7).Limit(9))
+            .ending;
+    };
+    EXPECT_NE(Ending::Unknown, endingFor(0x10000000));
+    EXPECT_EQ(Ending::Unknown, endingFor(0x10000001));
+    // All items together, those below 0 and the limit too: less than 2^31.
+    const std::uint32_t most = 0x7FFFFFFF - 2 - 9 - 2 - 2;
+    EXPECT_NE(Ending::Unknown,
+              Decide(Table().Bill(1, most).Bill(1, 1).Bill(1, 1).Amount(7).Limit(9)).ending);
+    EXPECT_EQ(Ending::Unknown,
+              Decide(Table().Bill(1, most + 1).Bill(1, 1).Bill(1, 1).Amount(7).Limit(9)).ending);
+}
+
+}  // namespace
