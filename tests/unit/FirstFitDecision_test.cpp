@@ -54,17 +54,17 @@ TEST(DecideFirstFit, LeavesToTheLoopsWhatMayWrapTwice) {
     // One item more of the last unit than there is, and one of the unit before: 2^32 at most.
     const auto endingFor = [](std::uint32_t innerValue) {
         return Decide(
-                   Table().Bill(7, 1).Bill(innerValue, 1).Bill(0x10000000, 14).Amount(7).Limit(9))
+                   Table().Bill(7, 1).Bill(innerValue, 1).Bill(0x10000000, 14).Amount(7).Limit(0))
             .ending;
     };
     EXPECT_NE(Ending::Unknown, endingFor(0x10000000));
     EXPECT_EQ(Ending::Unknown, endingFor(0x10000001));
     // All items together, those below 0 and the limit too: less than 2^31.
-    const std::uint32_t most = 0x7FFFFFFF - 2 - 9 - 2 - 2;
+    const std::uint32_t most = 0x7FFFFFFF - 2 - 2 - 2;
     EXPECT_NE(Ending::Unknown,
-              Decide(Table().Bill(1, most).Bill(1, 1).Bill(1, 1).Amount(7).Limit(9)).ending);
+              Decide(Table().Bill(1, most).Bill(1, 1).Bill(1, 1).Amount(7).Limit(0)).ending);
     EXPECT_EQ(Ending::Unknown,
-              Decide(Table().Bill(1, most + 1).Bill(1, 1).Bill(1, 1).Amount(7).Limit(9)).ending);
+              Decide(Table().Bill(1, most + 1).Bill(1, 1).Bill(1, 1).Amount(7).Limit(0)).ending);
 }
 
 }  // namespace
