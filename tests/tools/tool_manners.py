@@ -5,6 +5,7 @@ import json
 import re
 import signal
 import struct
+import subprocess
 import time
 
 from at_terminal import shown_at_terminal
@@ -268,6 +269,20 @@ def check_input(tool, checks):
     status, output, errors = tool.run(["mix", "-", "--amount", "280"], stdin=b"{")
     checks.equal("standard input: wrong", (status, output), (2, ""))
     checks.check("standard input: named", errors.startswith("qxmix: standard input:1:2: "), errors)
+    # In one line, whatever the input holds: a zero byte, a control of one byte, a name without end.
+    for given, expected in ((b'{"a\\u0000b":1}', "standard input: /a?b: unknown field; "),
+                            (b"\x9b31m", "standard input:1:1: syntax error"),
+                            (b'{"' + b"x" * 100000 + b'":1}', "standard input: /xxx")):
+        process = tool.start(["mix", "-", "--amount", "280"], stdin=subprocess.PIPE)
+        errors = process.communicate(given)[1]
+        checks.check(f"one readable line: {given[:20]}",
+                     errors.startswith(f"qxmix: {expected}".encode()) and errors.count(b"\n") == 1
+                     and len(errors) < 2100 and all(31 < byte < 127 for byte in errors[:-1]),
+                     errors[:300])
+    (tool.folder / "\udc9b.json").write_bytes(b"{")
+    process = tool.start(["mix", b"\x9b.json", "--amount", "280"])
+    errors = process.communicate()[1]
+    checks.check("a name that is no UTF-8", errors.startswith(b"qxmix: ?.json:1:2: "), errors)
 
 
 def check_called_alone(tool, checks):

@@ -47,9 +47,47 @@ TEST(JsonText, RefusesAKeyGivenTwiceWhereverItStands) {
               "f.json: /0/0/a~1b~0c: given twice; expected once");
 }
 
-TEST(JsonText, TakesDeepNestingWithoutGoingDeepItself) {
-    const std::string deep = std::string(200000, '[') + std::string(200000, ']');
-    EXPECT_EQ(ErrorOf(deep), "accepted");
+TEST(JsonText, RefusesTwoFieldsOfOneNameAmongMany) {
+    std::string fields = "\"0\":0";
+    for (int number = 1; number < 200000; ++number) {
+        fields += ",\"" + std::to_string(number) + "\":0";
+    }
+    EXPECT_EQ(ErrorOf("{" + fields + "}"), "accepted");
+    EXPECT_EQ(ErrorOf("{" + fields + ",\"31\":0}"), "f.json: /31: given twice; expected once");
+    EXPECT_EQ(ErrorOf("{" + fields + ",\"150000\":0}"),
+              "f.json: /150000: given twice; expected once");
+}
+
+TEST(JsonText, LimitsNestingWhileItReads) {
+    const auto nested = [](std::size_t depth, const std::string& inner) {
+        return std::string(depth, '[') + inner + std::string(depth, ']');
+    };
+    EXPECT_EQ(ErrorOf(nested(64, "")), "accepted");
+    EXPECT_EQ(ErrorOf(nested(63, "{\"a\":1}")), "accepted");
+    const std::string end =
+        ": nested too deep; expected at most 64 lists and objects in each other";
+    std::string pointer;
+    for (int level = 0; level < 64; ++level) {
+        pointer += "/0";
+    }
+    EXPECT_EQ(ErrorOf(nested(64, "{}")), "f.json: " + pointer + end);
+    // What stands behind the limit is not read: it need not even be JSON.
+    EXPECT_EQ(ErrorOf(std::string(65, '[') + "rubbish"), "f.json: " + pointer + end);
+}
+
+TEST(JsonText, TakesNoZeroByteForTheEnd) {
+    const std::string zero(1, '\0');
+    const std::string wrong = "a zero byte; expected JSON in UTF-8";
+    EXPECT_EQ(ErrorOf("[1]" + zero + " rubbish"), "f.json:1:4: " + wrong);
+    EXPECT_EQ(ErrorOf("[1]\n " + zero), "f.json:2:2: " + wrong);
+    EXPECT_EQ(ErrorOf("[1," + zero + "2]"), "f.json:1:4: " + wrong);
+    EXPECT_EQ(ErrorOf(zero), "f.json:1:1: " + wrong);
+    EXPECT_EQ(ErrorOf("{" + zero + "\"" + zero), "f.json:1:2: " + wrong);
+}
+
+TEST(JsonText, NamesAFieldWithAZeroByteInOneWholeLine) {
+    EXPECT_EQ(ErrorOf(R"({"a\u0000b":1,"a\u0000b":1})"),
+              "f.json: /a?b: given twice; expected once");
 }
 
 TEST(DescribeJson, KeepsErrorLinesShortAndPlain) {

@@ -20,7 +20,17 @@ TEST(Printable, LeavesNothingThatMovesTheCursor) {
     EXPECT_EQ(Printable("a\x1b[2Jb\nc\r\x7f"), "a?[2Jb?c??");
     EXPECT_EQ(Printable("\xc2\x9b"), "?");
     EXPECT_EQ(Printable("\xc3\xa9 \xe2\x82\xac"), "\xc3\xa9 \xe2\x82\xac");
-    EXPECT_EQ(Printable("a\xff\xc2"), "a\xff\xc2");
+}
+
+TEST(Printable, LeavesNoByteThatIsNoCharacter) {
+    EXPECT_EQ(Printable("a\xff\xc2"), "a??");
+    EXPECT_EQ(Printable("\x9b"
+                        "31m"),
+              "?31m");
+    // Too long a form of an escape, half of a pair, beyond the last character, five bytes.
+    EXPECT_EQ(Printable("\xc0\x9b \xe0\x80\x9b \xf0\x80\x80\x9b"), "?? ??? ????");
+    EXPECT_EQ(Printable("\xed\xa0\x80 \xf4\x90\x80\x80 \xf8\x88\x80\x80\x80"), "??? ???? ?????");
+    EXPECT_EQ(Printable("\xf4\x8f\xbf\xbd"), "\xf4\x8f\xbf\xbd");
 }
 
 TEST(Printable, LeavesNothingThatTurnsOrSplitsAText) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <stdexcept>
 #include <string>
 
@@ -19,12 +20,18 @@ enum class ExitStatus : int {
 /// end.
 class ToolError : public std::runtime_error {
 public:
-    ToolError(ExitStatus exitStatus, const std::string& line)
-        : std::runtime_error(line), exitStatus_(exitStatus) {}
+    ToolError(ExitStatus exitStatus, std::string line)
+        : std::runtime_error(WithoutZeros(line)), exitStatus_(exitStatus) {}
 
     ExitStatus Status() const noexcept { return exitStatus_; }
 
 private:
+    /// A zero byte in a name of the input would end the line.
+    static std::string& WithoutZeros(std::string& line) {
+        std::replace(line.begin(), line.end(), '\0', '?');
+        return line;
+    }
+
     ExitStatus exitStatus_;
 };
 

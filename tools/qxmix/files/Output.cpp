@@ -40,7 +40,11 @@ void RequireDifferentFiles(const std::vector<NamedOutput>& outputs) {
 }
 
 void Complain(const std::string& line) {
-    std::fprintf(stderr, "qxmix: %s\n", Printable(line).c_str());
+    // A text of the input may be as long as a file.
+    constexpr std::size_t kMostColumns = 2000;
+    const std::string whole = Printable(line);
+    const std::string shown = CutToColumns(whole, kMostColumns);
+    std::fprintf(stderr, "qxmix: %s%s\n", shown.c_str(), shown == whole ? "" : "...");
 }
 
 }  // namespace qxmix

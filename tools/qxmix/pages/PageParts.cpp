@@ -1,6 +1,7 @@
 #include "PageParts.h"
 
 #include "Pages.h"
+#include "terminal/Terminal.h"
 
 #include <map>
 #include <string_view>
@@ -27,12 +28,28 @@ std::string FillPage(std::string_view page, const std::map<std::string, std::str
     return filled;
 }
 
+/// Puts what may be shown in the place of every text: what a script shows is clean already.
+void MakePrintable(Json& json) {
+    std::vector<Json*> waiting = {&json};
+    while (!waiting.empty()) {
+        Json& next = *waiting.back();
+        waiting.pop_back();
+        if (next.is_string()) {
+            next = Printable(next.get_ref<const std::string&>());
+        } else if (next.is_structured()) {
+            for (Json& part : next) {
+                waiting.push_back(&part);
+            }
+        }
+    }
+}
+
 /// JSON text that may stand in a script element: "<" is written \u003c, so that nothing in it can
 /// end the element.
-std::string JsonInPage(const std::string& json) {
+std::string JsonInPage(Json json) {
+    MakePrintable(json);
     std::string text;
-    text.reserve(json.size());
-    for (const char character : json) {
+    for (const char character : json.dump(-1, ' ', false, Json::error_handler_t::replace)) {
         if (character == '<') {
             text += "\\u003c";
         } else {
@@ -55,7 +72,6 @@ std::string OutcomeStyles() {
 }  // namespace
 
 std::string PageText(const PageParts& parts, const Envelope& envelope) {
-    const std::string page = parts.page.dump(-1, ' ', false, Json::error_handler_t::replace);
     const std::string text =
         FillPage(kPageHtml, {{"title", parts.title},
                              {"heading", parts.heading},
@@ -64,8 +80,8 @@ std::string PageText(const PageParts& parts, const Envelope& envelope) {
                              {"withoutScript", parts.withoutScript},
                              {"summary", parts.summary},
                              {"main", parts.main},
-                             {"answer", JsonInPage(EnvelopeText(envelope))},
-                             {"page", JsonInPage(page)},
+                             {"answer", JsonInPage(EnvelopeJson(envelope))},
+                             {"page", JsonInPage(parts.page)},
                              {"script", std::string(kPartsScript) + parts.script}});
     if (text.size() > kMostPageBytes) {
         throw InputError("--output: a page of " + std::to_string(text.size()) +

@@ -32,7 +32,7 @@ struct PageParts {
 
 /// One HTML file that needs nothing else.
 ///
-/// @param envelope  the page holds it as it is.
+/// @param envelope  the page holds it, in its texts what may be shown.
 /// @throw InputError when the page would be too large.
 std::string PageText(const PageParts& parts, const Envelope& envelope);
 

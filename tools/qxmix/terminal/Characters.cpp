@@ -23,6 +23,13 @@ constexpr Range kWide[] = {{0x1100, 0x115F},   {0x2E80, 0x303E},  {0x3041, 0xA4C
 constexpr Range kMoving[] = {{0x00, 0x1F},     {0x7F, 0x9F},     {0x061C, 0x061C},
                              {0x200E, 0x200F}, {0x2028, 0x202E}, {0x2066, 0x2069}};
 
+/// What is written in two, three and four bytes.
+constexpr Range kOfSize[][2] = {
+    {{0x80, 0x7FF}, {0x80, 0x7FF}},
+    {{0x800, 0xD7FF}, {0xE000, 0xFFFF}},
+    {{0x10000, 0x10FFFF}, {0x10000, 0x10FFFF}},
+};
+
 template <std::size_t Count>
 bool IsIn(const Range (&ranges)[Count], std::uint32_t code) {
     return std::any_of(std::begin(ranges), std::end(ranges), [code](const Range& range) {
@@ -37,25 +44,30 @@ std::size_t Character::Columns() const {
 }
 
 bool Character::Moves() const {
-    return IsIn(kMoving, code);
+    const bool isBroken = size == 1 && code >= 0x80;
+    return isBroken || IsIn(kMoving, code);
 }
 
 Character CharacterAt(const std::string& utf8, std::size_t at) {
+    constexpr Character kBroken = {0xFFFDU, 1};
     const auto first = static_cast<unsigned char>(utf8[at]);
-    const std::size_t size = first >= 0xF0U ? 4 : first >= 0xE0U ? 3 : first >= 0xC0U ? 2 : 1;
-    if (size == 1 || at + size > utf8.size()) {
-        // Not a C1 control, whatever the number says: a terminal reads it as a broken character.
-        return {first < 0x80U ? first : 0xFFFDU, 1};
+    if (first < 0x80U) {
+        return {first, 1};
+    }
+    const std::size_t size = first >= 0xF0U ? 4 : first >= 0xE0U ? 3 : 2;
+    if (first < 0xC0U || at + size > utf8.size()) {
+        return kBroken;
     }
     std::uint32_t code = first & (0xFFU >> (size + 1));
     for (std::size_t index = 1; index < size; ++index) {
         const auto next = static_cast<unsigned char>(utf8[at + index]);
         if ((next & 0xC0U) != 0x80U) {
-            return {0xFFFDU, 1};
+            return kBroken;
         }
         code = code << 6U | (next & 0x3FU);
     }
-    return {code, size};
+    const bool isAllowed = first < 0xF8U && IsIn(kOfSize[size - 2], code);
+    return isAllowed ? Character{code, size} : kBroken;
 }
 
 }  // namespace qxmix

@@ -15,7 +15,8 @@ struct Character {
     /// marks on the character before them.
     std::size_t Columns() const;
 
-    /// Whether it could move the cursor, split a line or turn the direction of what follows.
+    /// Whether it could move the cursor, split a line or turn the direction of what follows. A byte
+    /// that is no character could: terminals that do not read UTF-8 take some for controls.
     bool Moves() const;
 };
 

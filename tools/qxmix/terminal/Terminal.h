@@ -25,7 +25,8 @@ private:
     bool isOn_;
 };
 
-/// The text without characters that could move the cursor or split a line: each becomes "?".
+/// The text without what could move the cursor, split a line or turn its direction: each such
+/// character, and each byte that is none, becomes "?".
 std::string Printable(const std::string& text);
 
 /// Columns that a text fills.
