@@ -2,6 +2,7 @@
 #include "TraceSink.h"
 
 #include <atomic>
+#include <chrono>
 #include <functional>
 #include <set>
 #include <thread>
@@ -107,20 +108,31 @@ TEST_F(Threads, FailOnceForOneOrder) {
 }
 
 TEST_F(Threads, TraceOneLineAtATime) {
+    constexpr unsigned kLines = 10;
     struct Heard {
-        unsigned lines = 0;  // not atomic: the library lets in one at a time
+        std::atomic<unsigned> lines{0};
+        std::atomic<unsigned> inside{0};
+        std::atomic<unsigned> meetings{0};
     } heard;
-    QxmixSetTraceListener([](void* context, const char*) { ++static_cast<Heard*>(context)->lines; },
-                          &heard);
+    const auto listen = [](void* context, const char*) {
+        Heard& known = *static_cast<Heard*>(context);
+        known.meetings += known.inside++ == 0 ? 0 : 1;
+        // So long that the others come, too, where nothing keeps them out.
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        --known.inside;
+        ++known.lines;
+    };
+    QxmixSetTraceListener(listen, &heard);
     InThreads([](unsigned) {
-        for (unsigned round = 0; round < kRounds; ++round) {
+        for (unsigned round = 0; round < kLines; ++round) {
             if (TraceWanted()) {
                 TraceLine("line");
             }
         }
     });
     QxmixSetTraceListener(nullptr, nullptr);
-    EXPECT_EQ(heard.lines, kThreads * kRounds);
+    EXPECT_EQ(heard.lines, kThreads * kLines);
+    EXPECT_EQ(heard.meetings, 0U);
 }
 
 TEST_F(Threads, TakeTheListenerBackForGood) {

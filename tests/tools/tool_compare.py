@@ -53,6 +53,11 @@ def check_settings(tool, checks):
     checks.equal("each file's own mix", [difference[side]["mix"] for side in "ab"], [1, 3])
     checks.equal("is asked", [difference[side]["values"] for side in "ab"],
                  [[2, 1, 1, 0, 1, 0], [0, 2, 2, 2, 10, 0]])
+    tool.run(["compare", "examples/euro.json", "three.json", "--from", "280", "--to", "280",
+              "--output", "mixes.csv"])
+    checks.equal("in each file's own columns",
+                 (tool.folder / "mixes.csv").read_text().splitlines()[1:],
+                 ["280,other,1,paid,2,1,1,0,1,0,3,paid,0,2,2,2,10,0"])
     output = json.loads(tool.run(["compare", "EUR:50x9,20x9", "EUR:100x9,5x9", "--json"])[1])
     checks.equal("amounts of either", [output["input"][key] for key in ("from", "to", "step")],
                  [5, 1000, 5])
