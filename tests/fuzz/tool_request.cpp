@@ -2,7 +2,7 @@
 // or of a trace. Refused as bad input, or told in an answer.
 #include "FuzzInput.h"
 #include "commands/batch/BatchAnswer.h"
-#include "commands/mix/RecordedLine.h"
+#include "commands/replay/RecordedLine.h"
 #include "text/Hex.h"
 
 namespace {
@@ -26,7 +26,7 @@ void TellCaptured(fuzz::Input& input) {
 }
 
 void ReadLine(const std::string& text) {
-    static qxmix::RequestReader reader{qxmix::AskOptions{}};
+    static qxmix::RequestReader reader{qxmix::AskOptions{}, std::nullopt};
     try {
         qxmix::ReadRecordedLine(text, "f", 1, reader);
     } catch (const qxmix::InputError& error) {

@@ -122,6 +122,52 @@ def check_bad_lines(tool, checks):
                  ["paid", "more than 1048576 bytes; expected a shorter line", "paid"])
 
 
+def check_named_files(tool, checks):
+    """A line names a file; whatever that is, the stream goes on."""
+    os.mkfifo(tool.folder / "pipe")
+    euro = (tool.folder / "examples/euro.json").read_text()
+    (tool.folder / "large.json").write_text(euro + " " * ((1 << 20) - len(euro)))
+    (tool.folder / "larger.json").write_text(euro + " " * ((1 << 20) - len(euro) + 1))
+    (tool.folder / "nested.json").write_text("[" * (1 << 20))
+    names = [("pipe", "pipe: no regular file; expected one"),
+             ("/dev/zero", "/dev/zero: no regular file; expected one"),
+             ("examples", "examples: no regular file; expected one"),
+             ("larger.json", "larger.json: more than 1048576 bytes; expected a smaller file"),
+             ("nested.json", "nested.json: /0/0/"),
+             ("examples/euro.json\0.txt", '"examples/euro.json\\u0000.txt" is not allowed; expected')]
+    good = {"dispenser": "large.json", "amount": 50}
+    lines = [line for name, _ in names for line in ({"dispenser": name, "amount": 50}, good)]
+    status, answers, errors = ask(tool, ["batch", "--jobs", "1"], *lines)
+    checks.equal("named files: exit status", (status, errors), (2, ""))
+    for (name, message), answer in zip(names, answers[::2]):
+        error = answer.get("error", {})
+        checks.check(f"named files: {name}", error.get("pointer") == "/dispenser"
+                     and error.get("message", "").startswith(message), str(answer)[:300])
+    checks.equal("named files: the stream goes on", [a.get("outcome") for a in answers[1::2]],
+                 ["paid"] * len(names))
+
+    _, answers, _ = ask(tool, ["batch", "--no-files"], good, {"dispenser": EURO, "amount": 50},
+                        {"dispenser": "pipe", "amount": 50})
+    refused = ("is not allowed; expected an object or a dispenser such as \"EUR:50x10,20x10\"")
+    checks.equal("--no-files", [a.get("outcome") or a["error"]["message"] for a in answers],
+                 [f'"large.json" {refused}', "paid", f'"pipe" {refused}'])
+
+
+def check_odd_lines(tool, checks):
+    good = {"dispenser": EURO, "amount": 50}
+    status, answers, _ = ask(tool, ["batch"], "[" * 1000000, good, "{\"x-a\":" * 100000, good,
+                             json.dumps(good) + "\0 rubbish", good, {**good, "\0": 1}, good)
+    checks.equal("odd lines: exit status", status, 2)
+    checks.equal("odd lines: what is wrong",
+                 [a["error"]["message"][:40] for a in answers[::2]],
+                 ["nested too deep; expected at most 64 lis"] * 2
+                 + ["column %d: a zero byte; expected JSON in" % (len(json.dumps(good)) + 1),
+                    "unknown field; expected one of: id, amou"])
+    checks.equal("odd lines: a name with a zero byte", answers[6]["error"]["pointer"], "/\0")
+    checks.equal("odd lines: the stream goes on", [a.get("outcome") for a in answers[1::2]],
+                 ["paid"] * 4)
+
+
 def check_ends(tool, checks):
     request = json.dumps({"dispenser": EURO, "amount": 50})
     for given, count in ((b"", 0), (request.encode(), 1), (f"{request}\n{request}".encode(), 2)):
@@ -284,6 +330,7 @@ def check_many(tool, checks):
     checks.check("constant memory", memory[60000] < memory[2000] + 2048, f"{memory} KiB")
 
 
-run_parts(check_against_mix, check_forms, check_bad_lines, check_ends, check_deadlines,
+run_parts(check_against_mix, check_forms, check_bad_lines, check_named_files, check_odd_lines,
+          check_ends, check_deadlines,
           check_registry, check_trace, check_slow_input, check_interrupt, check_interrupted_blocks,
           check_many)

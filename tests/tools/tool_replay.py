@@ -2,6 +2,7 @@
 """What `qxmix replay` compares, with what `qxmix mix --record` wrote and between two libraries."""
 
 import json
+import os
 
 from tool_runner import run_parts
 
@@ -50,6 +51,32 @@ def check_record_behind_an_open_line(tool, checks):
                  [None, 2, 3])
     checks.equal("all lines can be asked again", tool.run(["replay", "recorded.ndjson"])[1],
                  "3 requests are answered as recorded\n")
+
+
+def check_recorded_side_by_side(tool, checks):
+    recorders = [tool.start(["mix", EURO, "--amount", "280", "--mixes", "1-4", "--record",
+                             "side.ndjson"]) for _ in range(24)]
+    for recorder in recorders:
+        recorder.communicate(timeout=120)
+    lines = (tool.folder / "side.ndjson").read_text().splitlines()
+    checks.equal("recorded side by side: no id is given twice",
+                 [json.loads(line)["id"] for line in lines], list(range(1, 97)))
+
+
+def check_named_files(tool, checks):
+    os.mkfifo(tool.folder / "pipe")
+    (tool.folder / "request.json").write_text(json.dumps({"currency": "EUR", "cassettes": [
+        {"value": 50, "count": 9}]}))
+    write(tool, {"request": request(50, "request.json"), "answer": {"outcome": "paid"}})
+    checks.equal("a line that names a file", replay(tool)[1]["same"], 1)
+    checks.equal("--no-files", replay(tool, "--no-files"),
+                 (2, None, "qxmix: trace.ndjson:1: /request/dispenser: \"request.json\" is not "
+                           "allowed; expected an object or a dispenser such as "
+                           "\"EUR:50x10,20x10\"\n"))
+    write(tool, {"request": request(50, "pipe"), "answer": {"outcome": "paid"}})
+    checks.equal("a pipe is not waited for", replay(tool),
+                 (2, None, "qxmix: trace.ndjson:1: /request/dispenser: pipe: no regular file; "
+                           "expected one\n"))
 
 
 def check_fields(tool, checks):
@@ -176,5 +203,6 @@ def check_interrupt(tool, checks):
             checks.equal("Ctrl-C: complete", json.loads(output)["complete"], complete)
 
 
-run_parts(check_recorded, check_record_behind_an_open_line, check_fields, check_bad_lines,
+run_parts(check_recorded, check_recorded_side_by_side, check_named_files,
+          check_record_behind_an_open_line, check_fields, check_bad_lines,
           check_odd_files, check_libraries, check_registry, check_many, check_interrupt)

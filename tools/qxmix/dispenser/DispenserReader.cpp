@@ -4,11 +4,11 @@
 #include "StoredValues.h"
 #include "UnitNames.h"
 #include "errors/NearestName.h"
-#include "files/InputFile.h"
 #include "json/JsonFields.h"
 #include "json/JsonText.h"
 
 #include <algorithm>
+#include <set>
 
 namespace qxmix {
 
@@ -100,10 +100,11 @@ std::vector<std::uint32_t> ReadButtons(const Json& json, const Place& place) {
         throw place.Error(NotAllowed(DescribeJson(json), "a list of amounts"));
     }
     std::vector<std::uint32_t> buttons;
+    std::set<std::uint32_t> known;
     for (const Json& button : json) {
         const Place here = place.Below(buttons.size());
         const auto amount = static_cast<std::uint32_t>(WholeNumber(button, here, 1, UINT32_MAX));
-        if (std::find(buttons.begin(), buttons.end(), amount) != buttons.end()) {
+        if (!known.insert(amount).second) {
             throw here.Error(std::to_string(amount) + " given twice; expected once");
         }
         buttons.push_back(amount);
@@ -181,9 +182,9 @@ void ReadDispenserFields(const JsonFields& fields, Dispenser& dispenser) {
 namespace {
 
 /// Reads the file; where there is none, a name such as eur:50x10 was meant otherwise.
-InputFile ReadDispenserFile(const std::string& name) {
+InputFile ReadDispenserFile(const std::string& name, const Reading& reading) {
     try {
-        return ReadInput(name);
+        return reading(name);
     } catch (const InputError&) {
         const std::size_t colon = name.find(':');
         const std::size_t value = colon == std::string::npos ? colon : colon + 1;
@@ -198,11 +199,11 @@ InputFile ReadDispenserFile(const std::string& name) {
 
 }  // namespace
 
-Dispenser OpenDispenser(const std::string& name) {
+Dispenser OpenDispenser(const std::string& name, const Reading& reading) {
     if (IsInlineDispenser(name)) {
         return ReadInlineDispenser(name);
     }
-    const InputFile file = ReadDispenserFile(name);
+    const InputFile file = ReadDispenserFile(name, reading);
     return ReadDispenser(ParseJson(file.content, file.name), Place(file.name));
 }
 

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "Dispenser.h"
+#include "files/InputFile.h"
 #include "json/Json.h"
 #include "json/JsonFields.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -26,10 +28,14 @@ void RequireDispenserFields(const JsonFields& fields);
 /// @throw InputError
 void ReadDispenserFields(const JsonFields& fields, Dispenser& dispenser);
 
+/// Reads an input whole, or throws InputError.
+using Reading = std::function<InputFile(const std::string& name)>;
+
 /// Reads a dispenser as a person names it on the command line: a JSON file, "-" for standard input,
 /// or inline (InlineDispenser.h).
 ///
+/// @param reading  reads the file.
 /// @throw InputError
-Dispenser OpenDispenser(const std::string& name);
+Dispenser OpenDispenser(const std::string& name, const Reading& reading = &ReadInput);
 
 }  // namespace qxmix

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -24,17 +25,18 @@ void RequireDifferentFiles(const std::vector<NamedOutput>& outputs);
 
 /// Output files that appear all together, or not at all.
 ///
-/// Each is written beside its place first; until Commit the files of these names are as they were.
-/// What is not committed is removed.
+/// Each is written beside its place first, under a name that nobody can foresee; until Commit the
+/// files of these names are as they were. What is not committed is removed, also when a signal ends
+/// the tool.
 class OutputFiles {
 public:
-    OutputFiles() = default;
+    OutputFiles();
     OutputFiles(const OutputFiles&) = delete;
     OutputFiles& operator=(const OutputFiles&) = delete;
     ~OutputFiles();
 
     /// @param file  a name in a folder that can be written to, or a device; empty: nothing to
-    /// write.
+    /// write. What is there already has to be writable, though it is replaced.
     /// @throw WorkError
     void Add(const std::string& file, const std::string& content);
 
@@ -42,17 +44,9 @@ public:
     void Commit();
 
 private:
-    struct Staged {
-        std::string place;
-        std::string beside;
-    };
+    class Staged;
 
-    std::vector<Staged> staged_;
+    std::vector<std::unique_ptr<Staged>> staged_;
 };
-
-/// Appends to a file in one piece.
-///
-/// @throw WorkError
-void AppendToFile(const std::string& file, const std::string& content);
 
 }  // namespace qxmix

@@ -1,5 +1,6 @@
 #include "workers/Interrupt.h"
 
+#include "PartFile.h"
 #include "errors/Errors.h"
 
 #include <cerrno>
@@ -18,6 +19,7 @@ int wakeUp[2] = {-1, -1};
 
 void OnInterrupt(int) {
     if (interrupted != 0) {
+        RemovePartFiles();
         _exit(static_cast<int>(ExitStatus::Interrupted));
     }
     interrupted = 1;

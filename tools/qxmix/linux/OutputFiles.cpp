@@ -1,15 +1,14 @@
 #include "files/Output.h"
 
+#include "PartFile.h"
 #include "errors/Errors.h"
 
 #include <cerrno>
-#include <cstdio>
-#include <cstring>
 #include <fcntl.h>
 #include <filesystem>
+#include <optional>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <utility>
 
 namespace qxmix {
 
@@ -18,114 +17,139 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr mode_t kUsualMode = 0666;
+constexpr mode_t kOwnersMode = 0600;
+constexpr mode_t kAllModeBits = 07777;
 
-[[noreturn]] void FailToWrite(const std::string& file) {
-    throw WorkError(file + ": cannot be written: " + std::strerror(errno));
+using FileState = struct stat;
+
+/// What has this name already; nothing: none. It is opened and closed again, so that the system's
+/// own rules hold for what may be written, and for links in folders that everybody may write to.
+///
+/// @throw WorkError
+std::optional<FileState> WhatIsThere(const std::string& file) {
+    FileState there{};
+    if (lstat(file.c_str(), &there) != 0) {
+        return std::nullopt;
+    }
+    if (stat(file.c_str(), &there) != 0) {
+        if (errno == ENOENT) {
+            throw WorkError(file + ": cannot be written: a link that leads to no file");
+        }
+        FailToWrite(file);
+    }
+    if (S_ISREG(there.st_mode)) {
+        const WritableFile existing(
+            open(file.c_str(), O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC), file);
+        if (fstat(existing.Descriptor(), &there) != 0) {
+            FailToWrite(file);
+        }
+    }
+    return there;
 }
 
-/// A file that is open for writing.
-class WritableFile {
+/// A folder by which its files are named from then on, whatever becomes of its own name.
+class Folder {
 public:
-    WritableFile(const std::string& path, int flags, const std::string& nameInErrors)
-        : name_(nameInErrors),
-          descriptor_(open(path.c_str(), O_WRONLY | O_CLOEXEC | flags, kUsualMode)) {
+    Folder(const std::string& path, const std::string& nameInErrors)
+        : descriptor_(open(path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)) {
         if (descriptor_ < 0) {
-            FailToWrite(name_);
+            FailToWrite(nameInErrors);
         }
     }
-    WritableFile(const WritableFile&) = delete;
-    WritableFile& operator=(const WritableFile&) = delete;
-    ~WritableFile() {
-        if (descriptor_ >= 0) {
-            close(descriptor_);
-        }
-    }
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+    ~Folder() { close(descriptor_); }
 
     int Descriptor() const { return descriptor_; }
 
-    void Write(const std::string& content) {
-        std::size_t written = 0;
-        while (written < content.size()) {
-            const ssize_t more =
-                write(descriptor_, content.data() + written, content.size() - written);
-            if (more < 0 && errno != EINTR) {
-                FailToWrite(name_);
-            }
-            written += more < 0 ? 0 : static_cast<std::size_t>(more);
-        }
+    bool Holds(const std::string& name, const FileState& expected) const {
+        FileState there{};
+        return fstatat(descriptor_, name.c_str(), &there, AT_SYMLINK_NOFOLLOW) == 0 &&
+               there.st_dev == expected.st_dev && there.st_ino == expected.st_ino;
     }
 
-    void Close() {
-        if (close(std::exchange(descriptor_, -1)) != 0) {
-            FailToWrite(name_);
+    /// New names outlive a power failure, where the file system can see to that.
+    void Synchronise() const {
+        const int readable = openat(descriptor_, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        if (readable >= 0) {
+            fsync(readable);
+            close(readable);
         }
     }
 
 private:
-    std::string name_;
     int descriptor_;
 };
 
 /// Where a name leads; a link stays a link when its file is replaced.
-std::string FollowLinks(const std::string& file) {
+fs::path FollowLinks(const std::string& file) {
     std::error_code error;
     const fs::path place = fs::weakly_canonical(file, error);
-    return error ? file : place.string();
+    return error ? fs::path(file) : place;
+}
+
+std::string FolderOf(const fs::path& place) {
+    return place.has_parent_path() ? place.parent_path().string() : ".";
 }
 
 }  // namespace
 
-OutputFiles::~OutputFiles() {
-    for (const Staged& staged : staged_) {
-        unlink(staged.beside.c_str());
+/// A file that waits beside its place.
+class OutputFiles::Staged {
+public:
+    Staged(const std::string& file, const std::optional<FileState>& there)
+        : Staged(FollowLinks(file), file, there) {}
+
+    void Write(const std::string& content) {
+        part_.File().Write(content);
+        part_.File().Synchronise();
+        part_.File().Close();
     }
-}
+
+    void Commit() {
+        part_.MoveTo(name_);
+        folder_.Synchronise();
+    }
+
+private:
+    Staged(const fs::path& place, const std::string& file, const std::optional<FileState>& there)
+        : name_(place.filename().string()), folder_(FolderOf(place), file),
+          part_(folder_.Descriptor(), there ? kOwnersMode : kUsualMode, file) {
+        if (there && !folder_.Holds(name_, *there)) {
+            throw WorkError(file + ": cannot be written: its place changes meanwhile");
+        }
+        if (there && fchmod(part_.File().Descriptor(), there->st_mode & kAllModeBits) != 0) {
+            FailToWrite(file);
+        }
+    }
+
+    std::string name_;
+    Folder folder_;
+    PartFile part_;
+};
+
+OutputFiles::OutputFiles() = default;
+OutputFiles::~OutputFiles() = default;
 
 void OutputFiles::Add(const std::string& file, const std::string& content) {
     if (file.empty()) {
         return;
     }
-    const std::string place = FollowLinks(file);
-    struct stat there {};
-    const bool isThere = stat(place.c_str(), &there) == 0;
-    if (isThere && !S_ISREG(there.st_mode)) {
-        WritableFile device(place, 0, file);
+    const std::optional<FileState> there = WhatIsThere(file);
+    if (there && !S_ISREG(there->st_mode)) {
+        WritableFile device(open(file.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC), file);
         device.Write(content);
         device.Close();
         return;
     }
-    const std::string beside = place + ".part" + std::to_string(getpid());
-    WritableFile part(beside, O_CREAT | O_TRUNC, file);
-    staged_.push_back({place, beside});
-    if (isThere && fchmod(part.Descriptor(), there.st_mode & 07777U) != 0) {
-        FailToWrite(file);
-    }
-    part.Write(content);
-    part.Close();
+    staged_.push_back(std::make_unique<Staged>(file, there));
+    staged_.back()->Write(content);
 }
 
 void OutputFiles::Commit() {
     while (!staged_.empty()) {
-        if (std::rename(staged_.front().beside.c_str(), staged_.front().place.c_str()) != 0) {
-            FailToWrite(staged_.front().place);
-        }
+        staged_.front()->Commit();
         staged_.erase(staged_.begin());
-    }
-}
-
-void AppendToFile(const std::string& file, const std::string& content) {
-    WritableFile appended(file, O_CREAT | O_APPEND, file);
-    struct stat before {};
-    const bool canBeCut = fstat(appended.Descriptor(), &before) == 0 && S_ISREG(before.st_mode);
-    try {
-        appended.Write(content);
-        appended.Close();
-    } catch (const WorkError&) {
-        // A full disk takes the first half of a line, which nobody could read back.
-        if (canBeCut && truncate(file.c_str(), before.st_size) != 0) {
-            throw WorkError(file + ": holds a part of a line at its end: " + std::strerror(errno));
-        }
-        throw;
     }
 }
 

@@ -17,6 +17,8 @@ void PrepareStandardStreams() {
         }
     }
     std::signal(SIGPIPE, SIG_DFL);
+    // A file that grows beyond what the caller allows (ulimit -f) is an error like a full disk.
+    std::signal(SIGXFSZ, SIG_IGN);
 }
 
 }  // namespace qxmix

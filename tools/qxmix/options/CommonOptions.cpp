@@ -1,5 +1,6 @@
 #include "CommonOptions.h"
 
+#include "OutputFileOption.h"
 #include "json/JsonFields.h"
 #include "module/RegistryImage.h"
 #include "text/Duration.h"
@@ -60,8 +61,8 @@ void AddCommonOptions(CLI::App& command, CommonOptions& options) {
         .add_option("--registry", options.registry,
                     "registry file that the module reads; replaces the dispenser's registry")
         ->type_name("FILE");
-    command.add_option("--registry-out", options.registryOut, "writes what the module left there")
-        ->type_name("FILE");
+    AddOutputFileOption(command, "--registry-out", options.registryOut,
+                        "writes what the module left there");
     command
         .add_option_function<std::string>(
             "--deadline",

@@ -1,14 +1,13 @@
 #include "OutputOption.h"
 
+#include "OutputFileOption.h"
 #include "files/Output.h"
 
 namespace qxmix {
 
 void OutputOption::AddTo(CLI::App& command, const std::string& answer) {
-    command
-        .add_option("--output", file_,
-                    "writes the " + answer + ", too; the name ends in " + forms_.endings)
-        ->type_name("FILE");
+    AddOutputFileOption(command, "--output", file_,
+                        "writes the " + answer + ", too; the name ends in " + forms_.endings);
 }
 
 std::optional<OutputForm> OutputOption::Form(const CommonOptions& options) const {

@@ -3,6 +3,7 @@
 #include "Request.h"
 #include "dispenser/DispenserReader.h"
 #include "dispenser/InlineDispenser.h"
+#include "files/RegularFile.h"
 #include "json/JsonText.h"
 #include "text/Hex.h"
 
@@ -12,8 +13,14 @@ namespace qxmix {
 
 namespace {
 
-/// Dispenser files kept at a time; a stream that names more of them reads some again.
+/// Dispenser files kept at a time, and bytes that were read for them; a stream that names more of
+/// them reads some again.
 constexpr std::size_t kMostFiles = 1000;
+constexpr std::size_t kMostFilesSize = std::size_t{64} << 20U;
+
+std::string ReadNamed(const std::string& name) {
+    return ReadRegularFile(name, kLongestLine);
+}
 
 const std::vector<std::string>& RequestFieldNames() {
     static const std::vector<std::string> names = [] {
@@ -26,6 +33,13 @@ const std::vector<std::string>& RequestFieldNames() {
 }
 
 }  // namespace
+
+RequestReader::RequestReader(AskOptions options, std::optional<Milliseconds> deadline)
+    : options_(std::move(options)) {
+    if (deadline) {
+        fileReader_.emplace(&ReadNamed, *deadline);
+    }
+}
 
 AskedRequest RequestReader::Read(const Json& json, const Place& place) {
     const JsonFields fields(json, place, RequestFieldNames());
@@ -65,12 +79,15 @@ Dispenser RequestReader::Base(const Json& json, const Place& place) {
         return ReadDispenser(json, place);
     }
     const auto name = json.get<std::string>();
-    if (name == "-") {
-        throw place.Error(NotAllowed("\"-\"", "an object, a file or a dispenser such as "
-                                              "\"EUR:50x10,20x10\""));
+    const bool isInline = IsInlineDispenser(name);
+    // A zero byte would end the name before the file that it seems to name.
+    if (name == "-" || (!isInline && (!fileReader_ || name.find('\0') != std::string::npos))) {
+        throw place.Error(NotAllowed(DescribeJson(json),
+                                     std::string("an object") + (fileReader_ ? ", a file" : "") +
+                                         " or a dispenser such as \"EUR:50x10,20x10\""));
     }
     try {
-        return IsInlineDispenser(name) ? ReadInlineDispenser(name) : Named(name);
+        return isInline ? ReadInlineDispenser(name) : Named(name);
     } catch (const InputError& error) {
         throw place.Error(error.what());
     }
@@ -81,10 +98,18 @@ const Dispenser& RequestReader::Named(const std::string& name) {
     if (known != files_.end()) {
         return known->second;
     }
-    if (files_.size() == kMostFiles) {
+    std::size_t size = 0;
+    Dispenser dispenser = OpenDispenser(name, [this, &size](const std::string& file) {
+        InputFile read = {file, fileReader_->Read(file)};
+        size = read.content.size();
+        return read;
+    });
+    if (files_.size() == kMostFiles || filesSize_ + size > kMostFilesSize) {
         files_.clear();
+        filesSize_ = 0;
     }
-    return files_[name] = OpenDispenser(name);
+    filesSize_ += size;
+    return files_[name] = std::move(dispenser);
 }
 
 Json ReadId(const Json& json, const Place& place) {

@@ -5,9 +5,11 @@
 #include "errors/Place.h"
 #include "json/Json.h"
 #include "options/AskOptions.h"
+#include "workers/FileReader.h"
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 
 namespace qxmix {
@@ -22,11 +24,12 @@ struct AskedRequest {
 /// Reads requests from JSON: the fields of a dispenser file beside an `amount`.
 ///
 /// A `dispenser` (an object, the name of a file or inline) lends whatever the request does not say
-/// itself. A file is read once.
+/// itself. A file has to be a regular one, no longer than a line may be, and is read once.
 class RequestReader {
 public:
-    /// @param options  win over every request.
-    explicit RequestReader(AskOptions options) : options_(std::move(options)) {}
+    /// @param options   win over every request.
+    /// @param deadline  for reading a file (see FileReader); none: no file may be named.
+    RequestReader(AskOptions options, std::optional<Milliseconds> deadline);
 
     /// @param place  where the request stands, for errors.
     /// @throw FieldError
@@ -42,7 +45,9 @@ private:
     const Dispenser& Named(const std::string& name);
 
     AskOptions options_;
+    std::optional<FileReader> fileReader_;
     std::map<std::string, Dispenser> files_;
+    std::size_t filesSize_ = 0;  // bytes that were read for them
 };
 
 /// The `id` of an object, or null when it has none.

@@ -2,6 +2,7 @@
 
 #include "InterruptEvent.h"
 #include "LastError.h"
+#include "PartFile.h"
 #include "WindowsApi.h"
 #include "errors/Errors.h"
 
@@ -17,6 +18,7 @@ BOOL WINAPI OnControl(DWORD event) {
         return FALSE;
     }
     if (WaitForSingleObject(interrupted, 0) == WAIT_OBJECT_0) {
+        RemovePartFiles();
         TerminateProcess(GetCurrentProcess(), static_cast<UINT>(ExitStatus::Interrupted));
     }
     SetEvent(interrupted);

@@ -1,12 +1,9 @@
-#include "LastError.h"
-#include "WindowsApi.h"
-#include "errors/Errors.h"
+#include "PartFile.h"
 #include "files/Output.h"
 
-#include <cerrno>
-#include <cstring>
+#include <fcntl.h>
 #include <filesystem>
-#include <fstream>
+#include <io.h>
 
 namespace qxmix {
 
@@ -14,53 +11,52 @@ namespace {
 
 namespace fs = std::filesystem;
 
-void Write(const std::string& path,
-           std::ios::openmode mode,
-           const std::string& content,
-           const std::string& nameInErrors) {
-    std::ofstream file(path, std::ios::binary | mode);
-    file.write(content.data(), static_cast<std::streamsize>(content.size()));
-    file.close();
-    if (!file) {
-        throw WorkError(nameInErrors + ": cannot be written: " + std::strerror(errno));
-    }
+WritableFile OpenThere(const std::string& file) {
+    return WritableFile(_open(file.c_str(), _O_WRONLY | _O_BINARY | _O_NOINHERIT), file);
 }
 
 }  // namespace
 
-OutputFiles::~OutputFiles() {
-    for (const Staged& staged : staged_) {
-        DeleteFileA(staged.beside.c_str());
+/// A file that waits beside its place.
+class OutputFiles::Staged {
+public:
+    Staged(const std::string& file, const std::string& content) : part_(file) {
+        part_.File().Write(content);
+        part_.File().Synchronise();
+        part_.File().Close();
     }
-}
+
+    void Commit() { part_.TakePlace(); }
+
+private:
+    PartFile part_;
+};
+
+OutputFiles::OutputFiles() = default;
+OutputFiles::~OutputFiles() = default;
 
 void OutputFiles::Add(const std::string& file, const std::string& content) {
     if (file.empty()) {
         return;
     }
     std::error_code error;
-    if (fs::exists(file, error) && !fs::is_regular_file(file, error)) {
-        Write(file, std::ios::out, content, file);
-        return;
+    if (fs::exists(file, error)) {
+        // What may not be written is not replaced either.
+        WritableFile there = OpenThere(file);
+        if (!fs::is_regular_file(file, error)) {
+            there.Write(content);
+            there.Close();
+            return;
+        }
     }
-    const std::string beside = file + ".part" + std::to_string(GetCurrentProcessId());
-    staged_.push_back({file, beside});
-    Write(beside, std::ios::trunc, content, file);
+    staged_.push_back(std::make_unique<Staged>(file, content));
 }
 
 void OutputFiles::Commit() {
     while (!staged_.empty()) {
-        const Staged& staged = staged_.front();
-        if (MoveFileExA(staged.beside.c_str(), staged.place.c_str(), MOVEFILE_REPLACE_EXISTING) ==
-            0) {
-            throw WorkError(staged.place + ": cannot be written: " + LastErrorText());
-        }
+        staged_.front()->Commit();
         staged_.erase(staged_.begin());
     }
-}
-
-void AppendToFile(const std::string& file, const std::string& content) {
-    Write(file, std::ios::app, content, file);
 }
 
 }  // namespace qxmix

@@ -1,6 +1,7 @@
 #include "WorkerPool.h"
 
 #include "Interrupt.h"
+#include "LastShare.h"
 #include "errors/Errors.h"
 
 #include <algorithm>
@@ -10,8 +11,6 @@
 namespace qxmix {
 
 namespace {
-
-constexpr int kLastShare = 10;
 
 int MillisecondsUntil(Clock::time_point time) {
     const auto left = std::chrono::ceil<Milliseconds>(time - Clock::now()).count();

@@ -10,7 +10,8 @@ const CommandInfo& BatchCommand::Info() const {
     static const CommandInfo info = {
         "batch",
         "Answers a stream of requests, one a line.",
-        {"batch [--envelope] [--jobs N] < REQUESTS.ndjson > ANSWERS.ndjson"},
+        {"batch [--envelope] [--jobs N] < REQUESTS.ndjson > ANSWERS.ndjson",
+         "batch --no-files < REQUESTS.ndjson > ANSWERS.ndjson"},
         {"batch < examples/two.ndjson", "batch --envelope --mix 3 < examples/two.ndjson"}};
     return info;
 }
@@ -18,6 +19,8 @@ const CommandInfo& BatchCommand::Info() const {
 void BatchCommand::AddOptions(CLI::App& command) {
     command.add_flag("--envelope", hasEnvelope_,
                      "answers as --json of mix gives them, and not their result alone");
+    command.add_flag("--no-files", refusesFiles_,
+                     "refuses requests that name a dispenser file: for those of strangers");
     AddAskOptions(command, ask_);
     AddJobsOption(command, jobs_);
 }
@@ -33,6 +36,7 @@ ExitStatus BatchCommand::Run(const CommonOptions& options) {
     setting.replacesRegistry = hasRegistry;
     setting.ask = ask_;
     setting.deadline = options.deadline.value_or(setting.deadline);
+    setting.takesFiles = !refusesFiles_;
     setting.traces = options.trace;
     setting.hasEnvelope = hasEnvelope_;
     setting.moduleVersion = asker.ModuleVersion();

@@ -18,6 +18,7 @@ private:
     void CheckMixes() const;
 
     bool hasEnvelope_ = false;
+    bool refusesFiles_ = false;
     JobsOption jobs_;
     AskOptions ask_;
 };

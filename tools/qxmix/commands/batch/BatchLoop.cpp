@@ -70,7 +70,8 @@ private:
 class BatchLoop {
 public:
     BatchLoop(const BatchSetting& setting, BatchMark& mark)
-        : setting_(setting), mark_(mark), reader_(setting.ask), modules_(setting.order) {
+        : setting_(setting), mark_(mark), reader_(setting.ask, FileDeadline(setting)),
+          modules_(setting.order) {
         if (setting.replacesRegistry) {
             taken_ = TakenValues(setting.order.registry);
         }
@@ -102,6 +103,10 @@ public:
     }
 
 private:
+    static std::optional<Milliseconds> FileDeadline(const BatchSetting& setting) {
+        return setting.takesFiles ? std::make_optional(setting.deadline) : std::nullopt;
+    }
+
     void AnswerLine(const LineBlock& block,
                     std::uint64_t number,
                     const std::string& text,

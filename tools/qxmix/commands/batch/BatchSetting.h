@@ -13,6 +13,7 @@ struct BatchSetting {
     bool replacesRegistry = false;  ///< that registry stands before what requests bring
     AskOptions ask;
     Milliseconds deadline{2000};
+    bool takesFiles = true;     ///< requests may name dispenser files
     bool traces = false;        ///< the module's lines go to standard error
     bool hasEnvelope = false;   ///< answers are whole envelopes
     std::string moduleVersion;  ///< for envelopes

@@ -2,6 +2,7 @@
 
 #include "BatchLoop.h"
 #include "errors/Errors.h"
+#include "workers/LastShare.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -12,8 +13,6 @@
 namespace qxmix {
 
 namespace {
-
-constexpr int kLastShare = 10;
 
 BatchMark* MapMark() {
     void* const memory =

@@ -1,7 +1,7 @@
 #include "MixCommand.h"
 
+#include "AnswerRecord.h"
 #include "MixText.h"
-#include "RecordedLine.h"
 #include "answers/Envelope.h"
 #include "answers/ResultJson.h"
 #include "dispenser/DispenserJson.h"
@@ -9,6 +9,7 @@
 #include "files/InputFile.h"
 #include "files/Output.h"
 #include "options/AskedModule.h"
+#include "options/OutputFileOption.h"
 #include "requests/Request.h"
 #include "text/Duration.h"
 #include "text/Hex.h"
@@ -80,10 +81,10 @@ void MixCommand::AddOptions(CLI::App& command) {
         .add_option("--raw-in", rawIn_,
                     "captured request of 1060 bytes; a dispenser beside it lends labels and worth")
         ->type_name("FILE");
-    command.add_option("--raw-out", rawOut_, "writes request and result as they come back")
-        ->type_name("FILE");
-    command.add_option("--record", record_, "appends request and answer as a line for replay")
-        ->type_name("FILE");
+    AddOutputFileOption(command, "--raw-out", rawOut_,
+                        "writes request and result as they come back");
+    AddOutputFileOption(command, "--record", record_,
+                        "appends request and answer as a line for replay");
 }
 
 ExitStatus MixCommand::Run(const CommonOptions& options) {

@@ -9,6 +9,7 @@
 #include "json/JsonFields.h"
 #include "module/LibrarySearch.h"
 #include "module/RegistryImage.h"
+#include "options/OutputFileOption.h"
 #include "terminal/Table.h"
 #include "text/Hex.h"
 #include "text/ParseWhole.h"
@@ -101,7 +102,7 @@ void RegistryCommand::AddOptions(CLI::App& command) {
         ->expected(1)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
     command.add_flag("--clear-error", clearsError_, "removes the error code left in CDM");
-    command.add_option("--output", output_, "writes the registry file")->type_name("FILE");
+    AddOutputFileOption(command, "--output", output_, "writes the registry file");
 }
 
 ExitStatus RegistryCommand::Run(const CommonOptions& options) {

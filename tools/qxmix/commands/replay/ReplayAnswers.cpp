@@ -44,21 +44,26 @@ ReplayAnswers Replay(const TraceSource& source,
                      Milliseconds deadline,
                      bool stops) {
     ReplayAnswers answers;
-    while (const std::optional<RecordedLine> line = source()) {
-        try {
+    std::uint64_t number = 0;
+    try {
+        while (!answers.isStopped) {
+            // Should Ctrl-C come while it is read, the line is the one behind the last.
+            ++number;
+            const std::optional<RecordedLine> line = source();
+            if (!line) {
+                break;
+            }
+            number = line->number;
             std::optional<ReplayDifference> difference = Compare(*line, libraries, deadline);
             ++answers.requests;
             if (difference) {
                 answers.differences.push_back(std::move(*difference));
                 answers.isStopped = stops;
             }
-        } catch (const Interruption&) {
-            answers.isComplete = false;
-            answers.interruptedAt = line->number;
         }
-        if (answers.isStopped || !answers.isComplete) {
-            break;
-        }
+    } catch (const Interruption&) {
+        answers.isComplete = false;
+        answers.interruptedAt = number;
     }
     return answers;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "AskerPool.h"
-#include "commands/mix/RecordedLine.h"
+#include "RecordedLine.h"
 #include "json/Json.h"
 
 #include <cstdint>

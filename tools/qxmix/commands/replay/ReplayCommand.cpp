@@ -40,7 +40,8 @@ const CommandInfo& ReplayCommand::Info() const {
     static const CommandInfo info = {
         "replay",
         "Asks recorded requests again and shows what is different.",
-        {"replay TRACE.ndjson [--stop]", "replay TRACE.ndjson --library X --library Y"},
+        {"replay TRACE.ndjson [--stop] [--no-files]",
+         "replay TRACE.ndjson --library X --library Y"},
         {"replay examples/trace.ndjson", "replay examples/trace.ndjson --stop --json"}};
     return info;
 }
@@ -48,6 +49,8 @@ const CommandInfo& ReplayCommand::Info() const {
 void ReplayCommand::AddOptions(CLI::App& command) {
     command.add_option("TRACE", trace_, "recorded lines, as mix --record writes them, or -");
     command.add_flag("--stop", stops_, "stops at the first difference");
+    command.add_flag("--no-files", refusesFiles_,
+                     "refuses requests that name a dispenser file: for those of strangers");
 }
 
 ExitStatus ReplayCommand::Run(const CommonOptions& options) {
@@ -55,7 +58,8 @@ ExitStatus ReplayCommand::Run(const CommonOptions& options) {
         throw InputError("TRACE: missing; expected a file of recorded lines, or -");
     }
     std::vector<AskerPool> libraries = OpenLibraries(options);
-    TraceFile trace(trace_, libraries.size() == 1);
+    TraceFile trace(trace_, libraries.size() == 1,
+                    refusesFiles_ ? std::nullopt : std::make_optional(DeadlineOf(options)));
     const ReplayAnswers answers =
         Replay([&trace] { return trace.Next(); }, libraries, DeadlineOf(options), stops_);
     OutputFiles files;

@@ -21,6 +21,7 @@ private:
 
     std::string trace_;  // as named on the command line
     bool stops_ = false;
+    bool refusesFiles_ = false;
 };
 
 }  // namespace qxmix

@@ -9,9 +9,12 @@
 
 namespace qxmix {
 
-TraceFile::TraceFile(const std::string& name, bool needsAnswers)
+TraceFile::TraceFile(const std::string& name,
+                     bool needsAnswers,
+                     std::optional<Milliseconds> deadline)
     : name_(name == "-" ? "standard input" : name), needsAnswers_(needsAnswers),
-      lines_(name == "-" ? std::cin : file_), buffer_(kLongestLine + 1), reader_(AskOptions{}) {
+      lines_(name == "-" ? std::cin : file_), buffer_(kLongestLine + 1),
+      reader_(AskOptions{}, deadline) {
     if (name != "-") {
         errno = 0;
         file_.open(name, std::ios::binary);

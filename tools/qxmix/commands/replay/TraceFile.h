@@ -1,6 +1,6 @@
 #pragma once
 
-#include "commands/mix/RecordedLine.h"
+#include "RecordedLine.h"
 
 #include <fstream>
 #include <optional>
@@ -14,8 +14,9 @@ class TraceFile {
 public:
     /// @param name           of the file, or "-".
     /// @param needsAnswers   whether every line has to have one.
+    /// @param deadline       for dispenser files that lines name; none: they may name none.
     /// @throw InputError when it cannot be opened.
-    TraceFile(const std::string& name, bool needsAnswers);
+    TraceFile(const std::string& name, bool needsAnswers, std::optional<Milliseconds> deadline);
 
     /// The next line; none at the end. Blank lines are passed over.
     ///

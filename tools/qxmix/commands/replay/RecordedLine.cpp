@@ -1,18 +1,9 @@
 #include "RecordedLine.h"
 
 #include "answers/Outcome.h"
-#include "answers/ResultJson.h"
 #include "errors/NearestName.h"
-#include "files/Output.h"
 #include "json/JsonFields.h"
 #include "json/JsonText.h"
-#include "requests/Request.h"
-#include "text/Hex.h"
-
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <system_error>
 
 namespace qxmix {
 
@@ -26,30 +17,6 @@ Json ParseLine(const std::string& text, const Place& place) {
         throw InputError(place.File() + ":" + std::to_string(error.Column()) + ": " +
                          error.Wrong());
     }
-}
-
-/// The lines that a file has already.
-struct LinesThere {
-    std::uint64_t count = 0;
-    bool isLastOpen = false;  ///< nothing ends the last one, as some editors leave it
-};
-
-/// Devices and pipes have no lines to go on from: reading them would not end.
-LinesThere CountLines(const std::string& file) {
-    std::error_code error;
-    if (!std::filesystem::is_regular_file(file, error)) {
-        return {};
-    }
-    std::ifstream recorded(file, std::ios::binary);
-    LinesThere lines;
-    char last = '\n';
-    for (auto at = std::istreambuf_iterator<char>(recorded); at != decltype(at)(); ++at) {
-        last = *at;
-        lines.count += last == '\n' ? 1 : 0;
-    }
-    lines.isLastOpen = last != '\n';
-    lines.count += lines.isLastOpen ? 1 : 0;
-    return lines;
 }
 
 void CheckValues(const Json& values, const Place& place) {
@@ -123,19 +90,6 @@ RecordedLine ReadRecordedLine(const std::string& text,
         line.answer = *answer;
     }
     return line;
-}
-
-void RecordAnswers(const std::string& file, const MixAnswers& answers) {
-    const LinesThere there = CountLines(file);
-    std::uint64_t id = there.count;
-    std::string lines = there.isLastOpen ? "\n" : "";
-    for (const MixAnswer& answer : answers.answers) {
-        const Json line = {{"id", ++id},
-                           {"request", HexText(RawBytes(answer.request))},
-                           {"answer", RecordedAnswer(answer.reply)}};
-        lines += line.dump() + "\n";
-    }
-    AppendToFile(file, lines);
 }
 
 }  // namespace qxmix

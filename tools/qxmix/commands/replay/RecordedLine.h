@@ -1,6 +1,5 @@
 #pragma once
 
-#include "MixAnswers.h"
 #include "json/Json.h"
 #include "requests/RequestReader.h"
 
@@ -8,12 +7,6 @@
 #include <string>
 
 namespace qxmix {
-
-/// Appends one line of JSON for each answer: an id, the request in hexadecimal digits and what came
-/// back. The ids go on counting the lines of the file.
-///
-/// @throw WorkError when the file cannot be written.
-void RecordAnswers(const std::string& file, const MixAnswers& answers);
 
 /// One recorded line.
 struct RecordedLine {

@@ -1,0 +1,43 @@
+#include "workers/FileReader.h"
+
+#include "ErrorText.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <unistd.h>
+
+namespace qxmix {
+namespace {
+
+/// As a file system that does not answer, a reader that dies, a refusal.
+std::string Read(const std::string& name) {
+    if (name == "hangs") {
+        pause();
+    } else if (name == "dies") {
+        raise(SIGKILL);
+    } else if (name == "wrong") {
+        throw InputError("wrong: refused");
+    }
+    return name + std::string(1, '\0') + std::string(100000, 'x');
+}
+
+TEST(FileReader, BringsWhatWasRead) {
+    FileReader reader(&Read, Milliseconds(2000));
+    EXPECT_EQ(reader.Read("a"), Read("a"));
+    EXPECT_EQ(reader.Read("b"), Read("b"));
+}
+
+TEST(FileReader, ReadsOnBehindARefusalAHangAndADeath) {
+    FileReader reader(&Read, Milliseconds(10));
+    EXPECT_EQ(ErrorText([&reader] { reader.Read("wrong"); }), "wrong: refused");
+    EXPECT_EQ(ErrorText([&reader] { reader.Read("hangs"); }),
+              "hangs: cannot be read: nothing came within 100 ms");
+    FileReader patient(&Read, Milliseconds(2000));
+    EXPECT_EQ(ErrorText([&patient] { patient.Read("dies"); }),
+              "dies: cannot be read: its reader ended");
+    EXPECT_EQ(patient.Read("a"), Read("a"));
+}
+
+}  // namespace
+}  // namespace qxmix
