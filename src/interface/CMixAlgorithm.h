@@ -66,7 +66,8 @@ public:
     // The five searches, a file each. All read ulAmount, bAllowPartial and usMaxDispenseItems of
     // the request and usCount and the units' ulValues, ulCount and usType of the table.
     //
-    // @param notes  the first usCount entries receive the combination; meaningless after a failure.
+    // @param notes  the first usCount entries receive the combination, also one that kTooManyItems
+    //   refuses; after another failure none is written.
     // @return 0, kNotDispensable or kInvalidCashUnit (not 1 to 5 units); minimum and maximum notes
     //   also kTooManyItems. Each failure is recorded unless the search's file says otherwise.
     static std::int32_t

@@ -53,6 +53,11 @@ int32_t
 RegOpenKeyExW(void* key, const uint16_t* path, uint32_t options, uint32_t access, void** opened) {
     CHECK(options == 0);
     if (calls++ == 0) {
+        /* Before anything is read, the object has its mix numbers: 10 of them, from 1 to 10. */
+        const unsigned char* const numbers =
+            (const unsigned char*)objects[1] + 2 * sizeof(void*) + 4;
+        CHECK(created == 2);
+        CHECK(memcmp(numbers, "\12\0\1\0\12\0", 6) == 0);
         CHECK((uintptr_t)key == 0x80000000u);
         CHECK(IsText(path, "WOSA/XFS_ROOT\\SERVICE_PROVIDERS\\CashDispenser\\"));
         CHECK(access == 0x20019);

@@ -225,11 +225,26 @@ TEST_P(Objects, MissingInnerObjectIsNotReported) {
     Expected expected(EmulatedModule::kOuterSize);
     expected.U32(0, Module().SlotTable(outer)).U32(4, outer).U32(8, 0).U16(112, 6);
     EXPECT_EQ(expected.bytes, BytesAt(outer, EmulatedModule::kOuterSize));
+}
 
-    const std::uint32_t room = Memory().Allocate(4, Rights::ReadWrite);
-    const CallReport report = Module().Call(outer, Slot::GetMixTypes, {room});
-    EXPECT_FALSE(report.returned);
-    EXPECT_NE(std::string::npos, report.fault.find("0x00000000")) << report.fault;
+TEST_P(Objects, MissingInnerObjectIsCalledAllTheSame) {
+    for (const Slot slot : {Slot::GetMixTypes, Slot::MixCalculate}) {
+        Reload();
+        TheTerminal().RefuseCall(2, "malloc");
+        const std::uint32_t outer = Module().Create();
+        constexpr std::uint32_t kEventField = 100;
+        Memory().PutWord(outer + kEventField, 0xCAFE01);
+        TheTerminal().calls.clear();
+        const std::uint32_t room = Memory().Allocate(4, Rights::ReadWrite);
+        const std::vector<std::uint32_t> arguments(slot == Slot::GetMixTypes ? 1 : 2, room);
+        const CallReport report = Module().Call(outer, slot, arguments);
+        EXPECT_FALSE(report.returned);
+        EXPECT_NE(std::string::npos, report.fault.find("0x00000000")) << report.fault;
+        // The event is set before anybody looks at the inner object.
+        const std::vector<std::string> event{"event 0xcafe01 operation 3"};
+        EXPECT_EQ(slot == Slot::GetMixTypes ? event : std::vector<std::string>{},
+                  TheTerminal().calls);
+    }
 }
 
 FOR_EVERY_IMAGE(Objects);

@@ -5,8 +5,6 @@
 
 namespace {
 
-constexpr char kTraceKey[] = "HKEY_CLASSES_ROOT\\WOSA/XFS_ROOT\\SERVICE_PROVIDERS\\CashDispenser";
-constexpr char kMinimumKey[] = "HKEY_LOCAL_MACHINE\\SOFTWARE\\ATM\\DevInfo\\CDM";
 constexpr char kMinimumName[] = "CSTMinimum4Mix6";
 
 std::uint32_t Parsed(const std::u16string& text) {
@@ -256,20 +254,6 @@ TEST_F(Configuration, IsReadOnceForTheLifeOfAnObject) {
     module.Outer().GetMixTypes(&list);
     EXPECT_EQ(module.Inner().ulCstMinimum4Mix6, 100U);
     EXPECT_EQ(module.Inner().ulTraceLevel, 1U);
-}
-
-TEST_F(Configuration, TracesVersionAndMinimum) {
-    TraceLines lines;
-    Module module;
-    EXPECT_EQ(lines.All(),
-              (Lines{"CMixAlgorithm::CMixAlgorithm() MixAlgorithm.dll Version = V 06.00.02.",
-                     "CMixAlgorithm::CMixAlgorithm() CSTMinimum4Mix6 = 100."}));
-}
-
-TEST_F(Configuration, TracesMinimumsFrom2To31UpAsNegative) {
-    TraceLines lines;
-    MinimumOf("-5");
-    EXPECT_EQ(lines.All().back(), "CMixAlgorithm::CMixAlgorithm() CSTMinimum4Mix6 = -5.");
 }
 
 }  // namespace

@@ -21,9 +21,9 @@ TEST(CalcMaximumNotes, PaysFromOneUnit) {
 }
 
 TEST(CalcMaximumNotes, ReportsTheLimitForOneUnit) {
-    EXPECT_EQ(Pay(Table().Bill(10, 100).Amount(60).Limit(5)), Failed(-307, "971A3"));
-    EXPECT_EQ(Pay(Table().Bill(10, 100).Amount(65).Limit(5).Partial()), Failed(-307, "971A3"));
-    EXPECT_EQ(Pay(Table().Coin(10, 100).Amount(60).Limit(5)), Failed(-307, "971A4"));
+    EXPECT_EQ(Pay(Table().Bill(10, 100).Amount(60).Limit(5)), Failed(-307, "971A3", {6}));
+    EXPECT_EQ(Pay(Table().Bill(10, 100).Amount(65).Limit(5).Partial()), Failed(-307, "971A3", {6}));
+    EXPECT_EQ(Pay(Table().Coin(10, 100).Amount(60).Limit(5)), Failed(-307, "971A4", {6}));
     EXPECT_EQ(Pay(Table().Bill(10, 100).Amount(60).Limit(6)), Chosen({6}));
 }
 
@@ -72,17 +72,17 @@ TEST(CalcMaximumNotes, FillsGreedilyWhenNothingIsExact) {
     const Table table = Table().Bill(10, 3).Bill(50, 10).Amount(95).Partial();
     EXPECT_EQ(Pay(table), Chosen({3, 1}));
     EXPECT_EQ(Pay(Table(table).Partial(0)), kNotDispensed);
-    EXPECT_EQ(Pay(Table(table).Limit(3)), Failed(-307, "971A3"));
+    EXPECT_EQ(Pay(Table(table).Limit(3)), Failed(-307, "971A3", {3, 1}));
 }
 
 TEST(CalcMaximumNotes, HoldsNotesAndCoinsApartAfterTheGreedyFill) {
     const Table table = Table().Coin(10, 3).Bill(50, 10).Amount(95).Partial();
     EXPECT_EQ(Pay(Table(table).Limit(3)), Chosen({3, 1}));
-    EXPECT_EQ(Pay(Table(table).Limit(2)), Failed(-307, "971A4"));
+    EXPECT_EQ(Pay(Table(table).Limit(2)), Failed(-307, "971A4", {3, 1}));
 }
 
 TEST(CalcMaximumNotes, FillsGreedilyWhenEveryExactCombinationIsOverTheLimit) {
-    EXPECT_EQ(Pay(TensAndFifties().Limit(1).Partial()), Failed(-307, "971A3"));
+    EXPECT_EQ(Pay(TensAndFifties().Limit(1).Partial()), Failed(-307, "971A3", {10, 0}));
     // Three coins and two notes are five items, but the last check counts them apart.
     EXPECT_EQ(Pay(Table().Coin(10, 3).Bill(35, 2).Amount(100).Limit(3).Partial()), Chosen({3, 2}));
 }
@@ -110,7 +110,7 @@ TEST(CalcMaximumNotes, LimitsTheStartOfALoopOnlyFromThreeUnitsOn) {
     // With two units the loop starts at 2^31, which is negative, and is left out.
     const Table two = Table().Bill(1, 0xFFFFFFFF).Bill(0x80000000, 1).Amount(0x80000000);
     EXPECT_EQ(Pay(two), kNotDispensed);
-    EXPECT_EQ(Pay(Table(two).Partial()), Failed(-307, "971A3"));
+    EXPECT_EQ(Pay(Table(two).Partial()), Failed(-307, "971A3", {0x80000000, 0}));
     EXPECT_EQ(Pay(Table(two).Bill(0x80000001, 1)), Chosen({0, 1, 0}));
 }
 

@@ -61,21 +61,23 @@ TEST(CalcMinimumNotes, SearchesThreeToFiveUnits) {
 
 TEST(CalcMinimumNotes, TakesTheFirstCombinationEvenOverTheLimit) {
     // Two of 50 would be within it, but the first combination is five of 20.
-    EXPECT_EQ(Pay(Table().Bill(20, 10).Bill(50, 10).Amount(100).Limit(2)), Failed(-307, "971A3"));
-    EXPECT_EQ(Pay(Table().Coin(20, 10).Bill(50, 10).Amount(100).Limit(2)), Failed(-307, "971A4"));
+    EXPECT_EQ(Pay(Table().Bill(20, 10).Bill(50, 10).Amount(100).Limit(2)),
+              Failed(-307, "971A3", {5, 0}));
+    EXPECT_EQ(Pay(Table().Coin(20, 10).Bill(50, 10).Amount(100).Limit(2)),
+              Failed(-307, "971A4", {5, 0}));
 }
 
 TEST(CalcMinimumNotes, RefusesCombinationAboveLimit) {
     EXPECT_EQ(Pay(Table().Bill(50, 10).Bill(20, 50).Amount(820).Limit(25)),
-              Failed(-307, "971A3"));  // 10 and 16
-    EXPECT_EQ(Pay(Table().Bill(20, 50).Amount(820).Limit(40)), Failed(-307, "971A3"));
+              Failed(-307, "971A3", {10, 16}));
+    EXPECT_EQ(Pay(Table().Bill(20, 50).Amount(820).Limit(40)), Failed(-307, "971A3", {41}));
     EXPECT_EQ(Pay(Table().Bill(20, 50).Amount(800).Limit(40)), Chosen({40}));
 }
 
 TEST(CalcMinimumNotes, PaysGreedilyWhenNothingIsExact) {
     const Table table = Table().Bill(50, 1).Bill(20, 10).Bill(7, 1).Amount(138).Partial();
     EXPECT_EQ(Pay(table), Chosen({1, 4, 1}));
-    EXPECT_EQ(Pay(Table(table).Limit(5)), Failed(-307, "971A3"));
+    EXPECT_EQ(Pay(Table(table).Limit(5)), Failed(-307, "971A3", {1, 4, 1}));
 }
 
 TEST(CalcMinimumNotes, HasNoRuleForSixUnitsOrNone) {
@@ -99,7 +101,8 @@ TEST(CalcMinimumNotes, ReadsTheNeedOfTheLastUnitWithASign) {
     EXPECT_EQ(Pay(table), kNotDispensed);
     EXPECT_EQ(Pay(Table(table).Partial()), Chosen({2, 0}));
     // A need of 2^31 is negative too, and so less than a count of 5; it fails at the limit only.
-    EXPECT_EQ(Pay(Table().Bill(3, 1).Bill(1, 5).Amount(0x80000003)), Failed(-307, "971A3"));
+    EXPECT_EQ(Pay(Table().Bill(3, 1).Bill(1, 5).Amount(0x80000003)),
+              Failed(-307, "971A3", {1, 0x80000000}));
     EXPECT_EQ(Pay(Table().Bill(3, 1).Bill(1, 5).Amount(0x80000002)), kNotDispensed);
 }
 
@@ -111,7 +114,7 @@ TEST(CalcMinimumNotes, TakesAllThatTheLastUnitHoldsForAmountsFrom2To31) {
 
 TEST(CalcMinimumNotes, RunsLoopsThatStartAt2To31) {
     EXPECT_EQ(Pay(Table().Bill(1, 0xFFFFFFFF).Bill(7, 5).Amount(0x80000000)),
-              Failed(-307, "971A3"));
+              Failed(-307, "971A3", {0x80000000, 0}));
 }
 
 TEST(CalcMinimumNotes, SearchesAsUsualWhenOnlyACountReaches2To31) {

@@ -13,7 +13,7 @@
 /// What one search left behind.
 struct Found {
     std::int32_t returned = 0;
-    std::vector<std::uint32_t> notes;  ///< all six entries; none after a failure
+    std::vector<std::uint32_t> notes;  ///< all six entries
     std::string code;
 
     friend bool operator==(const Found& first, const Found& second) {
@@ -38,8 +38,11 @@ inline Found Chosen(std::vector<std::uint32_t> notes, const char* code = "") {
     return {0, std::move(notes), code};
 }
 
-inline Found Failed(std::int32_t result, const char* code) {
-    return {result, {}, code};
+/// A failure: nothing is written but the combination that the last check refused, if there is one.
+inline Found
+Failed(std::int32_t result, const char* code, std::vector<std::uint32_t> refused = {}) {
+    refused.resize(kMaxCashUnits, kUnwritten);
+    return {result, std::move(refused), code};
 }
 
 /// An ordered table with the request that it is searched for, to call a search or the limit check
@@ -88,9 +91,7 @@ public:
         Found found;
         found.returned = search(request, table, notes);
         EXPECT_LE(QxmixCallCount(kQxmixRegSetValueExW) - writesBefore, 1U);
-        if (found.returned == 0) {
-            found.notes.assign(notes.aulNotes, notes.aulNotes + kMaxCashUnits);
-        }
+        found.notes.assign(notes.aulNotes, notes.aulNotes + kMaxCashUnits);
         found.code = RecordedCode();
         return found;
     }

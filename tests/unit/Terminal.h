@@ -14,6 +14,8 @@
 using Lines = std::vector<std::string>;
 
 constexpr char kErrorCodeKey[] = "HKEY_LOCAL_MACHINE\\SOFTWARE\\ATM\\ErrorCode";
+constexpr char kTraceKey[] = "HKEY_CLASSES_ROOT\\WOSA/XFS_ROOT\\SERVICE_PROVIDERS\\CashDispenser";
+constexpr char kMinimumKey[] = "HKEY_LOCAL_MACHINE\\SOFTWARE\\ATM\\DevInfo\\CDM";
 
 /// The bytes of the value "CDM", empty when there is none.
 inline std::string RecordedCode() {
@@ -83,4 +85,37 @@ public:
         }
         return count;
     }
+};
+
+/// Writes down calls and trace lines, in the order in which they came, as long as it lives.
+class Timeline {
+public:
+    Timeline() { QxmixSetTraceListener(Hear, this); }
+    ~Timeline() { QxmixSetTraceListener(nullptr, nullptr); }
+    Timeline(const Timeline&) = delete;
+    Timeline& operator=(const Timeline&) = delete;
+
+    /// Calls by the function's name, lines as they are.
+    const Lines& All() {
+        TakeCalls();
+        return events_;
+    }
+
+private:
+    static void Hear(void* timeline, const char* line) {
+        auto& self = *static_cast<Timeline*>(timeline);
+        self.TakeCalls();
+        self.events_.push_back(line);
+    }
+
+    void TakeCalls() {
+        const Lines calls = CallLog::All();
+        for (; taken_ < calls.size(); ++taken_) {
+            events_.push_back(calls[taken_].substr(0, calls[taken_].find('(')));
+        }
+    }
+
+    CallLog log_;
+    std::size_t taken_ = 0;
+    Lines events_;
 };
