@@ -17,8 +17,8 @@
 #error "qxmix.h: QXMIX.dll is a 32-bit library: build the host as a 32-bit program"
 #elif (defined(_M_IX86) || defined(__i386__)) && (defined(_WIN32) || defined(__CYGWIN__))
 #define QXMIX_X86_WINDOWS
-#elif !defined(_M_ARM) && !defined(__i386__) && !defined(__x86_64__) && !defined(__arm__) &&       \
-    !defined(__aarch64__)
+#elif !defined(_M_ARM) && !defined(_ARM_) && !defined(__arm__) && !defined(__aarch64__) &&         \
+    !defined(__i386__) && !defined(__x86_64__)
 #error "qxmix.h: the module runs on x86 and ARM only: build the host for one of them"
 #endif
 
@@ -256,6 +256,11 @@ QXMIX_EXPECT_FIELD(QxmixInnerObject, usLastMixNumber, 8 + 2 * sizeof(void*));
 QXMIX_EXPECT_FIELD(QxmixInnerObject, ulCstMinimum4Mix6, 10 + 2 * sizeof(void*));
 QXMIX_EXPECT_FIELD(QxmixInnerObject, acHost, 14 + 2 * sizeof(void*));
 
+#undef QXMIX_EXPECT_FIELD
+#undef QXMIX_EXPECT_SIZE
+#undef QXMIX_EXPECT
+#undef QXMIX_OFFSET
+
 #ifdef __cplusplus
 
 /* What the host holds and calls. Slots do not throw. */
@@ -266,8 +271,7 @@ public:
     virtual void* QXMIX_SLOT Destroy(QxmixU32 flags) = 0;
 
     /* Slot 2. Stores a list of pointers to the mix types, ended by a null pointer. It belongs to
-     * the caller, who frees it with one call of WFMFreeBuffer. Returns 0 or the XFS manager's code.
-     */
+     * the caller, who frees it with one WFMFreeBuffer. Returns 0 or the XFS manager's code. */
     virtual QxmixS32 QXMIX_SLOT GetMixTypes(QxmixMixType*** list) = 0;
 
     /* Slot 3. Decides how many items to take from each cassette. */
@@ -335,7 +339,7 @@ typedef struct QxmixHostSlots {
     QxmixS32(QXMIX_SLOT* OnObjectCreated)(QxmixHost* host QXMIX_EDX_PARAMETER, QxmixObject* object);
 } QxmixHostSlots;
 
-/* Calls of the slots, the same for every compiler. */
+/* Calls of the slots, the same for every compiler. `object` is evaluated twice. */
 #define QxmixDestroy(object, flags) ((object)->slots->Destroy((object)QXMIX_EDX_ARGUMENT, (flags)))
 #define QxmixGetMixTypes(object, list)                                                             \
     ((object)->slots->GetMixTypes((object)QXMIX_EDX_ARGUMENT, (list)))

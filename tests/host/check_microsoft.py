@@ -22,6 +22,7 @@ CPP_STANDARDS = {1200: "c++98", 1900: "c++14", 1914: "c++17", 1929: "c++20"}
 # The device, and its emulator on a desk.
 DEVICES = (
     ["--target=armv4-pc-windows-msvc", "-U_M_IX86", "-D_M_ARM=4", "-D_WIN32_WCE=420"],
+    ["--target=armv4-pc-windows-msvc", "-U_M_IX86", "-D_ARM_=1", "-D_WIN32_WCE=420"],
     ["-D_WIN32_WCE=420"],
 )
 # What a project may have set for all functions that do not say how they are called.
