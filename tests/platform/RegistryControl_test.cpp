@@ -1,3 +1,4 @@
+#include "NumberedName.h"
 #include "PlatformTest.h"
 
 namespace {
@@ -140,6 +141,10 @@ TEST_F(RegistryControl, EmptiesARootButKeepsIt) {
               kQxmixErrorFileNotFound);
 }
 
+std::string NameOf(const testing::TestParamInfo<const char*>& one) {
+    return NumberedName(one.index, one.param != nullptr ? one.param : "null");
+}
+
 class RegistryControlPath : public PlatformTest, public testing::WithParamInterface<const char*> {};
 
 TEST_P(RegistryControlPath, IsRefusedByEveryFunction) {
@@ -164,7 +169,8 @@ INSTANTIATE_TEST_SUITE_P(Wrong,
                                          "HKEY_LOCAL_MACHINE_\\SOFTWARE",
                                          "HKEY_LOCAL_MACHINE\\\\SOFTWARE",
                                          "HKEY_LOCAL_MACHINE\\\xFF",
-                                         "HKEY_LOCAL_MACHINE\\\xC3"));
+                                         "HKEY_LOCAL_MACHINE\\\xC3"),
+                         NameOf);
 
 class RegistryControlName : public PlatformTest, public testing::WithParamInterface<const char*> {};
 
@@ -187,7 +193,8 @@ INSTANTIATE_TEST_SUITE_P(Wrong,
                                          "\xED\xA0\x80",  // half of a pair, the first
                                          "\xED\xB0\x80",  // and the second
                                          "\xF4\x90\x80\x80",
-                                         kTooLong.c_str()));
+                                         kTooLong.c_str()),
+                         NameOf);
 
 TEST_F(RegistryControl, TakesAMissingNameForTheKeysOwnValue) {
     ASSERT_EQ(QxmixRegistrySetNumber(kNew, nullptr, 7), 0);

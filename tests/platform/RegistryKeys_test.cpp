@@ -167,11 +167,16 @@ TEST_F(RegClose, IsCountedByTheNumberOfOpenKeys) {
 }
 
 /// Ways in which an open key goes away, and comes back as another one.
-class RegKeyDeleted : public PlatformTest, public testing::WithParamInterface<void (*)()> {};
+struct Deletion {
+    const char* name;
+    void (*run)();
+};
+
+class RegKeyDeleted : public PlatformTest, public testing::WithParamInterface<Deletion> {};
 
 TEST_P(RegKeyDeleted, EverythingButClosingFails) {
     const HKEY key = OpenErrorCode();
-    GetParam()();
+    GetParam().run();
     HKEY opened = nullptr;
     EXPECT_EQ(Set(key, u"CDM", REG_SZ, {1}), kQxmixErrorKeyDeleted);
     EXPECT_EQ(RegQueryValueExW(key, u"CDM", nullptr, nullptr, nullptr, nullptr),
@@ -184,14 +189,18 @@ TEST_P(RegKeyDeleted, EverythingButClosingFails) {
 INSTANTIATE_TEST_SUITE_P(
     Ways,
     RegKeyDeleted,
-    testing::Values([] { QxmixRegistryClear(); },
-                    [] { QxmixRegistryReset(); },
-                    [] { QxmixRegistryDeleteKey("HKEY_LOCAL_MACHINE\\SOFTWARE"); },
-                    [] {
-                        QxmixRegistryDeleteKey(kErrorCodeKey);
-                        QxmixRegistryCreateKey(kErrorCodeKey);
-                    },
-                    [] { Load("REGEDIT4\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\ATM\\ErrorCode]\n"); }));
+    testing::Values(
+        Deletion{"Clearing", [] { QxmixRegistryClear(); }},
+        Deletion{"Resetting", [] { QxmixRegistryReset(); }},
+        Deletion{"DeletingAbove", [] { QxmixRegistryDeleteKey("HKEY_LOCAL_MACHINE\\SOFTWARE"); }},
+        Deletion{"DeletingAndCreating",
+                 [] {
+                     QxmixRegistryDeleteKey(kErrorCodeKey);
+                     QxmixRegistryCreateKey(kErrorCodeKey);
+                 }},
+        Deletion{"Loading",
+                 [] { Load("REGEDIT4\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\ATM\\ErrorCode]\n"); }}),
+    [](const testing::TestParamInfo<Deletion>& one) { return std::string(one.param.name); });
 
 TEST_F(RegOpenKey, KeepsRootsUsableWhenTheContentIsReplaced) {
     const HKEY root = Open(HKEY_LOCAL_MACHINE, u"");

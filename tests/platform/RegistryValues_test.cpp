@@ -1,5 +1,7 @@
 #include "PlatformTest.h"
 
+#include <cstdio>
+
 namespace {
 
 class RegSetValue : public PlatformTest {};
@@ -68,7 +70,12 @@ INSTANTIATE_TEST_SUITE_P(Masks,
                                          AccessCase{0x02000000, true, true},
                                          AccessCase{0x10000000, true, true},
                                          AccessCase{0x40000000, false, true},
-                                         AccessCase{0x80000000, true, false}));
+                                         AccessCase{0x80000000, true, false}),
+                         [](const testing::TestParamInfo<AccessCase>& one) {
+                             char name[9];
+                             std::snprintf(name, sizeof(name), "%08X", one.param.access);
+                             return std::string(name);
+                         });
 
 TEST_F(RegQueryValue, GivesTypeSizeAndBytes) {
     const HKEY key = OpenErrorCode();

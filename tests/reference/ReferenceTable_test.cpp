@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <string>
 #include <tuple>
 #include <vector>
 
@@ -99,6 +100,11 @@ TEST_P(ReferenceStatus, KeepsTheBetterOfTwo) {
     EXPECT_EQ(kept, table[0].status);
 }
 
+std::string NameOf(const testing::TestParamInfo<StatusCase>& one) {
+    const auto [group, newcomer, kept] = one.param;
+    return std::to_string(group) + "And" + std::to_string(newcomer) + "Give" + std::to_string(kept);
+}
+
 INSTANTIATE_TEST_SUITE_P(Pairs,
                          ReferenceStatus,
                          testing::Values(StatusCase{1, 3, 1},
@@ -116,7 +122,8 @@ INSTANTIATE_TEST_SUITE_P(Pairs,
                                          StatusCase{7, 6, 6},
                                          StatusCase{6, 7, 6},
                                          StatusCase{4, 6, 4},
-                                         StatusCase{3, 4711, 3}));
+                                         StatusCase{3, 4711, 3}),
+                         NameOf);
 
 TEST(ReferenceStatusRank, IsTheOrderOfBetterStatuses) {
     const std::vector<std::uint16_t> bestFirst{0, 2, 1, 3, 5, 4, 6};

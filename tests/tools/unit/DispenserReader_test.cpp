@@ -1,6 +1,7 @@
 #include "dispenser/DispenserReader.h"
 
 #include "ErrorText.h"
+#include "NumberedName.h"
 #include "dispenser/DispenserJson.h"
 #include "dispenser/StoredValues.h"
 #include "json/JsonText.h"
@@ -120,6 +121,10 @@ struct Refusal {
     const char* error;
 };
 
+std::string NameOf(const testing::TestParamInfo<Refusal>& one) {
+    return NumberedName(one.index, one.param.fields);
+}
+
 class DispenserFields : public testing::TestWithParam<Refusal> {};
 
 TEST_P(DispenserFields, AreRefusedWithTheirPlaceAndWhatIsExpected) {
@@ -159,7 +164,7 @@ INSTANTIATE_TEST_SUITE_P(Wrong, DispenserFields, testing::Values(
     Refusal{R"("registry":{"CSTMinimum4Mix6":250})", "/registry/CSTMinimum4Mix6: 250 is not allowed; expected text, \"250\""},
     Refusal{R"("registry":{"TraceLevel":{"type":4}})", "/registry/TraceLevel/hex: missing; expected hexadecimal digits in pairs"},
     Refusal{R"("registry":{"TraceLevel":{"hex":""}})", "/registry/TraceLevel/type: missing; expected 0 to 4294967295"},
-    Refusal{R"("registry":{"TraceLevel":{"type":4,"hex":"0"}})", "/registry/TraceLevel/hex: \"0\" is not allowed; expected hexadecimal digits in pairs"}));
+    Refusal{R"("registry":{"TraceLevel":{"type":4,"hex":"0"}})", "/registry/TraceLevel/hex: \"0\" is not allowed; expected hexadecimal digits in pairs"}), NameOf);
 
 class CassetteFields : public testing::TestWithParam<Refusal> {};
 
@@ -185,7 +190,7 @@ INSTANTIATE_TEST_SUITE_P(Wrong, CassetteFields, testing::Values(
     Refusal{R"("value":1,"count":1,"worth":0.5)", "/worth: 0.5 is not allowed; expected decimal text such as \"0.50\""},
     Refusal{R"("value":1,"count":1,"worth":"0.12345")", "/worth: \"0.12345\" is not allowed; expected decimal text such as \"0.50\""},
     Refusal{R"("value":1,"count":1,"worth":"12345678901")", "/worth: \"12345678901\" is not allowed; expected decimal text such as \"0.50\""},
-    Refusal{R"("value":1,"count":1,"position":-1)", "/position: -1 is not allowed; expected 0 to 65535"}));
+    Refusal{R"("value":1,"count":1,"position":-1)", "/position: -1 is not allowed; expected 0 to 65535"}), NameOf);
 // clang-format on
 
 TEST(DispenserReader, RefusesWhatIsNoDispenser) {

@@ -1,6 +1,7 @@
 #include "dispenser/InlineDispenser.h"
 
 #include "ErrorText.h"
+#include "NumberedName.h"
 
 #include <gtest/gtest.h>
 
@@ -47,6 +48,10 @@ struct Refusal {
     const char* error;
 };
 
+std::string NameOf(const testing::TestParamInfo<Refusal>& one) {
+    return NumberedName(one.index, one.param.text);
+}
+
 class InlineText : public testing::TestWithParam<Refusal> {};
 
 TEST_P(InlineText, IsRefusedWithThePlaceAndWhatIsExpected) {
@@ -68,7 +73,7 @@ INSTANTIATE_TEST_SUITE_P(Wrong, InlineText, testing::Values(
     Refusal{"EUR:5x1:emty", R"(/cassettes/0: unknown status or type "emty"; did you mean "empty"?)"},
     Refusal{"EUR:5x1:low:empty", "/cassettes/0: status given twice; expected once"},
     Refusal{"EUR:5x1:coupon:coupon", "/cassettes/0: type given twice; expected once"},
-    Refusal{"EUR:1x1,1x1,1x1,1x1,1x1,1x1,1x1", "/cassettes: 7 cassettes; expected 1 to 6"}));
+    Refusal{"EUR:1x1,1x1,1x1,1x1,1x1,1x1,1x1", "/cassettes: 7 cassettes; expected 1 to 6"}), NameOf);
 // clang-format on
 
 TEST(InlineDispenser, IsCutInErrorsWhereItWouldFillTheLine) {
