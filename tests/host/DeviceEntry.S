@@ -10,6 +10,7 @@
 LibraryEntry:
     mov r0, #1
     JUMP lr
+    .size LibraryEntry, . - LibraryEntry
 
     .section .edata, "a", %progbits
     .long 0, 0

@@ -64,6 +64,7 @@ hint_{symbol}:
     ldr ip, [ip]
     JUMP ip
 1:  .long address_{symbol}
+    .size {symbol}, . - {symbol}
 """
 
 
