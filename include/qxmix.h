@@ -187,9 +187,9 @@ typedef struct QxmixInnerObject {
 /* Every size and offset, checked with what C89 has: a wrong one would be an array of -1 elements.
  */
 #define QXMIX_EXPECT(name, condition) typedef char QxmixExpect##name[(condition) ? 1 : -1]
-#if defined(__GNUC__) || defined(__clang__)
+#if defined(__clang__) || (defined(__GNUC__) && __GNUC__ >= 4)
 #define QXMIX_OFFSET(record, field) __builtin_offsetof(record, field)
-#else
+#else /* as Microsoft's compilers have it in their own stddef.h */
 #define QXMIX_OFFSET(record, field) ((unsigned long)&((record*)0)->field)
 #endif
 #define QXMIX_EXPECT_SIZE(type, size) QXMIX_EXPECT(type, sizeof(type) == (size))

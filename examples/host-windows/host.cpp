@@ -19,8 +19,9 @@
 
 #include "qxmix.h"
 
-#include <cstdio>
-#include <cstring>
+// Not <cstdio>: the oldest of the compilers do not have its names in std.
+#include <stdio.h>
+#include <string.h>
 
 namespace {
 
@@ -36,17 +37,17 @@ public:
         }
     }
 
-    /// An exported function; null without it.
+    /// Finds an exported function; null without it.
     template <typename Function>
-    Function Find(const char* name) const {
-        return handle_ != NULL ? Cast<Function>(GetProcAddress(handle_, name)) : NULL;
+    void Find(const char* name, Function& function) const {
+        Take(handle_ != NULL ? GetProcAddress(handle_, name) : NULL, function);
     }
 
     /// A function of a library that the module has brought along.
     template <typename Function>
-    static Function FindIn(const char* library, const char* name) {
+    static void FindIn(const char* library, const char* name, Function& function) {
         const HMODULE loaded = GetModuleHandleA(library);
-        return loaded != NULL ? Cast<Function>(GetProcAddress(loaded, name)) : NULL;
+        Take(loaded != NULL ? GetProcAddress(loaded, name) : NULL, function);
     }
 
 private:
@@ -54,10 +55,8 @@ private:
     Library& operator=(const Library&);
 
     template <typename Function>
-    static Function Cast(FARPROC address) {
-        Function function = NULL;
-        std::memcpy(&function, &address, sizeof(function));
-        return function;
+    static void Take(FARPROC address, Function& function) {
+        memcpy(&function, &address, sizeof(function));
     }
 
     HMODULE handle_;
@@ -120,7 +119,7 @@ bool ReadErrorCode(char* code) {
     DWORD size = sizeof(stored);
     const LONG result = RegQueryValueExW(key, L"CDM", NULL, NULL, stored, &size);
     RegCloseKey(key);
-    std::memcpy(code, stored, 5);
+    memcpy(code, stored, 5);
     code[5] = '\0';
     return result == ERROR_SUCCESS && size == 5;
 }
@@ -133,16 +132,15 @@ void SetMixTypesEvent(IMixAlgorithm& outer, HANDLE event) {
 
 /// Lists the mixes, as the service provider hands them on to applications.
 bool ShowMixTypes(IMixAlgorithm& outer, HANDLE event) {
-    const FreeBufferFunction freeBuffer =
-        Library::FindIn<FreeBufferFunction>("MSXFS.dll", "WFMFreeBuffer");
+    FreeBufferFunction freeBuffer = NULL;
+    Library::FindIn("MSXFS.dll", "WFMFreeBuffer", freeBuffer);
     QxmixMixType** list = NULL;
     if (freeBuffer == NULL || outer.GetMixTypes(&list) != kQxmixSuccess) {
         return false;
     }
     unsigned count = 0;
     for (; list[count] != NULL; ++count) {
-        std::printf("%3u  %s\n", static_cast<unsigned>(list[count]->usMixNumber),
-                    list[count]->lpszName);
+        printf("%3u  %s\n", static_cast<unsigned>(list[count]->usMixNumber), list[count]->lpszName);
     }
     // The list, its records and its names are one linked allocation.
     return freeBuffer(list) == 0 && count == 10 && WaitForSingleObject(event, 0) == WAIT_OBJECT_0;
@@ -153,7 +151,7 @@ void AddCassette(QxmixRequest& request, QxmixU32 value, QxmixU32 count) {
     QxmixCassette& cassette = request.aPhysicalCUs[request.usNumPhysicalCUs];
     cassette.usPosition = request.usNumPhysicalCUs;
     cassette.usType = kQxmixBillCassette;
-    std::memcpy(cassette.cCurrencyID, "EUR", 3);
+    memcpy(cassette.cCurrencyID, "EUR", 3);
     cassette.ulValues = value;
     cassette.ulCount = count;
     cassette.usStatus = kQxmixOk;
@@ -161,10 +159,11 @@ void AddCassette(QxmixRequest& request, QxmixU32 value, QxmixU32 count) {
 }
 
 QxmixRequest RequestFor(QxmixU16 mix, QxmixU32 amount) {
-    QxmixRequest request = QxmixRequest();
+    QxmixRequest request;
+    memset(&request, 0, sizeof(request));
     request.usMixNumber = mix;
     request.usMaxDispenseItems = 40;
-    std::memcpy(request.cCurrencyID, "EUR", 3);
+    memcpy(request.cCurrencyID, "EUR", 3);
     request.ulAmount = amount;
     AddCassette(request, 50, 100);
     AddCassette(request, 20, 300);
@@ -246,27 +245,27 @@ Outcome Ask(IMixAlgorithm& outer, QxmixU16 mix, QxmixU32 amount, DWORD milliseco
     calculation->outer = &outer;
     calculation->request = RequestFor(mix, amount);
     const Outcome outcome = CalculateWithin(milliseconds, *calculation);
-    std::printf("mix %u, %u EUR:", static_cast<unsigned>(mix), static_cast<unsigned>(amount));
+    printf("mix %u, %u EUR:", static_cast<unsigned>(mix), static_cast<unsigned>(amount));
     switch (outcome) {
     case kPaid:
         for (unsigned place = 0; place < calculation->request.usNumPhysicalCUs; ++place) {
-            std::printf(" %u x %u", static_cast<unsigned>(calculation->result.aulNotes[place]),
-                        static_cast<unsigned>(calculation->request.aPhysicalCUs[place].ulValues));
+            printf(" %u x %u", static_cast<unsigned>(calculation->result.aulNotes[place]),
+                   static_cast<unsigned>(calculation->request.aPhysicalCUs[place].ulValues));
         }
         // 0 does not mean that everything was paid.
-        std::printf(", %u unpaid\n", static_cast<unsigned>(calculation->request.ulRemainder));
+        printf(", %u unpaid\n", static_cast<unsigned>(calculation->request.ulRemainder));
         break;
     case kRefused: {
         char code[6] = "";
         ReadErrorCode(code);
-        std::printf(" refused with %d, %s\n", static_cast<int>(calculation->returned), code);
+        printf(" refused with %d, %s\n", static_cast<int>(calculation->returned), code);
         break;
     }
     case kDangerous:
-        std::puts(" an answer that must not be carried out");
+        puts(" an answer that must not be carried out");
         break;
     case kNoAnswer:
-        std::puts(" no answer");
+        puts(" no answer");
         return outcome;  // the records are the thread's
     }
     HeapFree(GetProcessHeap(), 0, calculation);
@@ -294,16 +293,18 @@ bool GiveUp(QxmixCreateFunction create) {
 }
 
 bool Run(const Library& library) {
-    const QxmixCreateFunction create = library.Find<QxmixCreateFunction>("CreateMixAlgorithm");
-    const QxmixDeleteFunction destroy = library.Find<QxmixDeleteFunction>("DeleteMixAlgorithm");
+    QxmixCreateFunction create = NULL;
+    QxmixDeleteFunction destroy = NULL;
+    library.Find("CreateMixAlgorithm", create);
+    library.Find("DeleteMixAlgorithm", destroy);
     if (create == NULL || destroy == NULL) {
-        std::printf("no module: error %lu\n", GetLastError());
+        printf("no module: error %lu\n", GetLastError());
         return false;
     }
     Host host;
     IMixAlgorithm* const outer = create(&host);
     if (outer == NULL || !host.IsComplete()) {
-        std::puts("no memory");
+        puts("no memory");
         return false;
     }
     const bool succeeded = UseModule(*outer);
@@ -317,12 +318,12 @@ bool Run(const Library& library) {
 int main(int count, char** arguments) {
     const Library library(count > 1 ? arguments[1] : "QXMIX.dll");
     if (!PrepareRegistry()) {
-        std::puts("the registry cannot be written");
+        puts("the registry cannot be written");
         return 1;
     }
     const bool succeeded = Run(library);
-    std::puts(succeeded ? "ok" : "not as expected");
-    std::fflush(stdout);
+    puts(succeeded ? "ok" : "not as expected");
+    fflush(stdout);
     // Not by return: the calculation without an answer still runs in the library.
     ExitProcess(succeeded ? 0 : 1);
 }
