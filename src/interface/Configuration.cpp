@@ -10,6 +10,15 @@ constexpr std::uint32_t kDefaultTraceLevel = 1;
 constexpr std::uint32_t kDefaultCstMinimum4Mix6 = 100;
 constexpr unsigned kTextCharacters = 64;
 
+/// The bytes of a value, whatever type they are stored under.
+///
+/// @param size  room for them.
+LONG QueryBytes(HKEY key, const PlatformChar* name, void* bytes, DWORD size) noexcept {
+    // Nothing reads the type, but older systems refuse a call that names no place for it.
+    DWORD type = 0;
+    return RegQueryValueExW(key, name, nullptr, &type, static_cast<std::uint8_t*>(bytes), &size);
+}
+
 bool IsWhiteSpace(std::uint16_t character) noexcept {
     return character == u' ' || (character >= u'\t' && character <= u'\r');
 }
@@ -46,11 +55,8 @@ void CMixAlgorithm::ReadTraceLevel() noexcept {
                       0, KEY_READ, &key) != ERROR_SUCCESS) {
         return;
     }
-    // Four bytes count as the number, whatever type they are stored under.
     u32le stored = 0;
-    DWORD size = sizeof(stored);
-    if (RegQueryValueExW(key, TEXT("TraceLevel"), nullptr, nullptr,
-                         reinterpret_cast<std::uint8_t*>(&stored), &size) == ERROR_SUCCESS) {
+    if (QueryBytes(key, TEXT("TraceLevel"), &stored, sizeof(stored)) == ERROR_SUCCESS) {
         ulTraceLevel = stored;
     }
 }
@@ -59,12 +65,11 @@ void CMixAlgorithm::ReadCstMinimum4Mix6() noexcept {
     ulCstMinimum4Mix6 = kDefaultCstMinimum4Mix6;
     HKEY key = nullptr;
     PlatformChar noClass[] = TEXT("");
+    DWORD disposition = 0;  // unread, but older systems want a place for it
     if (RegCreateKeyExW(HKEY_LOCAL_MACHINE, TEXT("SOFTWARE\\ATM\\DevInfo\\CDM\\"), 0, noClass, 0,
-                        KEY_ALL_ACCESS, nullptr, &key, nullptr) == ERROR_SUCCESS) {
+                        KEY_ALL_ACCESS, nullptr, &key, &disposition) == ERROR_SUCCESS) {
         u16le text[kTextCharacters] = {};
-        DWORD size = sizeof(text);
-        if (RegQueryValueExW(key, TEXT("CSTMinimum4Mix6"), nullptr, nullptr,
-                             reinterpret_cast<std::uint8_t*>(text), &size) == ERROR_SUCCESS) {
+        if (QueryBytes(key, TEXT("CSTMinimum4Mix6"), text, sizeof(text)) == ERROR_SUCCESS) {
             ulCstMinimum4Mix6 = ParseDecimal(text, kTextCharacters);
         }
         RegCloseKey(key);

@@ -87,7 +87,7 @@ int32_t RegCreateKeyExW(void* key,
     CHECK(options == 0);
     CHECK(access == 0xF003F);
     CHECK(security == NULL);
-    (void)disposition;
+    CHECK(disposition != NULL);
     *opened = &minimum;
     return 0;
 }
@@ -103,7 +103,7 @@ int32_t RegQueryValueExW(void* key,
     CHECK(key == &minimum);
     CHECK(IsText(name, "CSTMinimum4Mix6"));
     CHECK(reserved == NULL);
-    (void)type;
+    CHECK(type != NULL);
     CHECK(*size == 128);
     CHECK(memcmp(bytes, kZeros, sizeof(kZeros)) == 0);
     memcpy(bytes, "4\0002\0", 4);

@@ -131,6 +131,13 @@ std::map<std::string, Terminal::Value>* Terminal::ValuesOf(std::uint32_t handle)
     return &registry[handles_[handle]];
 }
 
+/// Older systems refuse a call without a place for each output, also for those nobody reads.
+void Terminal::ExpectPlace(std::uint32_t address) {
+    if (address == 0) {
+        complaint = "no place for an output";
+    }
+}
+
 std::uint32_t Terminal::OpenKey(const Arguments& arguments) {
     const Key key{arguments[0], WideTextAt(arguments[1])};
     Note("open " + RootName(key.first) + " " + key.second + " options " + Hex(arguments[2]) +
@@ -149,14 +156,13 @@ std::uint32_t Terminal::CreateKey(const Arguments& arguments) {
     if (arguments[2] != 0) {
         complaint = "a reserved argument that is not 0";
     }
+    ExpectPlace(arguments[8]);
     if (IsRefused("RegCreateKeyExW")) {
         return kAccessDenied;
     }
     const std::uint32_t isNew = registry.count(key) == 0 ? 1 : 2;
     registry[key];
-    if (arguments[8] != 0) {
-        machine_->WriteWordForModule(arguments[8], isNew);
-    }
+    machine_->WriteWordForModule(arguments[8], isNew);
     return Opened(key, arguments[7]);
 }
 
@@ -164,6 +170,7 @@ std::uint32_t Terminal::QueryValue(const Arguments& arguments) {
     const std::string name = WideTextAt(arguments[1]);
     const std::uint32_t room = machine_->ReadWordForModule(arguments[5]);
     Note("query " + name + " room " + std::to_string(room));
+    ExpectPlace(arguments[3]);
     const auto* const values = ValuesOf(arguments[0]);
     if (values == nullptr) {
         return kInvalidHandle;
@@ -177,9 +184,7 @@ std::uint32_t Terminal::QueryValue(const Arguments& arguments) {
     }
     const Bytes& content = found->second.content;
     machine_->WriteWordForModule(arguments[5], static_cast<std::uint32_t>(content.size()));
-    if (arguments[3] != 0) {
-        machine_->WriteWordForModule(arguments[3], found->second.type);
-    }
+    machine_->WriteWordForModule(arguments[3], found->second.type);
     if (content.size() > room) {
         return kMoreThere;
     }

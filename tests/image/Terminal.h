@@ -74,6 +74,7 @@ private:
     std::uint32_t Compare(const Arguments& arguments);
     std::uint32_t Length(std::uint32_t text);
 
+    void ExpectPlace(std::uint32_t address);
     bool IsRefused(const std::string& function);
     void Note(const std::string& call) { calls.push_back(call); }
     std::string WideTextAt(std::uint32_t address);

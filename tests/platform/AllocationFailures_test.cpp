@@ -84,10 +84,7 @@ INSTANTIATE_TEST_SUITE_P(
         Attempt{"RegCreateKeyExW", 0, 14,
                 [] { return Create(HKEY_LOCAL_MACHINE, u"A long name of a new key\\B", &opened); }},
         Attempt{"RegQueryValueExW", 2, 14,
-                [] {
-                    return RegQueryValueExW(errorCode, u"A long name of a value", nullptr, nullptr,
-                                            nullptr, nullptr);
-                }},
+                [] { return QueryNamed(errorCode, u"A long name of a value", nullptr, nullptr); }},
         Attempt{"RegSetValueExW", 0, 14,
                 [] { return Set(errorCode, u"A long name of a value", REG_SZ, kManyBytes); }},
         Attempt{"WFMAllocateBuffer", 0, -42, [] { return WFMAllocateBuffer(8, 0, &block); }},

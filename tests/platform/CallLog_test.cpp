@@ -44,7 +44,7 @@ TEST_F(CallLog, KeepsPathsExactlyAsWritten) {
     EXPECT_STREQ(Last().key, "HKEY_LOCAL_MACHINE\\software\\ATM\\DevInfo\\CDM\\");
     EXPECT_EQ(LastText(), "RegCreateKeyExW(\"HKEY_LOCAL_MACHINE\\software\\ATM\\DevInfo\\CDM\\\", "
                           "access 0xF003F) = 0");
-    RegQueryValueExW(key, u"CSTMinimum4Mix6", nullptr, nullptr, nullptr, nullptr);
+    QueryNamed(key, u"CSTMinimum4Mix6", nullptr, nullptr);
     EXPECT_STREQ(Last().key, "HKEY_LOCAL_MACHINE\\software\\ATM\\DevInfo\\CDM\\");
     EXPECT_STREQ(Last().valueName, "CSTMinimum4Mix6");
 }
@@ -73,7 +73,8 @@ TEST_F(CallLog, KeepsTheFieldsOfOpening) {
 
 TEST_F(CallLog, KeepsTheFieldsOfCreating) {
     HKEY key = nullptr;
-    RegCreateKeyExW(HKEY_LOCAL_MACHINE, u"A", 0, nullptr, 5, KEY_READ, nullptr, &key, nullptr);
+    DWORD disposition = 0;
+    RegCreateKeyExW(HKEY_LOCAL_MACHINE, u"A", 0, nullptr, 5, KEY_READ, nullptr, &key, &disposition);
     EXPECT_EQ(LastText(),
               "RegCreateKeyExW(\"HKEY_LOCAL_MACHINE\\A\", access 0x20019, options 5) = 87");
 }
@@ -83,14 +84,14 @@ TEST_F(CallLog, KeepsTheFieldsOfQuerying) {
     const HKEY key = OpenErrorCode();
     std::uint8_t bytes[3] = {};
     DWORD size = 3;
-    RegQueryValueExW(key, u"N", nullptr, nullptr, bytes, &size);
+    QueryNamed(key, u"N", bytes, &size);
     EXPECT_EQ(Last().type, 4U);
     EXPECT_EQ(Last().size, 3U);
     EXPECT_EQ(Last().result, kQxmixErrorMoreData);
-    RegQueryValueExW(key, u"None", nullptr, nullptr, bytes, &size);
+    QueryNamed(key, u"None", bytes, &size);
     EXPECT_EQ(LastText(), "RegQueryValueExW(\"HKEY_LOCAL_MACHINE\\SOFTWARE\\ATM\\ErrorCode\", "
                           "\"None\", type 0, size 4) = 2");
-    RegQueryValueExW(key, u"N", nullptr, nullptr, nullptr, &size);
+    QueryNamed(key, u"N", nullptr, &size);
     EXPECT_EQ(Last().size, 0U);
 }
 
@@ -161,21 +162,20 @@ TEST_F(CallLog, CutsTextToTheRoomThereIs) {
 
 TEST_F(CallLog, CutsNamesBetweenCharacters) {
     std::u16string name(255, u'\u20AC');
-    RegQueryValueExW(HKEY_LOCAL_MACHINE, name.c_str(), nullptr, nullptr, nullptr, nullptr);
+    QueryNamed(HKEY_LOCAL_MACHINE, name.c_str(), nullptr, nullptr);
     const std::string kept = Last().valueName;
     EXPECT_EQ(kept.size(), 510U);
     EXPECT_EQ(kept.substr(507), "\xE2\x82\xAC");
 }
 
 TEST_F(CallLog, WritesNamesInUtf8) {
-    RegQueryValueExW(HKEY_LOCAL_MACHINE, u"a\u00E4\u20AC\U0001F600\xD83D", nullptr, nullptr,
-                     nullptr, nullptr);
+    QueryNamed(HKEY_LOCAL_MACHINE, u"a\u00E4\u20AC\U0001F600\xD83D", nullptr, nullptr);
     EXPECT_STREQ(Last().valueName, "a\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80\xEF\xBF\xBD");
 }
 
 TEST_F(CallLog, WritesTheFirstAndLastCharacterOfEveryLength) {
-    RegQueryValueExW(HKEY_LOCAL_MACHINE, u"\u007F\u0080\u07FF\u0800\uFFFF\U00010000\U0010FFFF",
-                     nullptr, nullptr, nullptr, nullptr);
+    QueryNamed(HKEY_LOCAL_MACHINE, u"\u007F\u0080\u07FF\u0800\uFFFF\U00010000\U0010FFFF", nullptr,
+               nullptr);
     EXPECT_STREQ(Last().valueName, "\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF"
                                    "\xF0\x90\x80\x80\xF4\x8F\xBF\xBF");
 }
@@ -183,13 +183,13 @@ TEST_F(CallLog, WritesTheFirstAndLastCharacterOfEveryLength) {
 TEST_F(CallLog, MarksEveryHalfOfASurrogatePair) {
     for (const PlatformChar half : {u'\xD800', u'\xDBFF', u'\xDC00', u'\xDFFF'}) {
         const PlatformChar name[] = {half, u'x', u'\0'};
-        RegQueryValueExW(HKEY_LOCAL_MACHINE, name, nullptr, nullptr, nullptr, nullptr);
+        QueryNamed(HKEY_LOCAL_MACHINE, name, nullptr, nullptr);
         EXPECT_STREQ(Last().valueName, "\xEF\xBF\xBDx");
     }
 }
 
 TEST_F(CallLog, TakesMissingNames) {
-    RegQueryValueExW(HKEY_LOCAL_MACHINE, nullptr, nullptr, nullptr, nullptr, nullptr);
+    QueryNamed(HKEY_LOCAL_MACHINE, nullptr, nullptr, nullptr);
     EXPECT_EQ(LastText(), "RegQueryValueExW(\"HKEY_LOCAL_MACHINE\", \"\", type 0, size 0) = 2");
 }
 

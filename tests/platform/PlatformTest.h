@@ -39,7 +39,15 @@ inline HKEY OpenErrorCode(REGSAM access = KEY_ALL_ACCESS) {
 
 /// Creates a sub-key without looking at its disposition.
 inline LONG Create(HKEY key, const PlatformChar* subKey, HKEY* created) {
-    return RegCreateKeyExW(key, subKey, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, created, nullptr);
+    DWORD disposition = 0;
+    return RegCreateKeyExW(key, subKey, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, created,
+                           &disposition);
+}
+
+/// Reads a value without looking at its type.
+inline LONG QueryNamed(HKEY key, const PlatformChar* name, std::uint8_t* bytes, DWORD* size) {
+    DWORD type = 0;
+    return RegQueryValueExW(key, name, nullptr, &type, bytes, size);
 }
 
 inline LONG Set(HKEY key, const PlatformChar* name, DWORD type, const Bytes& bytes) {

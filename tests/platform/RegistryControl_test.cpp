@@ -62,8 +62,7 @@ TEST_F(RegistryControl, SharesItsContentWithTheModule) {
     ASSERT_EQ(QxmixRegistrySetNumber("hkey_local_machine\\software\\atm\\errorcode\\", "N", 5), 0);
     std::uint8_t bytes[4] = {};
     DWORD size = 4;
-    EXPECT_EQ(RegQueryValueExW(OpenErrorCode(), u"n", nullptr, nullptr, bytes, &size),
-              ERROR_SUCCESS);
+    EXPECT_EQ(QueryNamed(OpenErrorCode(), u"n", bytes, &size), ERROR_SUCCESS);
     EXPECT_EQ(bytes[0], 5);
 }
 

@@ -47,8 +47,7 @@ TEST_F(RegOpenKey, OpensTheKeyItselfForAnEmptyOrMissingName) {
     for (const PlatformChar* subKey : {static_cast<const PlatformChar*>(nullptr), u""}) {
         const HKEY again = Open(key, subKey);
         EXPECT_NE(again, key);
-        EXPECT_EQ(RegQueryValueExW(again, u"CDM", nullptr, nullptr, nullptr, nullptr),
-                  ERROR_SUCCESS);
+        EXPECT_EQ(QueryNamed(again, u"CDM", nullptr, nullptr), ERROR_SUCCESS);
     }
     EXPECT_NE(Open(HKEY_LOCAL_MACHINE, u""), nullptr);
 }
@@ -103,7 +102,7 @@ TEST_F(RegCreateKey, OpensAKeyThatIsThereAndKeepsItsValues) {
                               KEY_ALL_ACCESS, nullptr, &opened, &disposition),
               ERROR_SUCCESS);
     EXPECT_EQ(disposition, 2U);
-    EXPECT_EQ(RegQueryValueExW(opened, u"N", nullptr, nullptr, nullptr, nullptr), ERROR_SUCCESS);
+    EXPECT_EQ(QueryNamed(opened, u"N", nullptr, nullptr), ERROR_SUCCESS);
 }
 
 TEST_F(RegCreateKey, OpensTheKeyItselfForAnEmptyName) {
@@ -121,10 +120,14 @@ TEST_F(RegCreateKey, CreatesBelowAKeyOpenedForReading) {
 
 TEST_F(RegCreateKey, RefusesWrongArgumentsAndCreatesNothing) {
     HKEY opened = nullptr;
+    DWORD disposition = 0;
     const auto create = [&](const PlatformChar* subKey, DWORD reserved, DWORD options, HKEY* out) {
         return RegCreateKeyExW(HKEY_LOCAL_MACHINE, subKey, reserved, nullptr, options, KEY_READ,
-                               nullptr, out, nullptr);
+                               nullptr, out, &disposition);
     };
+    EXPECT_EQ(RegCreateKeyExW(HKEY_LOCAL_MACHINE, u"New", 0, nullptr, 0, KEY_READ, nullptr, &opened,
+                              nullptr),
+              kQxmixErrorInvalidParameter);
     EXPECT_EQ(create(u"New", 0, 0, nullptr), kQxmixErrorInvalidParameter);
     EXPECT_EQ(create(nullptr, 0, 0, &opened), kQxmixErrorInvalidParameter);
     EXPECT_EQ(create(u"New", 1, 0, &opened), kQxmixErrorInvalidParameter);
@@ -132,6 +135,7 @@ TEST_F(RegCreateKey, RefusesWrongArgumentsAndCreatesNothing) {
     EXPECT_EQ(create(u"\\New", 0, 0, &opened), kQxmixErrorBadPathName);
     EXPECT_EQ(Create(Unopened(), u"New", &opened), kQxmixErrorInvalidHandle);
     EXPECT_EQ(opened, nullptr);
+    EXPECT_EQ(disposition, 0U);
     EXPECT_EQ(QxmixRegistryKeyExists("HKEY_LOCAL_MACHINE\\New"), 0);
 }
 
@@ -140,8 +144,7 @@ TEST_F(RegClose, MakesTheHandleUnknown) {
     EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);
     EXPECT_EQ(RegCloseKey(key), kQxmixErrorInvalidHandle);
     EXPECT_EQ(Set(key, u"CDM", REG_SZ, {1}), kQxmixErrorInvalidHandle);
-    EXPECT_EQ(RegQueryValueExW(key, u"CDM", nullptr, nullptr, nullptr, nullptr),
-              kQxmixErrorInvalidHandle);
+    EXPECT_EQ(QueryNamed(key, u"CDM", nullptr, nullptr), kQxmixErrorInvalidHandle);
 }
 
 TEST_F(RegClose, RefusesForeignHandles) {
@@ -179,8 +182,7 @@ TEST_P(RegKeyDeleted, EverythingButClosingFails) {
     GetParam().run();
     HKEY opened = nullptr;
     EXPECT_EQ(Set(key, u"CDM", REG_SZ, {1}), kQxmixErrorKeyDeleted);
-    EXPECT_EQ(RegQueryValueExW(key, u"CDM", nullptr, nullptr, nullptr, nullptr),
-              kQxmixErrorKeyDeleted);
+    EXPECT_EQ(QueryNamed(key, u"CDM", nullptr, nullptr), kQxmixErrorKeyDeleted);
     EXPECT_EQ(RegOpenKeyExW(key, u"", 0, KEY_READ, &opened), kQxmixErrorKeyDeleted);
     EXPECT_EQ(Create(key, u"X", &opened), kQxmixErrorKeyDeleted);
     EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);

@@ -79,8 +79,7 @@ TEST_F(RegistryNames, OfValuesHoldUpTo255Characters) {
     const std::u16string longest(255, u'v');
     EXPECT_EQ(Set(key, longest.c_str(), REG_SZ, {1}), ERROR_SUCCESS);
     EXPECT_EQ(Set(key, (longest + u"v").c_str(), REG_SZ, {1}), kQxmixErrorInvalidParameter);
-    EXPECT_EQ(RegQueryValueExW(key, (longest + u"v").c_str(), nullptr, nullptr, nullptr, nullptr),
-              kQxmixErrorFileNotFound);
+    EXPECT_EQ(QueryNamed(key, (longest + u"v").c_str(), nullptr, nullptr), kQxmixErrorFileNotFound);
 }
 
 TEST_F(RegistryNames, StaySpelledAsFirstWritten) {

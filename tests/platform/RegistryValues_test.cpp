@@ -8,7 +8,8 @@ class RegSetValue : public PlatformTest {};
 class RegQueryValue : public PlatformTest {};
 
 LONG Query(HKEY key, DWORD* type, std::uint8_t* bytes, DWORD* size) {
-    return RegQueryValueExW(key, u"CDM", nullptr, type, bytes, size);
+    return type == nullptr ? QueryNamed(key, u"CDM", bytes, size)
+                           : RegQueryValueExW(key, u"CDM", nullptr, type, bytes, size);
 }
 
 TEST_F(RegSetValue, KeepsTypeAndBytesAsTheyAre) {
@@ -152,8 +153,13 @@ TEST_F(RegQueryValue, RefusesWrongArguments) {
     std::uint8_t byte = 0xEE;
     DWORD reserved = 0;
     EXPECT_EQ(Query(key, nullptr, &byte, nullptr), kQxmixErrorInvalidParameter);
-    EXPECT_EQ(RegQueryValueExW(key, u"CDM", &reserved, nullptr, nullptr, nullptr),
+    DWORD type = 77;
+    EXPECT_EQ(RegQueryValueExW(key, u"CDM", &reserved, &type, nullptr, nullptr),
               kQxmixErrorInvalidParameter);
+    DWORD size = 1;
+    EXPECT_EQ(RegQueryValueExW(key, u"CDM", nullptr, nullptr, &byte, &size),
+              kQxmixErrorInvalidParameter);
+    EXPECT_EQ(type, 77U);
     EXPECT_EQ(Query(nullptr, nullptr, nullptr, nullptr), kQxmixErrorInvalidHandle);
     EXPECT_EQ(byte, 0xEE);
 }

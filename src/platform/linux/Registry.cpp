@@ -73,12 +73,14 @@ LONG RegCreateKeyExW(HKEY key,
     call.options = options;
     const auto describe = [=](ModuleCall* described) { DescribeSubKey(key, subKey, described); };
     return RunDescribed(&call, describe, [=]() -> LONG {
-        if (opened == nullptr || subKey == nullptr || reserved != 0 || options != 0) {
+        // On purpose as strict as the oldest systems: a caller must name a place for every output.
+        if (opened == nullptr || disposition == nullptr || subKey == nullptr || reserved != 0 ||
+            options != 0) {
             return kQxmixErrorInvalidParameter;
         }
         bool created = false;
         const LONG result = RegistryStore::Instance().Create(key, subKey, access, opened, &created);
-        if (result == ERROR_SUCCESS && disposition != nullptr) {
+        if (result == ERROR_SUCCESS) {
             *disposition = created ? kCreatedNewKey : kOpenedExistingKey;
         }
         return result;
@@ -96,12 +98,12 @@ LONG RegQueryValueExW(HKEY key,
     call.size = bytes != nullptr && size != nullptr ? *size : 0;
     const auto describe = [=](ModuleCall* described) { DescribeValue(key, valueName, described); };
     return RunDescribed(&call, describe, [=, &call]() -> LONG {
-        if (reserved != nullptr || (bytes != nullptr && size == nullptr)) {
+        if (reserved != nullptr || type == nullptr || (bytes != nullptr && size == nullptr)) {
             return kQxmixErrorInvalidParameter;
         }
         const LONG result =
             RegistryStore::Instance().Query(key, valueName, &call.type, bytes, size);
-        if (type != nullptr && (result == ERROR_SUCCESS || result == kQxmixErrorMoreData)) {
+        if (result == ERROR_SUCCESS || result == kQxmixErrorMoreData) {
             *type = call.type;
         }
         return result;
