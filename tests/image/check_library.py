@@ -58,6 +58,8 @@ ARMV4 = re.compile(
 )
 ARMV4T = re.compile(f"bx{CONDITIONS}")
 
+MOST_TO_FORWARD = 16
+
 WRITABLE_CODE = 0xA0000000  # executable and writable
 DISCARDABLE = 0x02000000
 
@@ -168,6 +170,7 @@ def check_instructions(library, target, program):
     ).stdout
     function = ""
     instructions = 0
+    forwarding = {}
     for line in listing.splitlines():
         label = re.match(r"[0-9a-f]+ <(.*)>:", line)
         if label:
@@ -176,6 +179,8 @@ def check_instructions(library, target, program):
         if not found or found.group(3) == ".word":
             continue
         instructions += 1
+        if re.search("MixAlgorithmProxy.*(GetMixTypes|MixCalculate)", function):
+            forwarding[function] = forwarding.get(function, 0) + 1
         mnemonic = found.group(3)
         allowed = ARMV4.fullmatch(mnemonic) is not None
         if target == "device-armv4t":
@@ -184,6 +189,10 @@ def check_instructions(library, target, program):
         allowed = allowed or (function == "__cxa_pure_virtual" and mnemonic == "udf")
         expect(allowed, f"{mnemonic} at {found.group(1)} in {function} is newer than the device")
     expect(instructions > 1000, f"only {instructions} instructions seen")
+    # A slot that passes a call on has no guess in it of which object is behind.
+    expect(len(forwarding) == 2, f"forwarding slots {forwarding}")
+    for name, count in forwarding.items():
+        expect(count <= MOST_TO_FORWARD, f"{count} instructions to pass a call on in {name}")
 
 
 def main():
