@@ -34,7 +34,8 @@ inline std::uint32_t TruncateToU32(double value) noexcept {
     }
     const auto magnitude =
         static_cast<std::uint32_t>(exponent < 0 ? mantissa >> -exponent : mantissa << exponent);
-    return value < 0 ? 0U - magnitude : magnitude;
+    const bool isNegative = (bits >> 63U) != 0;
+    return isNegative ? 0U - magnitude : magnitude;
 }
 
 /// The number multiplied by ten to the given power, in double precision, truncated.

@@ -74,6 +74,13 @@ void ElfBuilder::Relocate(std::uint32_t place, unsigned type, std::uint32_t symb
     Append(At(place < kImports ? ".rel.text" : ".rel.idata").content, relocation);
 }
 
+void ElfBuilder::AddFunction(std::uint32_t address, std::uint32_t size) {
+    Elf32_Sym symbol = SymbolOf(0, address, 1);
+    symbol.st_size = size;
+    symbol.st_info = ELF32_ST_INFO(STB_LOCAL, STT_FUNC);
+    Append(At(".symtab").content, symbol);
+}
+
 ElfBuilder::Section& ElfBuilder::At(const std::string& name) {
     const auto found =
         std::find_if(sections.begin(), sections.end(),

@@ -31,6 +31,9 @@ struct ElfBuilder {
     /// Adds a relocation of the code or of the imports.
     void Relocate(std::uint32_t place, unsigned type, std::uint32_t symbol);
 
+    /// Adds the symbol of a function of the code.
+    void AddFunction(std::uint32_t address, std::uint32_t size);
+
     /// The section of a name.
     Section& At(const std::string& name);
 

@@ -110,7 +110,7 @@ CallReport Machine::Call(std::uint32_t function,
                          Convention convention,
                          std::uint64_t budget) {
     // Four bytes off any larger alignment: that is all a caller promises.
-    const std::uint32_t top = kStackTop - kPage - 4;
+    const std::uint32_t top = kStackTop - kPage - 4 - usedOfStack;
     instructions_ = 0;
     budget_ = budget;
     fault_.clear();
@@ -119,15 +119,8 @@ CallReport Machine::Call(std::uint32_t function,
     processor_->PrepareCall(function, arguments, convention, top, kReturnAddress);
     frameEnd_ = top + processor_->ArgumentBytes(arguments, convention);
 
-    const uc_err error = uc_emu_start(engine_, function, kReturnAddress, 0, 0);
-    CallReport report;
-    report.instructions = instructions_;
+    CallReport report = Run(function);
     report.stackBytes = top - deepest_;
-    report.stoppedAt = processor_->ProgramCounter();
-    if (fault_.empty() && error != UC_ERR_OK) {
-        Fault(uc_strerror(error), report.stoppedAt);
-    }
-    report.returned = fault_.empty() && !outOfBudget_;
     if (report.returned) {
         report.value = processor_->Result();
         const std::string damage = processor_->Damage(convention);
@@ -137,6 +130,34 @@ CallReport Machine::Call(std::uint32_t function,
     }
     report.fault = fault_;
     return report;
+}
+
+CallReport Machine::Run(std::uint32_t address) {
+    const uc_err error = uc_emu_start(engine_, address, kReturnAddress, 0, 0);
+    CallReport report;
+    report.instructions = instructions_;
+    report.stoppedAt = processor_->ProgramCounter();
+    if (fault_.empty() && error != UC_ERR_OK) {
+        Fault(uc_strerror(error), report.stoppedAt);
+    }
+    report.fault = fault_;
+    report.returned = fault_.empty() && !outOfBudget_;
+    return report;
+}
+
+CallReport Machine::Resume(const Context& context, std::uint64_t instructions) {
+    instructions_ = 0;
+    budget_ = instructions;
+    fault_.clear();
+    outOfBudget_ = false;
+    processor_->SetRegisters(context);
+    return Run(context.registers[15]);
+}
+
+std::uint32_t Machine::WordAt(std::uint32_t address) const {
+    std::uint32_t word = 0;
+    Expect(uc_mem_read(engine_, address, &word, sizeof(word)), "read word");
+    return word;
 }
 
 std::uint32_t Machine::ImageWord(std::uint32_t address) const {
@@ -201,6 +222,9 @@ void Machine::CheckInstruction(std::uint32_t address) {
         uc_emu_stop(engine_);
     } else {
         ++instructions_;
+        if (beforeInstruction) {
+            beforeInstruction(address);
+        }
     }
 }
 

@@ -3,6 +3,7 @@
 #include "GuestMemory.h"
 #include "PeFile.h"
 #include "Processor.h"
+#include "Unwinder.h"
 
 #include <functional>
 
@@ -51,6 +52,22 @@ public:
                     Convention convention,
                     std::uint64_t budget = kPatience);
 
+    /// Runs some instructions of an ARM machine with registers as given; the stack is as it was
+    /// left.
+    CallReport Resume(const Context& context, std::uint64_t instructions);
+
+    /// The registers of an ARM machine at this moment.
+    Context Registers() const { return processor_->Registers(); }
+
+    /// Called before each instruction of the library, when there is something to call.
+    std::function<void(std::uint32_t address)> beforeInstruction;
+
+    /// What the host has taken of the stack before it calls; a multiple of 8.
+    std::uint32_t usedOfStack = 0;
+
+    /// The word at an address of the image or of the stack.
+    std::uint32_t WordAt(std::uint32_t address) const;
+
     /// Address of a new function that the module can call; `body` gives its result.
     std::uint32_t AddFunction(TrappedFunction function);
 
@@ -80,6 +97,7 @@ private:
     void Load();
     void Bind(std::map<std::string, TrappedFunction>& imports);
     void Watch();
+    CallReport Run(std::uint32_t address);
     void Fault(const std::string& what, std::uint32_t address);
     void CheckAccess(std::uint32_t address, std::uint32_t size, bool isWrite);
     bool IsAllowed(std::uint32_t address, std::uint32_t size, bool isWrite);

@@ -83,6 +83,18 @@ void ReadFixups(std::uint32_t directory, std::uint32_t size, PeFile& pe) {
     }
 }
 
+/// Only ARM has this table of eight bytes for each function.
+void ReadFunctions(std::uint32_t directory, std::uint32_t size, PeFile& pe) {
+    if (pe.machine != kMachineArm) {
+        return;
+    }
+    for (std::uint32_t at = directory; at < directory + size; at += 8) {
+        const std::uint32_t packed = pe.WordAt(at + 4);
+        pe.functions.push_back({pe.WordAt(at) - pe.base, packed & 0xFFU, (packed >> 8U) & 0x3FFFFFU,
+                                (packed >> 30U) % 2 != 0, packed >> 31U != 0});
+    }
+}
+
 }  // namespace
 
 std::uint32_t PeFile::WordAt(std::uint32_t rva) const {
@@ -114,6 +126,7 @@ PeFile ReadPe(const Bytes& file) {
     MapSections(in, optional + in.U16(header + 20), in.U16(header + 6), pe);
     ReadExports(in.U32(optional + 96), pe);
     ReadImports(in.U32(optional + 104), pe);
+    ReadFunctions(in.U32(optional + 120), in.U32(optional + 124), pe);
     ReadFixups(in.U32(optional + 136), in.U32(optional + 140), pe);
     return pe;
 }

@@ -27,6 +27,15 @@ struct PeImport {
     std::uint32_t word = 0;  ///< RVA of the word that takes the function's address
 };
 
+/// An entry of the table of functions, by which the device's system unwinds the stack.
+struct PeFunction {
+    std::uint32_t rva = 0;
+    std::uint32_t prologLength = 0;  ///< in instructions
+    std::uint32_t length = 0;        ///< in instructions
+    bool hasWholeWords = false;      ///< instructions of 32 bits
+    bool hasHandler = false;
+};
+
 /// A library file as a loader sees it. Shares no code with the writer of the device's image.
 struct PeFile {
     std::uint32_t machine = 0;
@@ -36,6 +45,7 @@ struct PeFile {
     std::vector<PeSection> sections;
     std::vector<PeImport> imports;
     std::map<std::string, std::uint32_t> exports;  ///< RVA by name
+    std::vector<PeFunction> functions;             ///< in the order of the table
     std::vector<std::uint32_t> fixups;             ///< RVAs of the words that move with the image
     Bytes image;                                   ///< headers and sections as mapped, unmoved
 

@@ -100,9 +100,33 @@ public:
         return 0;
     }
 
+    Context Registers() const override {
+        Context context;
+        for (unsigned index = 0; index < context.registers.size(); ++index) {
+            context.registers[index] = Register(NameOf(index));
+        }
+        context.flags = Register(UC_ARM_REG_CPSR);
+        return context;
+    }
+
+    void SetRegisters(const Context& context) override {
+        for (unsigned index = 0; index < context.registers.size(); ++index) {
+            SetRegister(NameOf(index), context.registers[index]);
+        }
+        SetRegister(UC_ARM_REG_CPSR, context.flags);
+    }
+
     bool AlignsAccesses() const override { return true; }
 
 private:
+    /// The emulator's name of the register of a number.
+    static int NameOf(unsigned number) {
+        constexpr int kLast[] = {UC_ARM_REG_SP, UC_ARM_REG_LR, UC_ARM_REG_PC};
+        constexpr unsigned kNumbered = 13;
+        return number < kNumbered ? UC_ARM_REG_R0 + static_cast<int>(number)
+                                  : kLast[number - kNumbered];
+    }
+
     HostCode host_;
     std::uint32_t stack_ = 0;
 };
@@ -179,9 +203,16 @@ public:
         return static_cast<std::uint32_t>(4 + 4 * (arguments.size() - inRegister));
     }
 
+    Context Registers() const override { throw NotArm(); }
+    void SetRegisters(const Context&) override { throw NotArm(); }
+
     bool AlignsAccesses() const override { return false; }
 
 private:
+    static std::logic_error NotArm() {
+        return std::logic_error("registers of an ARM processor are asked of another one");
+    }
+
     static constexpr std::uint32_t kEmptyFloatStack = 0xFFFF;
     static constexpr unsigned kScratch = 3;  ///< the registers before are the function's
     static constexpr std::array<int, 7> kRegisters{UC_X86_REG_EAX, UC_X86_REG_ECX, UC_X86_REG_EDX,

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Unwinder.h"
+
 #include <unicorn/unicorn.h>
 
 #include <array>
@@ -59,6 +61,10 @@ public:
     /// Bytes above the stack pointer, at a call, that belong to the function.
     virtual std::uint32_t ArgumentBytes(const std::vector<std::uint32_t>& arguments,
                                         Convention convention) const = 0;
+
+    /// All registers, of an ARM processor.
+    virtual Context Registers() const = 0;
+    virtual void SetRegisters(const Context& context) = 0;
 
     /// Whether accesses must be aligned to their size.
     virtual bool AlignsAccesses() const = 0;

@@ -77,6 +77,15 @@ TEST_P(Requests, GetTheAnswersOfTheLinuxLibrary) {
     EXPECT_GT(compared, 4 * cases);
 }
 
+/// Wherever in a page the host's own frame ends: the system gives a stack its pages in turn.
+TEST_P(Requests, LeaveOutNoPageOfTheStack) {
+    constexpr std::uint32_t kPage = 0x1000;
+    for (std::uint32_t used = 0; used < kPage; used += kPage / 32) {
+        Module().TheMachine().usedOfStack = used;
+        EXPECT_TRUE(Run(property::kAllKinds[0], 1));
+    }
+}
+
 FOR_EVERY_IMAGE(Requests);
 
 }  // namespace

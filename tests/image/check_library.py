@@ -8,6 +8,7 @@ FOLDER is what scripts/build-dlls made for that target. Prints one line per thin
 import pathlib
 import re
 import shutil
+import struct
 import subprocess
 import sys
 import tempfile
@@ -20,6 +21,25 @@ except ImportError:
 
 MACHINES = {"device": 0x01C0, "device-armv4t": 0x01C0, "windows": 0x014C}
 SUBSYSTEMS = {"device": 9, "device-armv4t": 9, "windows": (2, 3)}
+# The system that the file asks for at least, as (system version, subsystem version).
+SYSTEMS = {
+    "device": ((4, 10), (4, 10)),
+    "device-armv4t": ((4, 10), (4, 10)),
+    "windows": ((4, 0), (4, 0)),
+}
+# Executable, no line numbers or local symbols, 32 bits, a library; the desktop's without debugging.
+CHARACTERISTICS = {"device": 0x210E, "device-armv4t": 0x210E, "windows": 0x230E}
+# The desktop's may lie anywhere, and its data never runs; the device's system knows of neither.
+DLL_CHARACTERISTICS = {"device": 0, "device-armv4t": 0, "windows": 0x140}
+IMAGE_BASE = 0x10000000
+ORDINALS = {"CreateMixAlgorithm": 1, "DeleteMixAlgorithm": 2}
+# By their numbers: exports, imports, resources, functions, fixups, and addresses of imports.
+DIRECTORIES = {
+    "device": {0, 1, 2, 3, 5},
+    "device-armv4t": {0, 1, 2, 3, 5},
+    "windows": {0, 1, 2, 5, 12},
+}
+FUNCTIONS = 3
 
 REGISTRY = {
     "RegOpenKeyExW",
@@ -84,9 +104,20 @@ def check_headers(library, target):
     expect(library.FILE_HEADER.TimeDateStamp == 0, "a time stamp")
     expect(library.verify_checksum(), "checksum")
     expect(header.SectionAlignment == 0x1000, "alignment of sections")
-    if target != "windows":
-        version = (header.MajorSubsystemVersion, header.MinorSubsystemVersion)
-        expect(version == (4, 10), f"needs version {version} of the system")
+    versions = (
+        (header.MajorOperatingSystemVersion, header.MinorOperatingSystemVersion),
+        (header.MajorSubsystemVersion, header.MinorSubsystemVersion),
+    )
+    expect(versions == SYSTEMS[target], f"needs versions {versions} of the system")
+    characteristics = library.FILE_HEADER.Characteristics
+    expect(characteristics == CHARACTERISTICS[target], f"characteristics {characteristics:#x}")
+    characteristics = header.DllCharacteristics
+    expect(characteristics == DLL_CHARACTERISTICS[target], f"of a library {characteristics:#x}")
+    expect(header.ImageBase == IMAGE_BASE, f"base {header.ImageBase:#x}")
+    entry = library.get_section_by_rva(header.AddressOfEntryPoint)
+    expect(entry is not None and entry.Name.startswith(b".text"), "the entry point is no code")
+    found = {number for number, entry in enumerate(header.DATA_DIRECTORY) if entry.Size}
+    expect(found == DIRECTORIES[target], f"directories {sorted(found)}")
 
 
 def check_sections(library):
@@ -103,6 +134,8 @@ def check_exports(library):
     directory = library.DIRECTORY_ENTRY_EXPORT
     exported = {symbol.name.decode(): symbol.address for symbol in directory.symbols}
     expect(set(exported) == {"CreateMixAlgorithm", "DeleteMixAlgorithm"}, f"exports {exported}")
+    ordinals = {symbol.name.decode(): symbol.ordinal for symbol in directory.symbols}
+    expect(ordinals == ORDINALS, f"ordinals {ordinals}")
     expect(directory.name == b"QXMIX.dll", "name in the export directory")
     for name, address in exported.items():
         section = library.get_section_by_rva(address)
@@ -134,6 +167,30 @@ def check_fixups(library):
     for place in places:
         target = library.get_dword_at_rva(place) - base
         expect(library.get_section_by_rva(target) is not None, f"fixup at {place:#x} points nowhere")
+
+
+def check_functions(library, saving):
+    """Holds the table of functions to the places where the code saves its return address."""
+    directory = library.OPTIONAL_HEADER.DATA_DIRECTORY[FUNCTIONS]
+    expect(directory.Size % 8 == 0, f"a table of functions of {directory.Size} bytes")
+    if directory.Size == 0:
+        return  # the reader would take it for the whole file
+    table = library.get_data(directory.VirtualAddress, directory.Size)
+    moving = {
+        entry.rva
+        for block in library.DIRECTORY_ENTRY_BASERELOC
+        for entry in block.entries
+        if entry.type == 3
+    }
+    starts = []
+    for number, (start, packed) in enumerate(struct.iter_unpack("<II", table)):
+        starts.append(start)
+        prolog, length = packed & 0xFF, packed >> 8 & 0x3FFFFF
+        expect(1 <= prolog < length, f"function at {start:#x}: prolog {prolog} of {length}")
+        expect(packed >> 30 == 1, f"function at {start:#x}: flags {packed >> 30}")
+        expect(directory.VirtualAddress + 8 * number in moving, f"{start:#x} does not move")
+    expect(starts == sorted(set(starts)), "functions out of order, or twice")
+    expect(starts == saving, f"no entry, or one too many: {set(starts) ^ set(saving)}")
 
 
 def check_version(library):
@@ -171,6 +228,7 @@ def check_instructions(library, target, program):
     function = ""
     instructions = 0
     forwarding = {}
+    saving = []
     for line in listing.splitlines():
         label = re.match(r"[0-9a-f]+ <(.*)>:", line)
         if label:
@@ -188,6 +246,10 @@ def check_instructions(library, target, program):
         # The one instruction that is none, on purpose.
         allowed = allowed or (function == "__cxa_pure_virtual" and mnemonic == "udf")
         expect(allowed, f"{mnemonic} at {found.group(1)} in {function} is newer than the device")
+        saves = mnemonic == "push" and "lr}" in line or "str\tlr, [sp, #-" in line
+        if saves:
+            saving.append(int(found.group(1), 16))
+    check_functions(library, saving)
     expect(instructions > 1000, f"only {instructions} instructions seen")
     # A slot that passes a call on has no guess in it of which object is behind.
     expect(len(forwarding) == 2, f"forwarding slots {forwarding}")

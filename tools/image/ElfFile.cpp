@@ -114,9 +114,30 @@ private:
         const Bytes texts = Content(HeaderAt(section.sh_link));
         for (std::uint32_t index = 0; index < section.sh_size / sizeof(Elf32_Sym); ++index) {
             const Elf32_Sym symbol = SymbolAt(section, index);
-            if (symbol.st_shndx != SHN_UNDEF && ELF32_ST_BIND(symbol.st_info) != STB_LOCAL) {
-                elf.symbols[TextAt(texts, symbol.st_name)] = symbol.st_value;
+            if (symbol.st_shndx == SHN_UNDEF) {
+                continue;
             }
+            const std::string name = TextAt(texts, symbol.st_name);
+            if (ELF32_ST_BIND(symbol.st_info) != STB_LOCAL) {
+                elf.symbols[name] = symbol.st_value;
+            }
+            if (symbol.st_shndx < headers_.size() && IsLoaded(headers_[symbol.st_shndx])) {
+                AddCodeSymbol(symbol, name, elf);
+            }
+        }
+    }
+
+    static void AddCodeSymbol(const Elf32_Sym& symbol, const std::string& name, ElfFile& elf) {
+        if (ELF32_ST_TYPE(symbol.st_info) == STT_FUNC) {
+            elf.functions.push_back({name, symbol.st_value, symbol.st_size});
+            return;
+        }
+        const std::string mark = name.substr(0, name.find('.'));
+        if (mark == "$t") {
+            throw ImageError("Thumb code at " + Hex(symbol.st_value));
+        }
+        if (mark == "$a" || mark == "$d") {
+            elf.marks.push_back({symbol.st_value, mark == "$a"});
         }
     }
 

@@ -30,12 +30,27 @@ struct ElfRelocation {
     ElfTarget target = ElfTarget::Undefined;
 };
 
+/// A function of the program, as its symbol has it.
+struct ElfFunction {
+    std::string name;
+    std::uint32_t address = 0;
+    std::uint32_t size = 0;
+};
+
+/// Where instructions begin, or data among them: the assembler marks both.
+struct ElfMark {
+    std::uint32_t address = 0;
+    bool isCode = false;
+};
+
 /// A linked 32-bit ARM program whose linker kept the relocations.
 struct ElfFile {
     std::uint32_t entry = 0;
     std::vector<ElfSection> sections;        ///< in the order of the file
     std::vector<ElfRelocation> relocations;  ///< of those sections only
     std::map<std::string, std::uint32_t> symbols;
+    std::vector<ElfFunction> functions;  ///< local ones too
+    std::vector<ElfMark> marks;
 
     /// Address or value of a symbol. Throws ImageError when there is none of that name.
     std::uint32_t Symbol(const std::string& name) const;

@@ -1,5 +1,6 @@
 #include "Image.h"
 
+#include "FunctionTable.h"
 #include "ImageError.h"
 
 #include <elf.h>
@@ -94,6 +95,7 @@ public:
                 Relocate(relocation.place);
             }
         }
+        AddFunctionTable();
         std::sort(image_.fixups.begin(), image_.fixups.end());
         image_.entry = elf_.entry - image_.base;
         const ImageSection& entered = SectionAt(elf_.entry, 4);
@@ -150,6 +152,21 @@ private:
             image_.fixups.push_back(rva);
         } else {
             StoreU32(section.content, rva - section.rva, target);
+        }
+    }
+
+    /// The table stands in a section of its own; the addresses in it move with the image.
+    void AddFunctionTable() {
+        const Bytes table = EncodeFunctions(FindFunctions(elf_));
+        if (table.empty()) {
+            return;
+        }
+        const std::uint32_t rva = (End() + kPageSize - 1) / kPageSize * kPageSize;
+        const auto size = static_cast<std::uint32_t>(table.size());
+        image_.sections.push_back(
+            {".pdata", rva, size, kInitialized | kReadable, Directory::Functions, table});
+        for (std::uint32_t entry = 0; entry < size; entry += kFunctionEntrySize) {
+            image_.fixups.push_back(rva + entry);
         }
     }
 

@@ -5,7 +5,7 @@
 namespace image {
 
 /// The directories of an image that stand in sections of their own.
-enum class Directory { None, Exports, Imports, Resources };
+enum class Directory { None, Exports, Imports, Resources, Functions };
 
 /// A section as the device's loader maps it.
 struct ImageSection {

@@ -35,6 +35,8 @@ std::uint32_t DirectoryNumber(Directory directory) {
         return 1;
     case Directory::Resources:
         return 2;
+    case Directory::Functions:
+        return 3;
     case Directory::None:
         break;
     }
