@@ -92,6 +92,19 @@ TEST(FunctionTable, HasThePrologOfEachFrame) {
               EntriesOf(ProgramOf({{kPush, kMove, kPop}, {kMove, kReturn}, {kPush, kPop}})));
 }
 
+TEST(FunctionTable, HasFramesWithArgumentsAboveWhatIsSaved) {
+    EXPECT_EQ("0+2/5", EntriesOf({kReserve8, kPush, kPopBack, kRelease8, kReturn}));
+    EXPECT_EQ("0+3/7",
+              EntriesOf({kReserve8, kPush, kReserve4K, kRelease4K, kPopBack, kRelease8, kReturn}));
+    EXPECT_EQ("f0 keeps room for arguments at 0x1000100c", Complaint({kReserve8, kPush, kPop}));
+    EXPECT_EQ("f0 keeps room for arguments at 0x1000100c",
+              Complaint({kReserve8, kPush, kPopBack, kReturn}));
+    EXPECT_EQ("f0 goes on without its frame at 0x10001010",
+              Complaint({kReserve8, kPush, kPopBack, kRelease8, kMove}));
+    EXPECT_EQ("f0 moves the stack pointer outside a frame at 0x10001000",
+              Complaint({kReserve4K, kPush, kPopBack, kRelease4K, kReturn}));
+}
+
 TEST(FunctionTable, FollowsWaysOutUnderACondition) {
     EXPECT_EQ("0+1/3", EntriesOf({kPush, kPop - kOnlyIfEqual, kPop}));
     EXPECT_EQ("0+1/4", EntriesOf({kPush, kPopBack - kOnlyIfEqual, kReturn - kOnlyIfEqual, kPop}));
@@ -133,7 +146,7 @@ TEST(FunctionTable, RefusesFramesThatNoSystemUnwinds) {
     const std::string inside = "f0 moves the stack pointer inside a frame at ";
     EXPECT_EQ(outside + "0x10001000", Complaint({kPushOther, kReturn}));
     EXPECT_EQ(outside + "0x10001000", Complaint({kStoreBelow, kReturn}));
-    EXPECT_EQ(outside + "0x10001000", Complaint({kReserve8, kPush, kPop}));
+    EXPECT_EQ(outside + "0x10001000", Complaint({kReserve8, kMove, kReturn}));
     EXPECT_EQ(inside + "0x10001008", Complaint({kPush, kMove, kReserve8, kRelease8, kPop}));
     EXPECT_EQ(inside + "0x10001004", Complaint({kPush, kMoveStack, kPop}));
     EXPECT_EQ(inside + "0x10001004", Complaint({kPush, kPopOther}));

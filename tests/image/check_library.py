@@ -190,7 +190,9 @@ def check_functions(library, saving):
         expect(packed >> 30 == 1, f"function at {start:#x}: flags {packed >> 30}")
         expect(directory.VirtualAddress + 8 * number in moving, f"{start:#x} does not move")
     expect(starts == sorted(set(starts)), "functions out of order, or twice")
-    expect(starts == saving, f"no entry, or one too many: {set(starts) ^ set(saving)}")
+    # Room for arguments stands before what is saved.
+    covered = [start if start in saving else start + 4 for start in starts]
+    expect(covered == saving, f"no entry, or one too many: {set(covered) ^ set(saving)}")
 
 
 def check_version(library):

@@ -17,8 +17,9 @@ constexpr std::uint32_t kLongestFunction = 0x3FFFFF;
 
 /// What a prolog has put on the stack.
 struct Frame {
-    std::uint32_t saved = 0;  ///< registers, by bit
-    std::uint32_t room = 0;   ///< bytes below them
+    std::uint32_t arguments = 0;  ///< bytes above what is saved, for arguments out of registers
+    std::uint32_t saved = 0;      ///< registers, by bit
+    std::uint32_t room = 0;       ///< bytes below them
 };
 
 /// The instructions of a program; data among them reads as an instruction that does nothing.
@@ -108,11 +109,16 @@ private:
     }
 
     bool ReadProlog() {
-        frame_ = {arm::Pushed(Word()), 0};
+        constexpr std::uint32_t kMostArguments = 16;  // four registers hold some
+        const std::uint32_t arguments = arm::Reserved(Word());
+        const bool hasArguments =
+            arguments != 0 && arguments <= kMostArguments && at_ + kWord < end_;
+        const std::uint32_t place = hasArguments ? at_ + kWord : at_;
+        frame_ = {hasArguments ? arguments : 0, arm::Pushed(code_.At(place)), 0};
         if ((frame_.saved & arm::Bit(arm::kReturnAddress)) == 0) {
             return false;
         }
-        for (at_ += kWord; at_ < end_ && arm::Reserved(Word()) != 0; at_ += kWord) {
+        for (at_ = place + kWord; at_ < end_ && arm::Reserved(Word()) != 0; at_ += kWord) {
             frame_.room += arm::Reserved(Word());
         }
         return true;
@@ -148,6 +154,13 @@ private:
         const bool returns = ReadRestore(room);
         ExpectCondition(condition);
         at_ += kWord;
+        if (frame_.arguments != 0) {
+            if (returns || at_ >= end_ || arm::Released(Word()) != frame_.arguments) {
+                Refuse("keeps room for arguments");
+            }
+            ExpectCondition(condition);
+            at_ += kWord;
+        }
         if (!returns) {
             if (at_ >= end_ || !arm::ReturnsByRegister(Word())) {
                 Refuse("goes on without its frame");
@@ -189,7 +202,8 @@ private:
             if (arm::Writes(Word(), arm::kStackPointer)) {
                 const std::uint32_t restored = arm::Popped(Word());
                 const bool sameButScratch = ((restored ^ frame_.saved) & ~kScratch) == 0;
-                if (frame_.room != 0 || !sameButScratch || CountOf(restored) != saved) {
+                if (frame_.arguments + frame_.room != 0 || !sameButScratch ||
+                    CountOf(restored) != saved) {
                     Refuse("moves the stack pointer inside a frame");
                 }
                 at_ += kWord;

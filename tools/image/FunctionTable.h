@@ -6,8 +6,9 @@ namespace image {
 
 /// A piece of code that runs in a frame, as the device's system unwinds it.
 ///
-/// The frame is set up by the first instructions, the prolog: one that saves registers, the return
-/// address among them, and then any that make room below. Whatever interrupts the code, the system
+/// The frame is set up by the first instructions, the prolog: perhaps one that makes room for
+/// arguments, one that saves registers, the return address among them, and then any that make room
+/// below. Whatever interrupts the code, the system
 /// undoes as much of the prolog as has run, and is at the place of the call.
 struct FunctionEntry {
     std::uint32_t start = 0;         ///< address of the first instruction
