@@ -331,6 +331,5 @@ def check_many(tool, checks):
 
 
 run_parts(check_against_mix, check_forms, check_bad_lines, check_named_files, check_odd_lines,
-          check_ends, check_deadlines,
-          check_registry, check_trace, check_slow_input, check_interrupt, check_interrupted_blocks,
-          check_many)
+          check_ends, check_deadlines, check_registry, check_trace, check_slow_input,
+          check_interrupt, check_interrupted_blocks, check_many)

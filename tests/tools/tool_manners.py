@@ -269,6 +269,9 @@ def check_input(tool, checks):
     status, output, errors = tool.run(["mix", "-", "--amount", "280"], stdin=b"{")
     checks.equal("standard input: wrong", (status, output), (2, ""))
     checks.check("standard input: named", errors.startswith("qxmix: standard input:1:2: "), errors)
+    checks.equal("a dispenser larger than any",
+                 tool.run(["mix", "-", "--amount", "5"], stdin=b" " * ((16 << 20) + 1)),
+                 (2, "", "qxmix: standard input: too large; expected at most 16 MiB\n"))
     # In one line, whatever the input holds: a zero byte, a control of one byte, a name without end.
     for given, expected in ((b'{"a\\u0000b":1}', "standard input: /a?b: unknown field; "),
                             (b"\x9b31m", "standard input:1:1: syntax error"),
@@ -285,6 +288,38 @@ def check_input(tool, checks):
     checks.check("a name that is no UTF-8", errors.startswith(b"qxmix: ?.json:1:2: "), errors)
 
 
+def check_hostile_names(tool, checks):
+    """Names of files, dispensers and cassettes neither move the cursor nor turn a line."""
+    hostile = "a\x1b[31mb\u009bc\u202ed\u2028e\x07"
+    moving = "\x1b\u009b\u202e\u2028\x07"
+    euro = json.loads((tool.folder / "examples/euro.json").read_text())
+    euro["name"] = hostile
+    for cassette in euro["cassettes"]:
+        cassette["label"] = hostile
+    name, trace, library = hostile + ".json", hostile + ".ndjson", "./" + hostile + ".so"
+    (tool.folder / name).write_text(json.dumps(euro))
+    (tool.folder / trace).write_text(
+        (tool.folder / "examples/trace.ndjson").read_text().replace('"id":1044', f'"id":{json.dumps(hostile)}'))
+    registry = hostile + ".reg"
+    (tool.folder / registry).write_bytes((tool.folder / "examples/device.reg").read_bytes())
+    (tool.folder / library).symlink_to(tool.arguments.library)
+    lines = (["mix", name, "--amount", "280"], ["mix", name, "--amount", "280", "--mix", "all"],
+             ["explain", name, "--amount", "285"], ["map", name, "--to", "100"], ["lint", name],
+             ["compare", name, "examples/no-tens.json", "--to", "100"], ["replay", trace],
+             ["simulate", name, "--demand", "examples/week.json", "--mixes", "1"],
+             ["registry", registry], ["--version", "--library", library],
+             ["--version", "--library", library + "x"], ["types", "--library", library], [hostile],
+             ["mix", name, "--" + hostile], ["mix", name, "--amount", hostile],
+             ["mix", "EUR:5x5:" + hostile, "--amount", "5"], ["map", name, "--output", hostile],
+             ["mix", name, "--amount", "50", "--record", hostile + "/none"],
+             ["registry", registry, "--set", hostile])
+    for line in lines:
+        _, output, errors = tool.run(line)
+        shown = output + errors
+        checks.check(f"{line[0]!a} shows no control", shown and not set(shown) & set(moving),
+                     repr(line) + repr(shown))
+
+
 def check_called_alone(tool, checks):
     status, output, errors = tool.run([])
     checks.equal("called alone: exit status", (status, output), (2, ""))
@@ -298,4 +333,4 @@ def check_called_alone(tool, checks):
 run_parts(check_interrupts, check_lint_interrupt, check_end_of_tool, check_pipes, check_colors,
           check_widths, check_files, check_one_file_twice, check_no_answer, check_raw,
           check_registry_in_answers, check_trace_and_registry, check_library_order, check_input,
-          check_called_alone)
+          check_hostile_names, check_called_alone)

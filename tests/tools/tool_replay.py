@@ -1,8 +1,10 @@
 #!/usr/bin/env python3
 """What `qxmix replay` compares, with what `qxmix mix --record` wrote and between two libraries."""
 
+import fcntl
 import json
 import os
+import time
 
 from tool_runner import run_parts
 
@@ -61,6 +63,18 @@ def check_recorded_side_by_side(tool, checks):
     lines = (tool.folder / "side.ndjson").read_text().splitlines()
     checks.equal("recorded side by side: no id is given twice",
                  [json.loads(line)["id"] for line in lines], list(range(1, 97)))
+
+
+def check_recorded_behind_another(tool, checks):
+    """Who counts the lines first appends first."""
+    with open(tool.folder / "locked.ndjson", "a", encoding="utf-8") as locked:
+        fcntl.flock(locked, fcntl.LOCK_EX)
+        recorder = tool.start(["mix", EURO, "--amount", "280", "--record", "locked.ndjson"])
+        time.sleep(1)
+        locked.write('{"id":1}\n')
+    recorder.communicate(timeout=60)
+    lines = (tool.folder / "locked.ndjson").read_text().splitlines()
+    checks.equal("recorded behind another", [json.loads(line)["id"] for line in lines], [1, 2])
 
 
 def check_named_files(tool, checks):
@@ -203,6 +217,6 @@ def check_interrupt(tool, checks):
             checks.equal("Ctrl-C: complete", json.loads(output)["complete"], complete)
 
 
-run_parts(check_recorded, check_recorded_side_by_side, check_named_files,
-          check_record_behind_an_open_line, check_fields, check_bad_lines,
+run_parts(check_recorded, check_recorded_side_by_side, check_recorded_behind_another,
+          check_named_files, check_record_behind_an_open_line, check_fields, check_bad_lines,
           check_odd_files, check_libraries, check_registry, check_many, check_interrupt)

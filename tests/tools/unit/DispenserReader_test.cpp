@@ -21,6 +21,17 @@ Cassette ReadCassette(const std::string& fields) {
         .cassettes.front();
 }
 
+TEST(DispenserReader, TakesAMillionButtons) {
+    std::string buttons = "1";
+    for (int amount = 2; amount <= 1000000; ++amount) {
+        buttons += "," + std::to_string(amount);
+    }
+    const std::string text =
+        R"({"currency":"EUR","cassettes":[{"value":1,"count":1}],"amounts":{"buttons":[)" +
+        buttons + "]}}";
+    EXPECT_EQ(ReadDispenser(ParseJson(text, "f"), Place("f")).amounts.buttons.size(), 1000000U);
+}
+
 TEST(DispenserReader, FillsInEveryDefault) {
     const Dispenser dispenser =
         Read(R"({"currency":"EUR","cassettes":[{"value":50,"count":1},{"value":20,"count":2}]})");

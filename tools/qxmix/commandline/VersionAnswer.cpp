@@ -4,6 +4,7 @@
 #include "answers/Envelope.h"
 #include "files/Output.h"
 #include "module/LibrarySearch.h"
+#include "terminal/Terminal.h"
 
 namespace qxmix {
 
@@ -41,10 +42,10 @@ std::string JsonAnswer(const ModuleFound& found) {
 std::string TextAnswer(const ModuleFound& found) {
     const std::string tool = std::string("qxmix ") + kToolVersion + "\n";
     if (found.library.empty()) {
-        return tool + "module not found: " + found.problem + "\n";
+        return tool + "module not found: " + Printable(found.problem) + "\n";
     }
     const std::string version = found.version.empty() ? "names no version" : found.version;
-    return tool + "module " + version + " (" + found.library + ")\n";
+    return tool + "module " + Printable(version + " (" + found.library + ")") + "\n";
 }
 
 }  // namespace

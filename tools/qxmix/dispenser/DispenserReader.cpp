@@ -207,4 +207,10 @@ Dispenser OpenDispenser(const std::string& name, const Reading& reading) {
     return ReadDispenser(ParseJson(file.content, file.name), Place(file.name));
 }
 
+Dispenser OpenDispenser(const std::string& name) {
+    // Room for a million buttons: JSON takes many times its size in memory.
+    constexpr std::size_t kMostBytes = std::size_t{16} << 20U;
+    return OpenDispenser(name, [](const std::string& file) { return ReadInput(file, kMostBytes); });
+}
+
 }  // namespace qxmix

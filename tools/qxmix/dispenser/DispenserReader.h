@@ -34,8 +34,9 @@ using Reading = std::function<InputFile(const std::string& name)>;
 /// Reads a dispenser as a person names it on the command line: a JSON file, "-" for standard input,
 /// or inline (InlineDispenser.h).
 ///
-/// @param reading  reads the file.
+/// @param reading  reads the file; one of at most 16 MiB unless told otherwise.
 /// @throw InputError
-Dispenser OpenDispenser(const std::string& name, const Reading& reading = &ReadInput);
+Dispenser OpenDispenser(const std::string& name, const Reading& reading);
+Dispenser OpenDispenser(const std::string& name);
 
 }  // namespace qxmix

@@ -14,9 +14,13 @@ struct InputFile {
     std::string content;
 };
 
+/// Larger than any input of the tool that is read whole.
+constexpr std::size_t kLargestInput = std::size_t{256} << 20U;
+
 /// Reads a file, or standard input for "-".
 ///
-/// @throw InputError when it cannot be read or is larger than any input of the tool.
-InputFile ReadInput(const std::string& name);
+/// @param mostBytes  a whole number of MiB.
+/// @throw InputError when it cannot be read or is larger.
+InputFile ReadInput(const std::string& name, std::size_t mostBytes = kLargestInput);
 
 }  // namespace qxmix

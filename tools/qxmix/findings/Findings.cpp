@@ -29,7 +29,8 @@ const SeverityRow& RowOf(Severity severity) {
 std::string FindingText(const Finding& finding, FindingPlace place, const Painter& painter) {
     const SeverityRow& row = RowOf(finding.severity);
     const auto lines = [](const std::string& text) {
-        return WrappedText(Split(text, ' '), " ", kLeftOfFinding, kLeftOfFinding) + "\n";
+        // Advice names files.
+        return WrappedText(Split(Printable(text), ' '), " ", kLeftOfFinding, kLeftOfFinding) + "\n";
     };
     const bool tellsPlace = place == FindingPlace::Told && !finding.pointer.empty();
     const std::string text = painter.Paint(row.padded, row.style) + finding.id + "  " +
