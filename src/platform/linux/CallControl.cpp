@@ -6,6 +6,14 @@ CallControl& CallControl::Instance() {
     return control;
 }
 
+namespace {
+
+// Made when the library is loaded: a fork amid the first call would leave it half made in the
+// child.
+[[maybe_unused]] const CallControl& madeAtLoad = CallControl::Instance();
+
+}  // namespace
+
 std::int32_t CallControl::UsualFailure(QxmixFunction function) noexcept {
     switch (function) {
     case kQxmixEventModify:

@@ -2,6 +2,7 @@
 
 #include "Guarded.h"
 #include "HostControl.h"
+#include "KeptLocks.h"
 
 #include <array>
 #include <atomic>
@@ -77,7 +78,7 @@ private:
     bool CountAndJudge(QxmixFunction function, std::int32_t* code) noexcept;
     void Log(const ModuleCall& call) noexcept;
 
-    std::mutex mutex_;
+    std::mutex& mutex_ = LockOf(Kept::Calls);
     std::atomic<bool> logging_{false};
     std::array<std::uint32_t, kFunctions + 1> counts_{};  // the last of each is for any function
     std::array<Order, kFunctions + 1> orders_{};

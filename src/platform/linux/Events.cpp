@@ -3,6 +3,7 @@
 #include "CallControl.h"
 #include "HandleTable.h"
 #include "HostControl.h"
+#include "KeptLocks.h"
 #include "PlatformApi.h"
 
 #include <mutex>
@@ -52,9 +53,13 @@ public:
     }
 
 private:
-    std::mutex mutex_;
+    std::mutex& mutex_ = LockOf(Kept::Events);
     HandleTable<Event> table_{kFirstEventHandle};
 };
+
+// Made when the library is loaded: a fork amid the first call would leave it half made in the
+// child.
+[[maybe_unused]] const Events& madeAtLoad = Events::Instance();
 
 BOOL Modify(Event* event, DWORD operation) noexcept {
     switch (operation) {

@@ -4,9 +4,10 @@
 /// fill and read the registry, own events, free the XFS memory, hear the trace lines, and watch
 /// or fail each call that the module makes.
 ///
-/// Plain C99. Every function may be called from any thread at any time, and none is counted or
-/// logged as a call of the module. Without any of them everything just works: every call of the
-/// module succeeds as on a terminal whose registry holds only the ErrorCode key.
+/// Plain C99. Every function may be called from any thread at any time, also in the child of a
+/// fork, and none is counted or logged as a call of the module. Without any of them everything just
+/// works: every call of the module succeeds as on a terminal whose registry holds only the
+/// ErrorCode key.
 ///
 /// Text is UTF-8, terminated by 0. Key paths begin with their root, and are compared as the
 /// registry compares them: "HKEY_LOCAL_MACHINE\\SOFTWARE\\ATM\\ErrorCode". An int that answers

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "HandleTable.h"
+#include "KeptLocks.h"
 #include "PlatformApi.h"
 #include "RegistryContent.h"
 
@@ -64,7 +65,7 @@ private:
     LONG ResolveSubKey(HKEY key, const PlatformChar* subKey, OpenKey* resolved) const;
     HKEY KeepOpen(OpenKey key, REGSAM access);
 
-    std::mutex mutex_;
+    std::mutex& mutex_ = LockOf(Kept::Registry);
     RegistryContent content_;
     OpenKey classesRoot_;
     OpenKey localMachine_;

@@ -2,6 +2,7 @@
 
 #include "CallControl.h"
 #include "HostControl.h"
+#include "KeptLocks.h"
 #include "PlatformApi.h"
 
 #include <cstdlib>
@@ -119,9 +120,13 @@ private:
         return kept;
     }
 
-    std::mutex mutex_;
+    std::mutex& mutex_ = LockOf(Kept::Memory);
     std::unordered_map<void*, Block> blocks_;
 };
+
+// Made when the library is loaded: a fork amid the first call would leave it half made in the
+// child.
+[[maybe_unused]] const Blocks& madeAtLoad = Blocks::Instance();
 
 }  // namespace
 
