@@ -2,6 +2,7 @@
 
 #include "PartFile.h"
 #include "errors/Errors.h"
+#include "files/FileCalls.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -137,7 +138,7 @@ void OutputFiles::Add(const std::string& file, const std::string& content) {
     }
     const std::optional<FileState> there = WhatIsThere(file);
     if (there && !S_ISREG(there->st_mode)) {
-        WritableFile device(open(file.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC), file);
+        WritableFile device(OpenThere(file), file);
         device.Write(content);
         device.Close();
         return;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WritableFile.h"
+#include "files/WritableFile.h"
 
 #include <string>
 #include <sys/types.h>

@@ -1,21 +1,12 @@
 #include "PartFile.h"
+#include "files/FileCalls.h"
 #include "files/Output.h"
 
-#include <fcntl.h>
 #include <filesystem>
-#include <io.h>
 
 namespace qxmix {
 
-namespace {
-
 namespace fs = std::filesystem;
-
-WritableFile OpenThere(const std::string& file) {
-    return WritableFile(_open(file.c_str(), _O_WRONLY | _O_BINARY | _O_NOINHERIT), file);
-}
-
-}  // namespace
 
 /// A file that waits beside its place.
 class OutputFiles::Staged {
@@ -42,7 +33,7 @@ void OutputFiles::Add(const std::string& file, const std::string& content) {
     std::error_code error;
     if (fs::exists(file, error)) {
         // What may not be written is not replaced either.
-        WritableFile there = OpenThere(file);
+        WritableFile there(OpenThere(file), file);
         if (!fs::is_regular_file(file, error)) {
             there.Write(content);
             there.Close();

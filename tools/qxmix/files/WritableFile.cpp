@@ -1,12 +1,10 @@
 #include "WritableFile.h"
 
+#include "FileCalls.h"
 #include "errors/Errors.h"
 
-#include <algorithm>
 #include <cerrno>
-#include <climits>
 #include <cstring>
-#include <io.h>
 #include <utility>
 
 namespace qxmix {
@@ -24,16 +22,16 @@ WritableFile::WritableFile(int descriptor, std::string nameInErrors)
 
 WritableFile::~WritableFile() {
     if (descriptor_ >= 0) {
-        _close(descriptor_);
+        CloseFile(descriptor_);
     }
 }
 
 void WritableFile::Write(const std::string& content) {
     std::size_t written = 0;
     while (written < content.size()) {
-        const std::size_t most = std::min<std::size_t>(content.size() - written, INT_MAX);
-        const int more = _write(descriptor_, content.data() + written, static_cast<unsigned>(most));
-        if (more <= 0) {
+        const std::ptrdiff_t more =
+            WriteBytes(descriptor_, content.data() + written, content.size() - written);
+        if (more < 0) {
             FailToWrite(name_);
         }
         written += static_cast<std::size_t>(more);
@@ -41,13 +39,13 @@ void WritableFile::Write(const std::string& content) {
 }
 
 void WritableFile::Synchronise() {
-    if (_commit(descriptor_) != 0) {
+    if (SynchroniseFile(descriptor_) != 0) {
         FailToWrite(name_);
     }
 }
 
 void WritableFile::Close() {
-    if (_close(std::exchange(descriptor_, -1)) != 0) {
+    if (CloseFile(std::exchange(descriptor_, -1)) != 0) {
         FailToWrite(name_);
     }
 }
