@@ -144,6 +144,7 @@ private:
 
     /// Goes on by so many lines, but to the first line of the next run at most.
     void GoOn(Line& line, std::uint64_t step) const noexcept {
+        // Only a run that is the whole cycle has more lines than that.
         std::uint64_t rest = line.rest + std::min(step, kToNextRun) * OuterValue();
         if (rest >= kWords) {
             step = (kWords - 1 - line.rest) / OuterValue() + 1;

@@ -7,7 +7,8 @@
 ///
 /// What is left to the last unit must not wrap before it is short: one item more than it holds, and
 /// one of the last but one, are worth 2^32 at most. And all items that can come together, those
-/// below 0 and the limit too, stay below 2^31, so that no total wraps twice.
+/// below 0 and the limit too, stay below 2^31, so that no total wraps twice. Where their sum itself
+/// does not fit 64 bits, the first condition fails.
 ///
 /// @param units  two or more, of values other than 0.
 template <unsigned kWordBits>
@@ -126,7 +127,7 @@ public:
 
     /// The combinations that make `rest`, in the order of the loop.
     ///
-    /// @param rest  a multiple of Divisor(), below Reach().
+    /// @param rest  a multiple of Divisor(); from Reach() on there are none.
     /// @return whether there are any.
     bool FindPoints(std::uint32_t rest, PairPoints& points) const noexcept {
         const std::uint32_t most = units_.MostOf(inner_, rest);
@@ -206,6 +207,8 @@ private:
         if (change == 0) {
             return total >= 0;
         }
+        // On the lines that are asked about, total and limit lie less than 2^32 apart, and so do
+        // total and 0.
         const auto rise = static_cast<std::uint32_t>(change);
         if (total < 0) {
             const auto below = static_cast<std::uint32_t>(-total);

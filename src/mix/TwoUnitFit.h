@@ -82,6 +82,8 @@ private:
                 found = CombinationOf(step.taken);
                 break;
             }
+            // This may lead past the step at which the last unit is short, and what is left may
+            // wrap there: once, to so little that the total is below 0. That ends the search too.
             fewer += std::max(off, 1U);
         }
         // All before it that fall short are over the limit.
