@@ -58,9 +58,9 @@ claims.prove("a step that is cut to 2^32 - 1 lines is multiplied within 64 bits"
 claims.prove("only a run of the whole cycle has so many lines",
              And(outer == 1, rest == 0), [*run, rest + (WORD - 1) * outer < WORD])
 
-# Lines of a run: the rest is g r, the outer value g o, the divisor of the last two g s, and
-# o f = 1 + s t.
-g, r, o, s, f, t, over, missing, turns, whole = integers("g r o s f t over missing turns whole")
+# Lines of a run: the outer value is g o, the divisor of the last two g s, a rest g times a number,
+# and o f = 1 + s t.
+g, o, s, f, t, over, missing, turns, whole = integers("g o s f t over missing turns whole")
 k, quotient = integers("k quotient")
 claims.prove_identity("LinesToDivisible lines on the divisor divides the rest: missing f - s turns",
                       (s * whole - missing) + (missing * f - s * turns) * o
