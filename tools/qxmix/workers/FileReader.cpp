@@ -4,11 +4,15 @@
 #include "errors/Errors.h"
 #include "text/Duration.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace qxmix {
 
 namespace {
+
+/// A busy machine may need so long to begin, however short calculations have to be.
+constexpr Milliseconds kLeastTime{2000};
 
 enum class Kind : std::uint8_t { Name, Content, Refusal };
 
@@ -35,7 +39,7 @@ void AnswerAll(const FileReader::Reading& reading, Channel& channel) {
 }  // namespace
 
 FileReader::FileReader(Reading reading, Milliseconds deadline)
-    : reading_(std::move(reading)), longest_(deadline * kLastShare) {
+    : reading_(std::move(reading)), longest_(std::max(deadline * kLastShare, kLeastTime)) {
 }
 
 std::string FileReader::Read(const std::string& name) {

@@ -16,7 +16,8 @@ public:
     /// Reads a file or throws InputError.
     using Reading = std::function<std::string(const std::string& name)>;
 
-    /// @param deadline  see kLastShare: reading takes next to no processor time.
+    /// @param deadline  see kLastShare: reading takes next to no processor time. It may take two
+    /// seconds in any case.
     FileReader(Reading reading, Milliseconds deadline);
 
     /// @throw InputError as the reading does, and when it takes too long; Interruption after
