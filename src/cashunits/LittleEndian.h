@@ -28,6 +28,19 @@ private:
     std::uint16_t bits_ [[gnu::packed]];
 };
 
+/// A pointer, in the processor's own form, at any address.
+template <typename Content>
+class AnywherePointer {
+public:
+    AnywherePointer() noexcept = default;
+    AnywherePointer(Content* content) noexcept : content_(content) {}
+
+    operator Content*() const noexcept { return content_; }
+
+private:
+    Content* content_ [[gnu::packed]];
+};
+
 /// Signed 16-bit integer, two's complement.
 class s16le {
 public:

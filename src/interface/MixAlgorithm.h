@@ -6,17 +6,22 @@
 /// among them, because compilers disagree on how many slots a destructor takes. Slots do not throw.
 /// On x86 Windows the slots are __thiscall and the two exports __cdecl.
 
+#include "LittleEndian.h"
+
 #include <cstdint>
 
 struct MixRequest;
 struct MixResult;
 
 /// One entry of the list of mix types. Source: WFSCDMMIXTYPE of the XFS CDM interface.
+///
+/// May start at any address, as all records: the XFS manager promises no alignment of its memory.
 struct WFSCDMMIXTYPE {
-    std::uint16_t usMixNumber;  ///< 1 to 10
-    std::uint16_t usMixType;    ///< 1: a mix algorithm
-    std::uint16_t usSubType;    ///< 1 minimum bills, 2 equal emptying, 3 maximum cash units
-    char* lpszName;             ///< name, 8-bit characters, terminated by 0
+    u16le usMixNumber;               ///< 1 to 10
+    u16le usMixType;                 ///< 1: a mix algorithm
+    u16le usSubType;                 ///< 1 minimum bills, 2 equal emptying, 3 maximum cash units
+    unsigned char acPad6[2];         ///< never written
+    AnywherePointer<char> lpszName;  ///< name, 8-bit characters, terminated by 0
 };
 
 /// What the service provider holds and calls.

@@ -40,14 +40,22 @@ MixType MixTypeAt(unsigned index) noexcept {
                                   : MixType{kEqualEmptying, kMixTypes[kKnownMixTypes - 1].name};
 }
 
-/// Allocates memory that is freed with the list.
+/// A place of the list; like the records it may lie at any address.
+using Place = AnywherePointer<WFSCDMMIXTYPE>;
+
+/// Allocates memory that is freed with the list; without success the place stays as it is.
 template <typename Content>
-HRESULT AllocateInList(WFSCDMMIXTYPE** list, ULONG size, Content** memory) noexcept {
-    return WFMAllocateMore(size, list, reinterpret_cast<void**>(memory));
+HRESULT AllocateInList(Place* list, ULONG size, AnywherePointer<Content>& place) noexcept {
+    void* memory = nullptr;
+    const HRESULT result = WFMAllocateMore(size, list, &memory);
+    if (result == kSuccess) {
+        place = static_cast<Content*>(memory);
+    }
+    return result;
 }
 
-HRESULT AppendMixType(WFSCDMMIXTYPE** list, unsigned index) noexcept {
-    HRESULT result = AllocateInList(list, sizeof(WFSCDMMIXTYPE), &list[index]);
+HRESULT AppendMixType(Place* list, unsigned index) noexcept {
+    HRESULT result = AllocateInList(list, sizeof(WFSCDMMIXTYPE), list[index]);
     if (result != kSuccess) {
         return result;
     }
@@ -57,7 +65,7 @@ HRESULT AppendMixType(WFSCDMMIXTYPE** list, unsigned index) noexcept {
     entry.usMixType = kMixAlgorithm;
     entry.usSubType = mixType.subType;
     const auto nameSize = static_cast<ULONG>(std::strlen(mixType.name) + 1);
-    result = AllocateInList(list, nameSize, &entry.lpszName);
+    result = AllocateInList(list, nameSize, entry.lpszName);
     if (result == kSuccess) {
         std::memcpy(entry.lpszName, mixType.name, nameSize);
     }
@@ -71,11 +79,15 @@ std::int32_t CMixAlgorithm::GetMixTypes(WFSCDMMIXTYPE*** list) noexcept {
     const auto size = static_cast<ULONG>((count + 1) * sizeof(void*));
     HRESULT result =
         WFMAllocateBuffer(size, WFS_MEM_SHARE | WFS_MEM_ZEROINIT, reinterpret_cast<void**>(list));
+    if (result != kSuccess) {
+        return result;
+    }
+    auto* const places = reinterpret_cast<Place*>(*list);
     for (unsigned index = 0; index < count && result == kSuccess; ++index) {
-        result = AppendMixType(*list, index);
+        result = AppendMixType(places, index);
     }
     if (result == kSuccess) {
-        (*list)[count] = nullptr;
+        places[count] = nullptr;
     }
     return result;
 }

@@ -60,3 +60,4 @@ static_assert(offsetof(WFSCDMMIXTYPE, usMixNumber) == 0);
 static_assert(offsetof(WFSCDMMIXTYPE, usMixType) == 2);
 static_assert(offsetof(WFSCDMMIXTYPE, usSubType) == 4);
 static_assert(offsetof(WFSCDMMIXTYPE, lpszName) == 8);
+static_assert(alignof(WFSCDMMIXTYPE) == 1);

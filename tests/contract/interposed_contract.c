@@ -132,19 +132,25 @@ int32_t RegCloseKey(void* key) {
     return 0;
 }
 
-/* A memory manager that does not clear anything. */
+/* A memory manager that does not clear anything, and whose blocks lie at odd addresses. */
 int32_t WFMAllocateBuffer(uint32_t size, uint32_t flags, void** block);
 int32_t WFMAllocateMore(uint32_t size, void* original, void** block);
 
-static void* arena[200];
+static void* arena[300];
 static size_t used = 0;
 
-static void* Take(uint32_t size) {
-    void** const block = arena + used;
-    used += (size + sizeof(void*) - 1) / sizeof(void*);
+static unsigned char* Take(uint32_t size) {
+    unsigned char* const block = (unsigned char*)(arena + used) + 1;
+    used += (1 + size + sizeof(void*) - 1) / sizeof(void*);
     CHECK(used <= sizeof(arena) / sizeof(arena[0]));
     memset(block, 0xA5, size);
     return block;
+}
+
+static unsigned char* PointerAt(const unsigned char* place) {
+    unsigned char* pointer = NULL;
+    memcpy(&pointer, place, sizeof(pointer));
+    return pointer;
 }
 
 int32_t WFMAllocateBuffer(uint32_t size, uint32_t flags, void** block) {
@@ -156,9 +162,8 @@ int32_t WFMAllocateBuffer(uint32_t size, uint32_t flags, void** block) {
 }
 
 int32_t WFMAllocateMore(uint32_t size, void* original, void** block) {
-    CHECK(original == arena);
-    CHECK((unsigned char*)block >= (unsigned char*)arena);
-    CHECK((unsigned char*)block < (unsigned char*)(arena + used));
+    CHECK(original == (unsigned char*)arena + 1);
+    CHECK((uintptr_t)block % sizeof(void*) == 0);
     *block = Take(size);
     return 0;
 }
@@ -190,7 +195,12 @@ int main(int count, char** arguments) {
 
     memcpy((unsigned char*)outer + 3 * sizeof(void*) + 88, &event, sizeof(event));
     CHECK(SlotsOf(outer)->getMixTypes(outer, &list) == 0);
-    CHECK(list == arena && arena[9] != NULL && arena[10] == NULL);
+    CHECK(list == (unsigned char*)arena + 1);
+    const unsigned char* const places = list;
+    const unsigned char* const last = PointerAt(places + 9 * sizeof(void*));
+    CHECK(last[0] == 10 && last[2] == 1 && last[4] == 3 && last[6] == 0xA5);
+    CHECK(strcmp((const char*)PointerAt(last + 8), "Varnholt Maximum Notes") == 0);
+    CHECK(PointerAt(places + 10 * sizeof(void*)) == NULL);
 
     library.destroy();
     SlotsOf(objects[1])->destroy(objects[1], 1);

@@ -66,6 +66,20 @@ TEST_P(Catalogue, ListsTheTenMixes) {
     EXPECT_EQ(0U, Entry(kMixes));
 }
 
+TEST_P(Catalogue, IsTheSameInBlocksAtAnyAddress) {
+    for (unsigned shift = 1; shift < 4; ++shift) {
+        Reload();
+        TheTerminal().blockShift = shift;
+        ASSERT_EQ(0U, Ask());
+        EXPECT_EQ(shift, List() % 4);
+        for (std::uint32_t index = 0; index < kMixes; ++index) {
+            EXPECT_EQ(shift, Entry(index) % 4);
+            ExpectEntry(index);
+        }
+        EXPECT_EQ(0U, Entry(kMixes));
+    }
+}
+
 TEST_P(Catalogue, SetsTheEventThenAsksTheManagerForOneList) {
     ASSERT_EQ(0U, Ask());
     std::vector<std::string> expected{"event 0xcafe01 operation 3", "buffer 44 flags 3"};

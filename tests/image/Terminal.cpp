@@ -227,7 +227,8 @@ std::uint32_t Terminal::AllocateBuffer(const Arguments& arguments) {
     if (IsRefused("WFMAllocateBuffer")) {
         return kManagerOutOfMemory;
     }
-    const std::uint32_t block = machine_->Memory().Allocate(arguments[0], Rights::ReadWrite);
+    const std::uint32_t block =
+        machine_->Memory().Allocate(arguments[0], Rights::ReadWrite, blockShift);
     constexpr std::uint32_t kCleared = 2;
     if ((arguments[1] & kCleared) != 0) {
         machine_->WriteForModule(block, Bytes(arguments[0]));
@@ -245,7 +246,8 @@ std::uint32_t Terminal::AllocateMore(const Arguments& arguments) {
     if (IsRefused("WFMAllocateMore")) {
         return kManagerOutOfMemory;
     }
-    const std::uint32_t block = machine_->Memory().Allocate(arguments[0], Rights::ReadWrite);
+    const std::uint32_t block =
+        machine_->Memory().Allocate(arguments[0], Rights::ReadWrite, blockShift);
     lists_[block] = arguments[1];
     machine_->WriteWordForModule(arguments[2], block);
     return kFound;

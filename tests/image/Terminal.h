@@ -40,7 +40,8 @@ public:
     std::map<Key, std::map<std::string, Value>> registry;
     std::vector<std::string> calls;  ///< what was asked for, in order
     std::set<std::uint32_t> openKeys;
-    std::string complaint;  ///< a call that no system would take; empty when there was none
+    unsigned blockShift = 0;  ///< how far the manager's blocks lie behind an aligned address
+    std::string complaint;    ///< a call that no system would take; empty when there was none
 
     /// The five bytes of the last error code; empty when there is none.
     std::string ErrorCode() const;

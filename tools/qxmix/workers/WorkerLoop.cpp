@@ -34,8 +34,9 @@ Catalogue ListTypes(ModuleLibrary& library) {
         ++catalogue.recordCount;
         if (catalogue.returned == 0) {
             const WFSCDMMIXTYPE& type = **entry;
-            const char* const name = type.lpszName == nullptr ? "" : type.lpszName;
-            catalogue.entries.push_back({type.usMixNumber, type.usMixType, type.usSubType, name});
+            const char* const name = type.lpszName;
+            catalogue.entries.push_back(
+                {type.usMixNumber, type.usMixType, type.usSubType, name == nullptr ? "" : name});
         }
     }
     WFMFreeBuffer(list);
