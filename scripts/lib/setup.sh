@@ -41,8 +41,8 @@ jobs=$(nproc)
 # By purpose; a script names the groups that it needs.
 packages_build="g++ cmake ninja-build pkg-config libcli11-dev nlohmann-json3-dev"
 packages_test="$packages_build g++-i686-linux-gnu libgtest-dev libgmock-dev googletest binutils \
-  python3 python3-jsonschema parallel rsync scdoc dpkg-dev file"
-packages_checks="clang clang-format clang-tidy libclang-rt-14-dev cppcheck valgrind zsh fish"
+  python3 python3-jsonschema parallel rsync scdoc zsh fish dpkg-dev file"
+packages_checks="clang clang-format clang-tidy libclang-rt-14-dev cppcheck valgrind"
 
 # Installs what is missing of the packages given, or says in one line how to.
 need_packages() {

@@ -8,6 +8,7 @@ import resource
 import shutil
 import signal
 import subprocess
+import sys
 import tempfile
 import time
 
@@ -83,7 +84,7 @@ class SmallDisk:
                 pass
 
     def make_read_only(self):
-        subprocess.run(["mount", "-o", "remount,ro", self.folder], check=True)
+        subprocess.run(["mount", "-o", "remount,bind,ro", self.folder], check=True)
 
     def __exit__(self, *_):
         if self.is_mounted:
@@ -95,7 +96,7 @@ def check_disks(tool, checks):
     for words in WRITERS:
         with SmallDisk() as disk:
             if disk is None:
-                print("SKIPPED full and read-only disks: mounting one needs root")
+                checks.skip("full and read-only disks: nobody may mount one here")
                 return
             place = disk.folder / words[-1]
             is_appended = "--record" in words
@@ -236,5 +237,14 @@ def check_standard_output(tool, checks):
     checks.check("no file of that name", not (tool.folder / "-").exists())
 
 
+def become_who_may_mount():
+    """Others than root begin anew as root of a name space of their own, where the system lets them."""
+    own = ["unshare", "--map-root-user", "--mount"]
+    if os.geteuid() != 0 and shutil.which("unshare") and subprocess.run(
+            [*own, "true"], capture_output=True, check=False).returncode == 0:
+        os.execvp(own[0], [*own, sys.executable, *sys.argv])
+
+
+become_who_may_mount()
 run_parts(check_devices_and_folders, check_disks, check_largest_file, check_write_protected,
           check_links, check_signals, check_standard_output)

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """The tool's help: its examples run, the manual page says the same, and shells complete it.
 
-Steps whose program is missing (scdoc, zsh, fish) are skipped with a line that says so.
+Without one of the programs scdoc, zsh and fish the test is shown as skipped.
 """
 
 import json
@@ -93,7 +93,7 @@ def check_manual(tool, checks, commands, source):
         checks.check("scdoc takes the page", ending.returncode == 0 and b".SH EXIT STATUS" in ending.stdout,
                      ending.stderr.decode())
     else:
-        print("skipped: scdoc is missing")
+        checks.skip("scdoc is missing")
 
 
 def complete_in_bash(tool, words):
@@ -136,7 +136,7 @@ def check_bash(tool, checks, commands):
 
 def check_fish(tool, checks, commands):
     if not shutil.which("fish"):
-        print("skipped: fish is missing")
+        checks.skip("fish is missing")
         return
     (tool.folder / "completions.fish").write_text(tool.run(["completions", "fish"])[1])
     def offered(line):
@@ -158,7 +158,7 @@ def check_zsh(tool, checks):
     (tool.folder / "_qxmix").write_text(script)
     checks.check("zsh: mixes", f"'--mix[mix to ask, or all]:N:({' '.join(MIXES)})'" in script, script)
     if not shutil.which("zsh"):
-        print("skipped: zsh is missing")
+        checks.skip("zsh is missing")
         return
     ending = subprocess.run(["zsh", "-f", "-n", "_qxmix"], cwd=tool.folder, capture_output=True,
                             text=True, check=False)

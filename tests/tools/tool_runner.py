@@ -82,6 +82,7 @@ class Checks:
     def __init__(self):
         self.passed = 0
         self.failed = 0
+        self.skipped = 0
 
     def check(self, name, holds, detail=""):
         if holds:
@@ -93,9 +94,14 @@ class Checks:
     def equal(self, name, actual, expected):
         self.check(name, actual == expected, f"--- expected\n{expected}\n--- got\n{actual}")
 
+    def skip(self, reason):
+        """What could not be checked here: the whole test is then shown as skipped, unless it fails."""
+        self.skipped += 1
+        print(f"SKIPPED: {reason}")
+
     def finish(self):
-        print(f"{self.passed} passed, {self.failed} failed")
-        sys.exit(1 if self.failed or not self.passed else 0)
+        print(f"{self.passed} passed, {self.failed} failed, {self.skipped} skipped")
+        sys.exit(1 if self.failed or not self.passed else 77 if self.skipped else 0)
 
 
 def run_parts(*parts):
