@@ -1,8 +1,8 @@
 #include "ImageTest.h"
 #include "JoinedImage.h"
+#include "RunWords.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <ostream>
 
@@ -68,10 +68,8 @@ private:
         const std::string library = PathOf(GetParam().library);
         const std::string importLibrary = library.substr(0, library.size() - 3) + "lib";
         const std::string said = folder_ + "/said";
-        const std::string command = std::string(MAKE_HOSTS) + " " + GetParam().name + " " +
-                                    folder_ + " " + importLibrary + " " + MAKE_IMAGE + " >" + said +
-                                    " 2>&1";
-        const int status = std::system(command.c_str());
+        const int status =
+            RunWords({MAKE_HOSTS, GetParam().name, folder_, importLibrary, MAKE_IMAGE}, said);
         const Bytes text = FileOf(said);
         constexpr int kSkipped = 77;
         if (WIFEXITED(status) && WEXITSTATUS(status) == kSkipped) {

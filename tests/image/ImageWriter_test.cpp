@@ -3,10 +3,10 @@
 #include "ImageError.h"
 #include "OutputFile.h"
 #include "PeFormat.h"
+#include "RunWords.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <functional>
 
@@ -206,9 +206,7 @@ protected:
 
     /// Runs the writer as a build does; returns its exit status.
     int Run(const std::string& input, const std::string& output) const {
-        const std::string command =
-            std::string(MAKE_IMAGE) + " " + input + " " + output + " 2>" + In("said");
-        return WEXITSTATUS(std::system(command.c_str()));
+        return WEXITSTATUS(RunWords({MAKE_IMAGE, input, output}, In("said")));
     }
 
     std::string Said() const {

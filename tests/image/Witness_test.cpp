@@ -1,5 +1,6 @@
 #include "ImageTest.h"
 #include "Requests.h"
+#include "RunWords.h"
 
 #include "witness/PlayRequests.h"
 
@@ -50,10 +51,9 @@ protected:
 
     /// Runs a script of the folder `witness`; true when it has answered.
     void Ask(const std::string& script, Target target) {
-        const std::string command = std::string(WITNESS_FOLDER) + "/" + script + " " +
-                                    PathOf(target) + " " + In("questions") + " " + In("answers") +
-                                    " >" + In("said") + " 2>&1";
-        const int status = std::system(command.c_str());
+        const int status = RunWords({std::string(WITNESS_FOLDER) + "/" + script, PathOf(target),
+                                     In("questions"), In("answers")},
+                                    In("said"));
         const Bytes said = FileOf(In("said"));
         const std::string text(said.begin(), said.end());
         constexpr int kSkipped = 77;

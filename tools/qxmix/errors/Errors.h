@@ -20,7 +20,7 @@ enum class ExitStatus : int {
 /// end.
 class ToolError : public std::runtime_error {
 public:
-    ToolError(ExitStatus exitStatus, std::string line)
+    ToolError(ExitStatus exitStatus, std::string line)  // cppcheck-suppress passedByValue; changed
         : std::runtime_error(WithoutZeros(line)), exitStatus_(exitStatus) {}
 
     ExitStatus Status() const noexcept { return exitStatus_; }

@@ -38,7 +38,7 @@ inline bool IsFirstFitEndless(const std::vector<Unit>& kept, std::uint32_t amoun
         }
     }
     const std::uint32_t power = valueBits & (0U - valueBits);
-    return rest % power != 0;
+    return rest % power != 0;  // cppcheck-suppress zerodiv; no value of the three is 0
 }
 
 }  // namespace qxmix

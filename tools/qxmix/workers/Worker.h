@@ -22,7 +22,7 @@ struct Ending {
 /// A calculation and how it ended; the calculation's content counts only when it was answered.
 struct Reply {
     Ending ending;
-    Calculation calculation;
+    Calculation calculation{};  ///< all zero without an answer
 };
 
 /// Takes the module's trace lines one by one.
