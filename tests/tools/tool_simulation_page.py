@@ -227,6 +227,19 @@ def check_large(tool, browser, checks):
     checks.equal("large: all statuses have changed", changes, ["empty"] * 3)
 
 
+def check_days_of_weeks(tool, browser, checks):
+    (tool.folder / "days.csv").write_text("time,amount\nw1 Tue 09:46,50\nw2 Mon 09:47,50\n")
+    tool.run(["simulate", "EUR:50x9", "--demand", "days.csv", "--mixes", "1", "--output", "days.html"])
+    browser.open(tool.folder / "days.html")
+    checks.equal("days of weeks: no complaints", browser.complaints(), [])
+    browser.run(plot(1) + ".focus()")
+    browser.press("End")
+    checks.equal("days of weeks: no date is needed", browser.run(DETAILS)[0],
+                 "w2 Mon 09:47, 50 EUR, mix 1: paid")
+    checks.check("days of weeks: recorded", "; recorded" in
+                 browser.run("document.getElementById('asked').textContent"))
+
+
 def check_worst_letters(tool, browser, checks):
     words = ["simulate", "examples/euro.json", "--demand", "examples/week.json", "--mixes", "2"]
     tool.run(words + ["--output", "week.html"])
@@ -274,6 +287,7 @@ def check_page(tool, browser, checks, pictures):
     check_pictures(browser, checks, path, pictures)
     check_runs(tool, browser, checks)
     check_large(tool, browser, checks)
+    check_days_of_weeks(tool, browser, checks)
     check_worst_letters(tool, browser, checks)
 
 

@@ -2,6 +2,7 @@
 #include "demand/Demand.h"
 #include "demand/Lots.h"
 #include "demand/RecordedDemand.h"
+#include "text/Dates.h"
 
 #include <gtest/gtest.h>
 
@@ -22,7 +23,7 @@ DemandPattern Pattern() {
 Demand Recorded(const std::string& content) {
     Dispenser dispenser;
     dispenser.currency = "EUR";
-    return ReadRecordedDemand({"list.csv", content}, dispenser);
+    return ReadRecordedDemand("list.csv", content, dispenser, RecordedSheet());
 }
 
 /// Gives the numbers that it was made of, one after the other.
@@ -93,52 +94,66 @@ TEST(DrawDemand, SortsEachDay) {
     }
 }
 
-TEST(DemandTime, KnowsEveryDayOfTheCalendar) {
-    std::int64_t before = *ParseDate("1999-12-31");
-    EXPECT_EQ(*ParseDate("1970-01-01"), 0);
-    EXPECT_EQ(*ParseDate("2026-11-21"), 20778);
-    for (const char* next : {"2000-01-01", "2000-01-02"}) {
-        EXPECT_EQ(*ParseDate(next), ++before) << next;
-    }
-    EXPECT_EQ(*ParseDate("2000-03-01") - *ParseDate("2000-02-28"), 2);
-    EXPECT_EQ(*ParseDate("2100-03-01") - *ParseDate("2100-02-28"), 1);
-    EXPECT_EQ(*ParseDate("2024-12-31") - *ParseDate("2024-01-01"), 365);
+TEST(Dates, KnowEveryDayOfTheCalendar) {
+    std::int64_t before = *DayNumber({1999, 12, 31});
+    EXPECT_EQ(*DayNumber({1970, 1, 1}), 0);
+    EXPECT_EQ(*DayNumber({2026, 11, 21}), 20778);
+    EXPECT_EQ(*DayNumber({2000, 1, 1}), ++before);
+    EXPECT_EQ(*DayNumber({2000, 1, 2}), ++before);
+    EXPECT_EQ(*DayNumber({2000, 3, 1}) - *DayNumber({2000, 2, 28}), 2);
+    EXPECT_EQ(*DayNumber({2100, 3, 1}) - *DayNumber({2100, 2, 28}), 1);
+    EXPECT_EQ(*DayNumber({2024, 12, 31}) - *DayNumber({2024, 1, 1}), 365);
 }
 
-TEST(DemandTime, NamesTheDayThatItRead) {
-    for (const char* date : {"0001-01-01", "1969-12-31", "2000-02-29", "2023-03-01", "2024-02-29",
-                             "2025-01-31", "2025-12-31", "2400-02-29", "9999-12-31"}) {
-        EXPECT_EQ(DemandCalendar(ParseDate(date), 1).FirstDayText(), date);
+TEST(Dates, NameTheDayThatTheyWere) {
+    for (const Date& date :
+         {Date{1, 1, 1}, Date{1969, 12, 31}, Date{2000, 2, 29}, Date{2023, 3, 1}, Date{2024, 2, 29},
+          Date{2025, 1, 31}, Date{2400, 2, 29}, Date{9999, 12, 31}}) {
+        const Date again = DateOf(*DayNumber(date));
+        EXPECT_EQ(again.year, date.year);
+        EXPECT_EQ(again.month, date.month);
+        EXPECT_EQ(again.day, date.day);
     }
 }
 
-TEST(DemandTime, RefusesDaysThatThereAreNot) {
-    for (const char* date : {"2023-02-29", "2100-02-29", "2023-04-31", "2023-00-10", "2023-13-01",
-                             "2023-01-00", "2023-01-32", "0000-01-01", "23-01-01", "2023-1-01",
-                             "2023-01", "2023-01-01-01", "2023-01--1", "+023-01-01", ""}) {
-        EXPECT_FALSE(ParseDate(date)) << date;
+TEST(Dates, RefuseDaysThatThereAreNot) {
+    for (const Date& date : {Date{2023, 2, 29}, Date{2100, 2, 29}, Date{2023, 4, 31},
+                             Date{2023, 0, 10}, Date{2023, 13, 1}, Date{2023, 1, 0},
+                             Date{2023, 1, 32}, Date{0, 1, 1}, Date{10000, 1, 1}}) {
+        EXPECT_FALSE(DayNumber(date)) << date.year << " " << date.month << " " << date.day;
     }
-    for (const char* time : {"24:00", "12:60", "12:00:60", "1:00", "12", "12:00:00:00", "-1:00"}) {
-        EXPECT_FALSE(ParseTimeOfDay(time)) << time;
-    }
-    EXPECT_EQ(*ParseTimeOfDay("23:59:59"), 86399);
-    EXPECT_EQ(*ParseTimeOfDay("00:01"), 60);
 }
 
-TEST(DemandTime, NamesWeeksOnlyWhereThereAreSeveral) {
+TEST(DemandCalendar, NamesWeeksOnlyWhereThereAreSeveral) {
     const DemandCalendar week(std::nullopt, 7);
     const DemandCalendar longer(std::nullopt, 8);
     EXPECT_EQ(week.Text(6 * 86400 + 18 * 3600 + 13 * 60 + 59), "Sun 18:13");
     EXPECT_EQ(longer.Text(0), "w1 Mon 00:00");
     EXPECT_EQ(longer.Text(7 * 86400), "w2 Mon 00:00");
-    const DemandCalendar dated(ParseDate("2026-12-31"), 2);
+    const DemandCalendar dated(DayNumber({2026, 12, 31}), 2);
     EXPECT_EQ(dated.Text(86400 + 60), "2027-01-01 00:01");
     EXPECT_EQ(dated.ShortText(86400 + 60), "01-01 00:01");
+    EXPECT_EQ(dated.FirstDayText(), "2026-12-31");
+}
+
+/// The times of the withdrawals and what was noted.
+using Read = std::pair<std::vector<std::int64_t>, std::vector<std::string>>;
+
+Read TimesAndNotes(const std::string& content) {
+    const Demand demand = Recorded(content);
+    Read read;
+    for (const Withdrawal& withdrawal : demand.withdrawals) {
+        read.first.push_back(withdrawal.time);
+    }
+    for (const Finding& note : demand.notes) {
+        EXPECT_EQ(note.severity, Severity::Note);
+        read.second.push_back(note.id + " " + note.message);
+    }
+    return read;
 }
 
 TEST(RecordedDemand, ReadsColumnsByTheirNames) {
-    const Demand demand = Recorded("\xEF\xBB\xBF"
-                                   "currency,amount,time\r\n\r\nUSD, 50 ,2026-01-02 10:00\r\n"
+    const Demand demand = Recorded("currency,amount,time\r\n\r\nUSD, 50 ,2026-01-02 10:00\r\n"
                                    ",\"20\",2026-01-03T00:00:01");
     ASSERT_EQ(demand.withdrawals.size(), 2U);
     EXPECT_EQ(demand.withdrawals[0].time, 36000);
@@ -148,21 +163,60 @@ TEST(RecordedDemand, ReadsColumnsByTheirNames) {
     EXPECT_EQ(demand.withdrawals[1].time, 86401);
     EXPECT_EQ(demand.withdrawals[1].currency, 0U);
     EXPECT_FALSE(demand.seed);
+    EXPECT_TRUE(demand.notes.empty());
+}
+
+TEST(RecordedDemand, SortsRowsAndSaysSo) {
+    EXPECT_EQ(
+        TimesAndNotes("time,amount\n2026-01-02 10:00,1\n2026-01-01 09:00,2\n"
+                      "2026-01-03 00:00,3\n2026-01-01 09:00,4\n"),
+        (Read{{32400, 32400, 122400, 172800},
+              {"QX701 list.csv:3: 2 rows stand below a later one; all were sorted by time"}}));
+    const Demand demand = Recorded("time,amount\n1969-12-31 10:00,1\n1969-12-30 09:00,2\n"
+                                   "1969-12-30 09:00,3\n");
+    EXPECT_EQ(demand.calendar.Text(demand.withdrawals[0].time), "1969-12-30 09:00");
+    EXPECT_EQ(demand.withdrawals[0].amount, 2U) << "rows of one time keep their order";
+    EXPECT_EQ(demand.withdrawals[1].amount, 3U);
+    EXPECT_EQ(demand.withdrawals[2].amount, 1U);
+}
+
+TEST(RecordedDemand, SaysWhichColumnsItPassesOver) {
+    EXPECT_EQ(TimesAndNotes("card,time,amount,branch\nx,2026-01-02 10:00,1,y\n"),
+              (Read{{36000}, {"QX702 list.csv: columns passed over: card, branch"}}));
+}
+
+TEST(RecordedDemand, CountsDaysOfTheWeekFromTheFirstMonday) {
+    const Demand week = Recorded("time,amount\nTue 00:01,1\nSun 00:00,1\n");
+    EXPECT_EQ(week.withdrawals[0].time, 86460);
+    EXPECT_EQ(week.calendar.Text(86460), "Tue 00:01");
+    const Demand weeks = Recorded("time,amount\nw1 Tue 00:01,1\nw2 Mon 00:00,1\n");
+    EXPECT_EQ(weeks.calendar.Text(86460), "w1 Tue 00:01");
+    EXPECT_EQ(weeks.withdrawals[1].time, 7 * 86400);
+}
+
+TEST(RecordedDemand, ReadsMoneyWhereOneAmountHasDecimals) {
+    Dispenser dispenser;
+    dispenser.currency = "CHF";
+    dispenser.exponent = -2;
+    const Demand demand = ReadRecordedDemand(
+        "list.csv", "time;amount\nMon 10:00;70\nMon 11:00;70,50", dispenser, RecordedSheet());
+    EXPECT_EQ(demand.withdrawals[0].amount, 7000U);
+    EXPECT_EQ(demand.withdrawals[1].amount, 7050U);
+    ASSERT_EQ(demand.notes.size(), 1U);
+    EXPECT_EQ(demand.notes[0].message,
+              "list.csv: amounts are read as money in CHF, since one is 70,50");
 }
 
 TEST(RecordedDemand, SaysWhatIsWrongAndWhere) {
-    EXPECT_EQ(ErrorText([] { Recorded("time\n"); }),
-              "list.csv:1: no column amount; expected time,amount,currency");
-    EXPECT_EQ(ErrorText([] { Recorded("time,time,amount\n"); }),
-              "list.csv:1: column time given twice; expected once");
-    EXPECT_EQ(ErrorText([] { Recorded("time,amont\n"); }),
-              "list.csv:1: unknown column \"amont\"; did you mean \"amount\"?");
-    EXPECT_EQ(ErrorText([] { Recorded("time,amount\n\n2026-01-01 10:00,4294967296\n"); }),
-              "list.csv:3: amount: 4294967296 is not allowed; expected 0 to 4294967295 in units of "
+    EXPECT_EQ(ErrorText([] { Recorded("time,amount\n\n\"2026-01-01 10:00\",\"5\n0\"\n"); }),
+              "list.csv:3: amount: 5\n0 is not allowed; expected 0 to 4294967295 in units of "
               "1 EUR");
     EXPECT_EQ(ErrorText([] { Recorded("time,amount\n2026-01-01x10:00,1\n"); }),
               "list.csv:2: time: 2026-01-01x10:00 is not allowed; expected a time such as "
               "2026-11-16 09:46");
+    EXPECT_EQ(ErrorText([] { Recorded("time,amount,currency\n2026-01-01 10:00,1,Euro\n"); }),
+              "list.csv:2: currency: Euro is not allowed; expected three capital letters such as "
+              "EUR");
     EXPECT_EQ(ErrorText([] { Recorded("time,amount\n"); }),
               "list.csv: no withdrawals; expected the columns time,amount,currency and a line for "
               "each, or JSON");

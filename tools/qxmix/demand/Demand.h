@@ -1,6 +1,7 @@
 #pragma once
 
-#include "DemandTime.h"
+#include "DemandCalendar.h"
+#include "findings/Findings.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -26,6 +27,7 @@ struct Demand {
     std::vector<std::string> currencies;  ///< the first is the dispenser's
     DemandCalendar calendar;
     std::optional<std::uint32_t> seed;  ///< none: it was recorded
+    std::vector<Finding> notes;         ///< how a record was read
 };
 
 /// How a demand is drawn: the content of a demand file.

@@ -4,6 +4,7 @@
 #include "files/InputFile.h"
 #include "json/JsonFields.h"
 #include "json/JsonText.h"
+#include "sheets/SheetText.h"
 
 #include <algorithm>
 
@@ -81,16 +82,19 @@ DemandPattern ReadPattern(const Json& json, const std::string& file) {
 
 }  // namespace
 
-std::variant<DemandPattern, Demand> OpenDemand(const std::string& name,
-                                               const Dispenser& dispenser) {
+std::variant<DemandPattern, Demand>
+OpenDemand(const std::string& name, const Dispenser& dispenser, const SheetOptions& options) {
     const InputFile file = ReadInput(name);
-    const std::size_t first = file.content.find_first_not_of(" \t\r\n");
-    const bool isJson =
-        first != std::string::npos && (file.content[first] == '{' || file.content[first] == '[');
-    if (isJson) {
-        return ReadPattern(ParseJson(file.content, file.name), file.name);
+    const std::string text = SheetText(file);
+    const std::size_t first = text.find_first_not_of(" \t\r\n");
+    const bool isJson = first != std::string::npos && (text[first] == '{' || text[first] == '[');
+    if (!isJson) {
+        return ReadRecordedDemand(file.name, text, dispenser, options);
     }
-    return ReadRecordedDemand(file, dispenser);
+    if (const std::string given = GivenSheetOption(options); !given.empty()) {
+        throw InputError(given + ": given for withdrawals that are drawn; expected recorded ones");
+    }
+    return ReadPattern(ParseJson(text, file.name), file.name);
 }
 
 }  // namespace qxmix

@@ -2,6 +2,7 @@
 
 #include "Demand.h"
 #include "dispenser/Dispenser.h"
+#include "sheets/SheetOptions.h"
 
 #include <string>
 #include <variant>
@@ -13,7 +14,9 @@ namespace qxmix {
 ///
 /// @param name       a file, or "-" for standard input.
 /// @param dispenser  whose amounts and currency they are.
+/// @param options    how a list is read; given for JSON they are an error.
 /// @throw InputError
-std::variant<DemandPattern, Demand> OpenDemand(const std::string& name, const Dispenser& dispenser);
+std::variant<DemandPattern, Demand>
+OpenDemand(const std::string& name, const Dispenser& dispenser, const SheetOptions& options);
 
 }  // namespace qxmix

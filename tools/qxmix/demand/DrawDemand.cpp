@@ -1,17 +1,11 @@
 #include "Demand.h"
 #include "Lots.h"
+#include "text/Dates.h"
 
 #include <algorithm>
 #include <random>
 
 namespace qxmix {
-
-namespace {
-
-constexpr std::uint64_t kSecondsInHour = 3600;
-constexpr std::int64_t kSecondsInDay = 86400;
-
-}  // namespace
 
 Demand DrawDemand(const DemandPattern& pattern, std::uint32_t seed, const std::string& currency) {
     const std::vector<std::uint64_t> hours(pattern.hours.begin(), pattern.hours.end());
@@ -29,10 +23,9 @@ Demand DrawDemand(const DemandPattern& pattern, std::uint32_t seed, const std::s
         const auto firstOfDay = static_cast<std::ptrdiff_t>(demand.withdrawals.size());
         for (std::uint32_t count = 0; count < pattern.perDay; ++count) {
             Withdrawal withdrawal;
-            const std::uint64_t hour = lots.Pick(hours);
-            withdrawal.time =
-                day * kSecondsInDay +
-                static_cast<std::int64_t>(hour * kSecondsInHour + lots.Below(kSecondsInHour));
+            const auto hour = static_cast<std::int64_t>(lots.Pick(hours));
+            withdrawal.time = day * kSecondsInDay + hour * kSecondsInHour +
+                              static_cast<std::int64_t>(lots.Below(kSecondsInHour));
             withdrawal.amount = pattern.amounts[lots.Pick(amounts)].amount;
             demand.withdrawals.push_back(withdrawal);
         }

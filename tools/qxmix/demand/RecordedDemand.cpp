@@ -1,10 +1,11 @@
 #include "RecordedDemand.h"
 
 #include "errors/Errors.h"
-#include "errors/NearestName.h"
+#include "findings/RuleTexts.h"
 #include "json/JsonFields.h"
-#include "options/AskOptions.h"
-#include "text/TextList.h"
+#include "sheets/AmountColumn.h"
+#include "sheets/TimeColumn.h"
+#include "text/Dates.h"
 
 #include <algorithm>
 
@@ -12,144 +13,148 @@ namespace qxmix {
 
 namespace {
 
-constexpr std::int64_t kSecondsInDay = 86400;
-constexpr std::size_t kNone = static_cast<std::size_t>(-1);
-const std::vector<std::string> kColumns = {"time", "amount", "currency"};
-constexpr const char* kTimeExpected = "a time such as 2026-11-16 09:46";
+enum Wanted : std::size_t { kTime, kAmount, kCurrency };
 
-/// Reads the lines of one file.
-class RecordedLines {
+/// The midnight at or before a time, in days.
+std::int64_t DayOfTime(std::int64_t time) {
+    return (time - (time % kSecondsInDay + kSecondsInDay) % kSecondsInDay) / kSecondsInDay;
+}
+
+Finding Note(const char* id, const std::string& message) {
+    Finding note = FindingOf(id);
+    note.message = message;
+    return note;
+}
+
+/// Reads the rows of one sheet.
+class RecordedRows {
 public:
-    RecordedLines(const InputFile& file, const Dispenser& dispenser)
-        : dispenser_(dispenser), file_(file.name) {
+    RecordedRows(std::string file, const Dispenser& dispenser, const SheetOptions& options)
+        : dispenser_(dispenser), file_(std::move(file)), times_(file_, options.dates),
+          amounts_(file_, dispenser) {
         demand_.currencies = {dispenser.currency};
-        const bool hasMark = file.content.compare(0, 3, "\xEF\xBB\xBF") == 0;
-        for (const std::string& line : Split(file.content.substr(hasMark ? 3 : 0), '\n')) {
-            ++number_;
-            const std::string text = line.substr(0, line.find_last_not_of(" \t\r") + 1);
-            if (text.empty()) {
-                continue;
-            }
-            if (places_.empty()) {
-                ReadNames(Fields(text));
-            } else {
-                ReadWithdrawal(Fields(text));
-            }
+    }
+
+    Demand Read(const std::string& text, const std::vector<WantedColumn>& wanted) {
+        SheetColumns columns = FindColumns(file_, text, wanted);
+        std::vector<SheetCell> row;
+        while (columns.rows.Next(row)) {
+            columns.CheckLength(row, file_);
+            Take(columns, row);
         }
-        if (demand_.withdrawals.empty()) {
+        if (lines_.empty()) {
             throw InputError(file_ + ": no withdrawals; expected the columns time,amount,currency "
                                      "and a line for each, or JSON");
         }
-    }
-
-    Demand Taken() {
-        const std::int64_t days = demand_.withdrawals.back().time / kSecondsInDay + 1;
-        demand_.calendar = DemandCalendar(firstDay_, days);
+        if (!columns.others.empty()) {
+            demand_.notes.push_back(
+                Note("QX702", file_ + ": columns passed over: " + HeadingList(columns.others)));
+        }
+        Fill();
+        Sort();
         return std::move(demand_);
     }
 
 private:
-    std::string Here() const { return file_ + ":" + std::to_string(number_); }
-
-    static std::string Unquoted(const std::string& text) {
-        const std::size_t first = text.find_first_not_of(" \t");
-        if (first == std::string::npos) {
-            return "";
-        }
-        const std::string bare = text.substr(first, text.find_last_not_of(" \t") - first + 1);
-        const bool isQuoted = bare.size() >= 2 && bare.front() == '"' && bare.back() == '"';
-        return isQuoted ? bare.substr(1, bare.size() - 2) : bare;
-    }
-
-    static std::vector<std::string> Fields(const std::string& line) {
-        std::vector<std::string> fields = Split(line, ',');
-        std::transform(fields.begin(), fields.end(), fields.begin(), &Unquoted);
-        return fields;
-    }
-
-    void ReadNames(const std::vector<std::string>& names) {
-        for (const std::string& name : names) {
-            if (std::find(kColumns.begin(), kColumns.end(), name) == kColumns.end()) {
-                throw InputError(Here() + ": unknown column \"" + name + "\"" +
-                                 DidYouMean(name, kColumns));
-            }
-            if (std::count(names.begin(), names.end(), name) > 1) {
-                throw InputError(Here() + ": column " + name + " given twice; expected once");
-            }
-        }
-        for (const std::string& column : kColumns) {
-            const auto at = std::find(names.begin(), names.end(), column);
-            const bool isThere = at != names.end();
-            if (!isThere && column != "currency") {
-                throw InputError(Here() + ": no column " + column +
-                                 "; expected time,amount,currency");
-            }
-            places_.push_back(isThere ? static_cast<std::size_t>(at - names.begin()) : kNone);
-        }
-        columnCount_ = names.size();
-    }
-
-    void ReadWithdrawal(const std::vector<std::string>& fields) {
-        if (fields.size() != columnCount_) {
-            throw InputError(Here() + ": " + std::to_string(fields.size()) + " columns; expected " +
-                             std::to_string(columnCount_));
-        }
-        if (demand_.withdrawals.size() == kMostWithdrawals) {
-            throw InputError(Here() + ": too many withdrawals; expected at most " +
+    void Take(const SheetColumns& columns, const std::vector<SheetCell>& row) {
+        const SheetCell& time = columns.CellOf(row, kTime);
+        if (lines_.size() == kMostWithdrawals) {
+            throw InputError(Here(time) + "too many withdrawals; expected at most " +
                              std::to_string(kMostWithdrawals));
         }
-        Withdrawal withdrawal;
-        withdrawal.time = Time(fields[places_[0]]);
-        withdrawal.amount = ParseAmount(fields[places_[1]], Here() + ": amount", dispenser_);
-        const std::string currency = places_[2] == kNone ? "" : fields[places_[2]];
-        withdrawal.currency = currency.empty() ? 0 : CurrencyPlace(currency);
-        demand_.withdrawals.push_back(withdrawal);
+        times_.Add(time.text, time.line);
+        const SheetCell& amount = columns.CellOf(row, kAmount);
+        amounts_.Add(amount.text, amount.line);
+        currencies_.push_back(CurrencyPlace(columns.CellOf(row, kCurrency)));
+        lines_.push_back(time.line);
     }
 
-    std::int64_t Time(const std::string& text) {
-        constexpr std::size_t kDateLength = 10;
-        const bool isSplit =
-            text.size() > kDateLength && (text[kDateLength] == ' ' || text[kDateLength] == 'T');
-        const auto day = isSplit ? ParseDate(text.substr(0, kDateLength)) : std::nullopt;
-        const auto time = isSplit ? ParseTimeOfDay(text.substr(kDateLength + 1)) : std::nullopt;
-        if (!day || !time) {
-            throw InputError(Here() + ": time: " + NotAllowed(text, kTimeExpected));
-        }
-        firstDay_ = firstDay_.value_or(*day);
-        const std::int64_t seconds = (*day - *firstDay_) * kSecondsInDay + *time;
-        if (!demand_.withdrawals.empty() && seconds < demand_.withdrawals.back().time) {
-            throw InputError(Here() + ": time: " + text +
-                             " is before the withdrawal above it; expected the order of time");
-        }
-        return seconds;
+    std::string Here(const SheetCell& cell) const {
+        return file_ + ":" + std::to_string(cell.line) + ": ";
     }
 
-    std::size_t CurrencyPlace(const std::string& currency) {
-        if (!IsCurrency(currency)) {
-            throw InputError(Here() + ": currency: " + NotAllowed(currency, kCurrencyExpected));
+    std::size_t CurrencyPlace(const SheetCell& cell) {
+        if (cell.text.empty()) {
+            return 0;
+        }
+        if (!IsCurrency(cell.text)) {
+            throw InputError(Here(cell) + "currency: " + NotAllowed(cell.text, kCurrencyExpected));
         }
         auto& known = demand_.currencies;
-        const auto at = std::find(known.begin(), known.end(), currency);
+        const auto at = std::find(known.begin(), known.end(), cell.text);
         const auto place = static_cast<std::size_t>(at - known.begin());
         if (at == known.end()) {
-            known.push_back(currency);
+            known.push_back(cell.text);
         }
         return place;
     }
 
+    void Fill() {
+        const std::vector<std::int64_t> times = times_.Seconds();
+        const std::vector<std::uint32_t> amounts = amounts_.Amounts();
+        for (std::size_t place = 0; place < times.size(); ++place) {
+            demand_.withdrawals.push_back({times[place], amounts[place], currencies_[place]});
+        }
+        if (const std::string money = amounts_.MoneyText(); !money.empty()) {
+            demand_.notes.push_back(Note("QX703", file_ + ": amounts are read as money in " +
+                                                      dispenser_.currency + ", since one is " +
+                                                      money));
+        }
+    }
+
+    /// Puts the withdrawals in order and counts from the first midnight.
+    void Sort() {
+        std::vector<Withdrawal>& withdrawals = demand_.withdrawals;
+        std::size_t late = 0;
+        std::size_t firstLate = 0;
+        std::int64_t latest = withdrawals.front().time;
+        for (std::size_t place = 0; place < withdrawals.size(); ++place) {
+            const bool isLate = withdrawals[place].time < latest;
+            firstLate = isLate && late == 0 ? lines_[place] : firstLate;
+            late += isLate ? 1 : 0;
+            latest = std::max(latest, withdrawals[place].time);
+        }
+        if (late > 0) {
+            demand_.notes.push_back(Note(
+                "QX701", file_ + ":" + std::to_string(firstLate) + ": " + std::to_string(late) +
+                             (late == 1 ? " row stands" : " rows stand") +
+                             " below a later one; all were sorted by time"));
+            std::stable_sort(withdrawals.begin(), withdrawals.end(),
+                             [](const Withdrawal& left, const Withdrawal& right) {
+                                 return left.time < right.time;
+                             });
+        }
+        const bool hasDates = times_.HasDates();
+        const std::int64_t firstDay = hasDates ? DayOfTime(withdrawals.front().time) : 0;
+        for (Withdrawal& withdrawal : withdrawals) {
+            withdrawal.time -= firstDay * kSecondsInDay;
+        }
+        demand_.calendar = DemandCalendar(hasDates ? std::make_optional(firstDay) : std::nullopt,
+                                          withdrawals.back().time / kSecondsInDay + 1);
+    }
+
     const Dispenser& dispenser_;
     std::string file_;
-    std::size_t number_ = 0;
-    std::vector<std::size_t> places_;  // of time, amount and currency in a line
-    std::size_t columnCount_ = 0;
-    std::optional<std::int64_t> firstDay_;
+    TimeColumn times_;
+    AmountColumn amounts_;
+    std::vector<std::size_t> currencies_;
+    std::vector<std::size_t> lines_;
     Demand demand_;
 };
 
 }  // namespace
 
-Demand ReadRecordedDemand(const InputFile& file, const Dispenser& dispenser) {
-    return RecordedLines(file, dispenser).Taken();
+SheetOptions RecordedSheet() {
+    SheetOptions options;
+    options.columns = {{"time", "", true}, {"amount", "", true}, {"currency", "", false}};
+    return options;
+}
+
+Demand ReadRecordedDemand(const std::string& file,
+                          const std::string& text,
+                          const Dispenser& dispenser,
+                          const SheetOptions& options) {
+    return RecordedRows(file, dispenser, options).Read(text, options.columns);
 }
 
 }  // namespace qxmix

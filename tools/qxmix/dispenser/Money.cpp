@@ -96,6 +96,24 @@ int Money::Compare(const Money& other) const {
     return 0;
 }
 
+std::optional<std::uint32_t> Money::In(int exponent) const {
+    // Of digits_, the place of the unit.
+    const auto unit = static_cast<std::ptrdiff_t>(decimals_) + exponent;
+    const auto size = static_cast<std::ptrdiff_t>(digits_.size());
+    std::uint64_t count = 0;
+    for (std::ptrdiff_t place = size; place-- > std::min<std::ptrdiff_t>(unit, 0);) {
+        const char digit = place < 0 ? '\0' : DigitAt(static_cast<std::size_t>(place));
+        if (place < unit && digit != '\0') {
+            return std::nullopt;
+        }
+        count = place < unit ? count : count * kBase + static_cast<unsigned>(digit);
+        if (count > UINT32_MAX) {
+            return std::nullopt;
+        }
+    }
+    return static_cast<std::uint32_t>(count);
+}
+
 std::string Money::Text(unsigned atLeastDecimals) const {
     const std::size_t decimals = std::max<std::size_t>(decimals_, atLeastDecimals);
     const std::size_t shift = decimals - decimals_;

@@ -29,6 +29,10 @@ public:
     bool IsZero() const { return digits_.empty(); }
     bool IsWhole() const { return decimals_ == 0; }
 
+    /// How many times 10 to the power `exponent` it is; none when that is not a whole number of 32
+    /// bits.
+    std::optional<std::uint32_t> In(int exponent) const;
+
     /// Decimal text with as many decimals as the amount needs, and never fewer than asked for.
     std::string Text(unsigned atLeastDecimals = 0) const;
 

@@ -47,6 +47,9 @@ constexpr RuleText kRuleTexts[] = {
     {"QX603", Severity::Error,   "say its worth"},
     {"QX604", Severity::Error,   "choose a smaller exponent"},
     {"QX605", Severity::Warning, "compare amountAfter with what was asked"},
+    {"QX701", Severity::Note,    "sort the rows by time"},
+    {"QX702", Severity::Note,    "name a column that is meant with --columns"},
+    {"QX703", Severity::Note,    "write money without decimals as numbers of units"},
 };
 // clang-format on
 

@@ -19,22 +19,6 @@ std::string ParseCurrency(const std::string& text) {
     return text;
 }
 
-/// The money as a number of amount units, if it is one.
-std::optional<std::string> InAmountUnits(const Money& money, const Dispenser& dispenser) {
-    if (dispenser.exponent >= 0) {
-        return std::nullopt;
-    }
-    const unsigned decimals = AmountDecimals(dispenser);
-    std::string text = money.Text(decimals);
-    const std::size_t point = text.find('.');
-    if (text.size() - point - 1 != decimals) {
-        return std::nullopt;
-    }
-    text.erase(point, 1);
-    text.erase(0, std::min(text.find_first_not_of('0'), text.size() - 1));
-    return ParseWhole<std::uint32_t>(text) ? std::make_optional(text) : std::nullopt;
-}
-
 }  // namespace
 
 void AskOptions::ApplyTo(Dispenser& dispenser) const {
@@ -113,9 +97,9 @@ ParseAmount(const std::string& text, const std::string& option, const Dispenser&
         throw InputError(option + ": " +
                          NotAllowed(text, RangeText(0, UINT32_MAX) + " in units of " + unit));
     }
-    const std::optional<std::string> instead = InAmountUnits(*money, dispenser);
+    const auto instead = dispenser.exponent < 0 ? money->In(dispenser.exponent) : std::nullopt;
     throw InputError(option + ": " + text + " is not a whole number; " +
-                     (instead ? "in units of " + unit + " write " + *instead
+                     (instead ? "in units of " + unit + " write " + std::to_string(*instead)
                               : "expected whole units of " + unit));
 }
 

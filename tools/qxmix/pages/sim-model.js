@@ -16,6 +16,13 @@ function clockText(time) {
     return twoDigits(Math.floor(minutes / 60)) + ":" + twoDigits(minutes % 60);
 }
 
+/** Days that the demand has. */
+function dayCount() {
+    return answer.input.demand === null
+        ? Math.floor(demand.times[withdrawalCount - 1] / SECONDS_IN_DAY) + 1
+        : answer.input.demand.days;
+}
+
 /** The day of a time: its date, or its name and, where there are several, its week. */
 function dayText(time) {
     const day = Math.floor(time / SECONDS_IN_DAY);
@@ -23,7 +30,7 @@ function dayText(time) {
         const first = Date.parse(demand.firstDay + "T00:00:00Z");
         return new Date(first + day * SECONDS_IN_DAY * 1000).toISOString().slice(0, 10);
     }
-    const isLong = answer.input.demand.days > DAYS_IN_WEEK;
+    const isLong = dayCount() > DAYS_IN_WEEK;
     return (isLong ? "w" + (Math.floor(day / DAYS_IN_WEEK) + 1) + " " : "") +
         DAYS[day % DAYS_IN_WEEK];
 }

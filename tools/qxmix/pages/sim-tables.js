@@ -114,7 +114,8 @@ function showRanges() {
 
 function showFacts() {
     const source = answer.input.demand;
-    const days = source === null ? "recorded from " + demand.firstDay + " on"
+    const days = source === null
+        ? "recorded" + (demand.firstDay === null ? "" : " from " + demand.firstDay + " on")
         : plural(source.days, "day") + ", " + source.perDay + " a day, drawn with seed " + demand.seed;
     showDispenser([
         ["Withdrawals", withdrawalCount + ", " + withCurrency(demand.asked) + " asked; " + days],

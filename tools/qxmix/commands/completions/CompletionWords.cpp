@@ -24,6 +24,8 @@ CompletionValue ValueOf(const std::string& option, const std::string& typeName) 
         {"--mix", MixWords()},
         {"--mixes", MixWords()},
         {"--color", {"auto", "always", "never"}},
+        {"--columns", {"time=", "amount=", "currency="}},
+        {"--dates", {"dmy", "mdy"}},
         {"--set", {"TraceLevel=", "CSTMinimum4Mix6="}}};
     const auto words = known.find(option);
     return {typeName == "FILE", words == known.end() ? std::vector<std::string>() : words->second};

@@ -50,6 +50,7 @@ void SimulateCommand::AddOptions(CLI::App& command) {
         [this](std::int64_t number) { runs_ = static_cast<std::uint32_t>(number); },
         "runs with one seed after the other: medians and ranges");
     AddAskOptions(command, ask_);
+    AddSheetOptions(command, sheet_);
     AddJobsOption(command, jobs_);
     output_.AddTo(command, "simulation");
 }
@@ -76,12 +77,14 @@ ExitStatus SimulateCommand::Run(const CommonOptions& options) {
         envelope.input = SimulationInputJson(questions);
         envelope.result = SimulationResultJson(questions, answers);
     }
-    const AnswerForms forms{
-        [&](const Painter& painter) { return SimulationText(questions, answers, painter); },
-        [&] { return SimulationCsv(questions, answers); },
-        [&] {
-            return SimulationPage(questions, answers, envelope, CommandLine(questions, options));
-        }};
+    const AnswerForms forms{[&](const Painter& painter) {
+                                return SimulationText(questions, answers, options.quiet, painter);
+                            },
+                            [&] { return SimulationCsv(questions, answers); },
+                            [&] {
+                                return SimulationPage(questions, answers, envelope,
+                                                      CommandLine(questions, options));
+                            }};
     return output_.Write(options, envelope, forms,
                          WithErrorCode(module.asker.Registry(), answers.lastCode));
 }
@@ -98,7 +101,7 @@ SimulationQuestions SimulateCommand::Prepare(const CommonOptions& options) const
     SimulationQuestions questions;
     questions.dispenser = DispenserAsked(dispenser_, ask_);
     questions.mixes = ask_.MixesOrAll(questions.dispenser);
-    questions.demand = OpenDemand(demand_, questions.dispenser);
+    questions.demand = OpenDemand(demand_, questions.dispenser, sheet_);
     questions.seed = seed_.value_or(questions.seed);
     questions.runs = runs_.value_or(questions.runs);
     CheckDrawing(questions);
@@ -136,7 +139,7 @@ std::string SimulateCommand::CommandLine(const SimulationQuestions& questions,
     if (questions.runs > 1) {
         line += " --runs " + std::to_string(questions.runs);
     }
-    return line + AskingWords(ask_, options);
+    return line + SheetWords(sheet_) + AskingWords(ask_, options);
 }
 
 }  // namespace qxmix

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "SimulationQuestions.h"
+#include "demand/RecordedDemand.h"
 #include "options/AskOptions.h"
 #include "options/Command.h"
 #include "options/JobsOption.h"
@@ -29,6 +30,7 @@ private:
     std::string demand_;
     std::optional<std::uint32_t> seed_;
     std::optional<std::uint32_t> runs_;
+    SheetOptions sheet_ = RecordedSheet();
     JobsOption jobs_;
     OutputOption output_{kAllForms};
     AskOptions ask_;

@@ -24,13 +24,16 @@ Json PageJson(const SimulationQuestions& questions,
               const std::vector<SimulationRow>& rows,
               const std::string& commandLine) {
     const SimulationVerdict verdict = VerdictOf(questions, answers, rows);
+    std::vector<std::string> remarks = RemarksOn(answers, rows);
+    for (const Finding& note : questions.Notes()) {
+        remarks.push_back(note.message);
+    }
     Json dangers = Json::array();
     for (const Danger& danger : Dangers()) {
         dangers.push_back(RowOf(danger.outcome).name);
     }
-    return {{"commandLine", commandLine}, {"best", verdict.best},
-            {"danger", verdict.danger},   {"remarks", RemarksOn(answers, rows)},
-            {"dangers", dangers},         {"outcomes", OutcomesJson()}};
+    return {{"commandLine", commandLine}, {"best", verdict.best}, {"danger", verdict.danger},
+            {"remarks", remarks},         {"dangers", dangers},   {"outcomes", OutcomesJson()}};
 }
 
 /// What would make a page small enough, by the size that it has.

@@ -27,6 +27,11 @@ struct SimulationQuestions {
                             : std::get<DemandPattern>(demand).Size();
     }
 
+    /// How recorded withdrawals were read.
+    std::vector<Finding> Notes() const {
+        return IsRecorded() ? std::get<Demand>(demand).notes : std::vector<Finding>();
+    }
+
     std::uint64_t CalculationCount() const { return WithdrawalCount() * mixes.size() * runs; }
 
     /// The demand of one run, counted from 0.

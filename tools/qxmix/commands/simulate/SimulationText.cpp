@@ -184,6 +184,7 @@ std::string InterruptionText(const SimulationQuestions& questions,
 
 std::string SimulationText(const SimulationQuestions& questions,
                            const SimulationAnswers& answers,
+                           bool isQuiet,
                            const Painter& painter) {
     const std::vector<SimulationRow> rows = RankMixes(questions, answers);
     const SimulationVerdict verdict = VerdictOf(questions, answers, rows);
@@ -205,7 +206,8 @@ std::string SimulationText(const SimulationQuestions& questions,
                 "items per withdrawal served; left: " +
                 currency + " at the first refusal\n";
     }
-    return text + InterruptionText(questions, answers);
+    return text + FindingsText(questions.Notes(), isQuiet, painter) +
+           InterruptionText(questions, answers);
 }
 
 }  // namespace qxmix

@@ -11,6 +11,7 @@ namespace qxmix {
 /// first.
 std::string SimulationText(const SimulationQuestions& questions,
                            const SimulationAnswers& answers,
+                           bool isQuiet,
                            const Painter& painter);
 
 }  // namespace qxmix

@@ -94,7 +94,7 @@ std::string AskedText(const Dispenser& dispenser, const Demand& demand) {
 
 std::vector<Finding> FindingsOf(const SimulationQuestions& questions,
                                 const SimulationAnswers& answers) {
-    std::vector<Finding> findings;
+    std::vector<Finding> findings = questions.Notes();
     const std::string all =
         WithdrawalsText(answers.demand.withdrawals.size() * answers.runs.size());
     for (std::size_t place = 0; place < questions.mixes.size(); ++place) {

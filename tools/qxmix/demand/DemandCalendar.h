@@ -6,15 +6,6 @@
 
 namespace qxmix {
 
-/// Days since 1970-01-01 of a date in the calendar of today.
-///
-/// @param text  YYYY-MM-DD.
-/// @return none when there is no such day.
-std::optional<std::int64_t> ParseDate(const std::string& text);
-
-/// Reads a time of day in seconds: HH:MM or HH:MM:SS.
-std::optional<std::int64_t> ParseTimeOfDay(const std::string& text);
-
 /// Names the times of a demand, which are seconds from its first midnight.
 class DemandCalendar {
 public:

@@ -1,0 +1,118 @@
+#include "ErrorText.h"
+#include "sheets/AmountColumn.h"
+
+#include <gtest/gtest.h>
+
+namespace qxmix {
+namespace {
+
+using Amounts = std::vector<std::uint32_t>;
+using Lines = std::vector<std::string>;
+
+/// The amounts of a column at a dispenser whose unit is 10 to this power.
+Amounts Read(const Lines& texts, std::int16_t exponent = 0, std::string* money = nullptr) {
+    Dispenser dispenser;
+    dispenser.currency = "EUR";
+    dispenser.exponent = exponent;
+    AmountColumn column("list.csv", dispenser);
+    for (std::size_t place = 0; place < texts.size(); ++place) {
+        column.Add(texts[place], place + 2);
+    }
+    Amounts amounts = column.Amounts();
+    if (money != nullptr) {
+        *money = column.MoneyText();
+    }
+    return amounts;
+}
+
+std::string ErrorOf(const Lines& texts, std::int16_t exponent = 0) {
+    return ErrorText([&] { Read(texts, exponent); });
+}
+
+std::string OpenError(const std::string& where, const std::string& text) {
+    return "list.csv:" + where + ": amount: " + text +
+           " has thousands or decimals, and no row decides it; expected amounts without thousands "
+           "separators";
+}
+
+TEST(AmountColumn, ReadsThousandsAndDecimalsThatAreNone) {
+    for (const char* text : {"1234", "1234.00", "1234,00", "1,234.00", "1.234,00", "1'234.00",
+                             "1'234", "1 234", "1 234,0",
+                             "1\xE2\x80\x99"
+                             "234",
+                             "1\xC2\xA0"
+                             "234,00",
+                             "1\xE2\x80\xAF"
+                             "234",
+                             "1\xE2\x80\x89"
+                             "234",
+                             "01234", "1234.0000"}) {
+        EXPECT_EQ(Read({text}), Amounts{1234}) << text;
+    }
+    EXPECT_EQ(Read({"1,234,567", "50"}), (Amounts{1234567, 50}));
+    EXPECT_EQ(Read({"12,34,567.00"}), Amounts{1234567}) << "as in India";
+    EXPECT_EQ(Read({"0", "4,294,967,295"}), (Amounts{0, 4294967295}));
+}
+
+TEST(AmountColumn, LetsTheColumnDecideWhatOneMarkIs) {
+    EXPECT_EQ(Read({"1,234"}), Amounts{1234}) << "1.234 is no multiple of 1";
+    EXPECT_EQ(Read({"1.000", "50"}), (Amounts{1000, 50})) << "small amounts have no decimals";
+    EXPECT_EQ(Read({"1.000", "50,00"}), (Amounts{1000, 50}));
+    EXPECT_EQ(Read({"1.000", "50.00"}), (Amounts{1, 50}));
+    EXPECT_EQ(Read({"1.000", "1,000,000"}), (Amounts{1, 1000000}));
+    EXPECT_EQ(Read({"1'000", "20.000"}), (Amounts{1000, 20}));
+    EXPECT_EQ(Read({"0.000", "20.000"}), (Amounts{0, 20}));
+}
+
+TEST(AmountColumn, GuessesNothing) {
+    EXPECT_EQ(ErrorOf({"1.000", "20.000"}), OpenError("2", "1.000"));
+    EXPECT_EQ(ErrorOf({"1.000", "2000"}), OpenError("2", "1.000")) << "2000 has no mark";
+    EXPECT_EQ(ErrorOf({"1,250", "50", "1.250"}), OpenError("4", "1.250"));
+    EXPECT_EQ(ErrorOf({"50", "1.250"}, -3), OpenError("3", "1.250"));
+    EXPECT_EQ(Read({"1.250", "0.5"}, -3), (Amounts{1250, 500}));
+    EXPECT_EQ(ErrorOf({"1,234.00", "50,00"}),
+              "list.csv:3: amount: 50,00 has a comma before decimals; expected a point as in line "
+              "2 (1,234.00)");
+}
+
+TEST(AmountColumn, RefusesMoneyThatCannotBePaid) {
+    EXPECT_EQ(ErrorOf({"50.50"}),
+              "list.csv:2: amount: 50.50 cannot be paid; expected a multiple of 1 EUR");
+    EXPECT_EQ(ErrorOf({"50.00", "1.250"}),
+              "list.csv:3: amount: 1.250 cannot be paid; expected a multiple of 1 EUR");
+    EXPECT_EQ(ErrorOf({"70.5", "70.505"}, -2),
+              "list.csv:3: amount: 70.505 cannot be paid; expected a multiple of 0.01 EUR");
+    EXPECT_EQ(ErrorOf({"1500.00"}, 3),
+              "list.csv:2: amount: 1500.00 cannot be paid; expected a multiple of 1000 EUR");
+    EXPECT_EQ(ErrorOf({"4294967296"}), "list.csv:2: amount: 4294967296 is not allowed; expected 0 "
+                                       "to 4294967295 in units of 1 EUR");
+    EXPECT_EQ(ErrorOf({"42949672.96"}, -2),
+              "list.csv:2: amount: 42949672.96 is not allowed; expected 0 to 4294967295 in units "
+              "of 0.01 EUR");
+}
+
+TEST(AmountColumn, ReadsUnitsUnlessOneHasDecimals) {
+    std::string money;
+    EXPECT_EQ(Read({"7050", "2,005"}, -2, &money), (Amounts{7050, 2005}));
+    EXPECT_EQ(money, "");
+    EXPECT_EQ(Read({"70", "70.5", "1,070.50"}, -2, &money), (Amounts{7000, 7050, 107050}));
+    EXPECT_EQ(money, "70.5");
+    EXPECT_EQ(Read({"5,000.00", "20000"}, 3, &money), (Amounts{5, 20}));
+    EXPECT_EQ(money, "5,000.00");
+    EXPECT_EQ(Read({"50.00"}, 0, &money), Amounts{50});
+    EXPECT_EQ(money, "") << "a unit is money anyway";
+}
+
+TEST(AmountColumn, RefusesWhatIsNoAmount) {
+    for (const char* text : {"", "-50", "+50", "50 EUR", "50.", ".50", "1,,234", "1,23",
+                             "12,3456.00", "1,234'567", "1.234.56", "1'23", "1,234.567.890",
+                             "1,2345,678", "1e3", "1 2", "12345,678,901", "0x10", "\xD9\xA1"}) {
+        const std::string error = ErrorOf({text});
+        EXPECT_NE(error, "accepted") << text;
+    }
+    EXPECT_EQ(ErrorOf({"-50"}), "list.csv:2: amount: -50 is not allowed; expected 0 to 4294967295 "
+                                "in units of 1 EUR");
+}
+
+}  // namespace
+}  // namespace qxmix

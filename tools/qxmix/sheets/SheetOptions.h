@@ -1,0 +1,29 @@
+#pragma once
+
+#include "SheetColumns.h"
+#include "SheetTime.h"
+
+#include <CLI/App.hpp>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace qxmix {
+
+/// How a sheet is to be read, where it does not tell by itself.
+struct SheetOptions {
+    std::vector<WantedColumn> columns;  ///< that are read
+    std::string columnsGiven;           ///< --columns; empty: not given
+    std::optional<DateOrder> dates;     ///< --dates; none: not given
+};
+
+/// Adds --columns and --dates.
+void AddSheetOptions(CLI::App& command, SheetOptions& options);
+
+/// The first of the options that was given; empty: none was.
+std::string GivenSheetOption(const SheetOptions& options);
+
+/// The options as they were given: each with a blank before it.
+std::string SheetWords(const SheetOptions& options);
+
+}  // namespace qxmix
