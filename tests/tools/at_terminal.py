@@ -8,12 +8,12 @@ import struct
 import termios
 
 
-def shown_at_terminal(tool, words, stream="stdout", columns=80, environment=None):
+def shown_at_terminal(tool, words, stream="stdout", columns=80, environment=None, **streams):
     """What the tool shows at a terminal that stands behind this stream."""
     master, slave = pty.openpty()
     fcntl.ioctl(slave, termios.TIOCSWINSZ, struct.pack("HHHH", 24, columns, 0, 0))
     process = tool.start(words, env={**tool.environment, "TERM": "xterm", **(environment or {})},
-                         **{stream: slave})
+                         **streams, **{stream: slave})
     os.close(slave)
     shown = b""
     while select.select([master], [], [], 20)[0]:

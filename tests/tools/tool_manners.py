@@ -190,6 +190,43 @@ def check_no_answer(tool, checks):
     checks.check("no answer: ends in time", 1.0 < took < 20, f"{took} s")
 
 
+def check_waiting(tool, checks):
+    """Who waits at a terminal for one answer is told what for, whatever standard output is."""
+    ask = ["EUR:50x100,20x100", "--library", "fake.so", "--amount", "1002", "--mix", "2", "--deadline",
+           "900ms"]
+    for command in ("mix", "explain"):
+        shown = shown_at_terminal(tool, [command, *ask], "stderr")
+        checks.check(f"{command}: says what it waits for", re.match(
+            r"\rwaiting for mix 2 to answer 1002 EUR, 0\.[5-8] of 0\.9 s\x1b\[K\r", shown), shown)
+        checks.check(f"{command}: and takes it away", shown.endswith("\r\x1b[K"), shown)
+        checks.check(f"{command}: all of it", "\n" not in shown, shown)
+    # Short questions one after the other take their time, too.
+    shown = shown_at_terminal(tool, ["mix", *ask[:-1], "100ms"], "stderr")
+    checks.check("mix: other mixes are named", re.search(
+        r"\rwaiting for mix ([3-9]|10) to answer 1002 EUR, 0(\.1)? of 0\.1 s\x1b", shown), shown)
+    quick = ["mix", "EUR:50x1", "--amount", "50"]
+    for name, words in (("quick", quick), ("-q", ["mix", *ask, "-q"])):
+        checks.equal(f"{name}: nothing", shown_at_terminal(tool, words, "stderr"), "")
+    checks.equal("no terminal: nothing", tool.run(["mix", *ask])[2], "")
+
+
+def check_lines_counted(tool, checks):
+    """Streams count what they have answered, where standard error is a terminal."""
+    slow = {"dispenser": "EUR:1x40000", "amount": 1002, "maxDispenseItems": 2000}
+    lines = "".join(json.dumps(slow) + "\n" for _ in range(8))
+    (tool.folder / "slow.ndjson").write_text(lines)
+    fake = ["--library", "fake.so", "--deadline", "150ms"]
+    with open(tool.folder / "slow.ndjson", "rb") as stream:
+        shown = shown_at_terminal(tool, ["batch", "--jobs", "1", *fake], "stderr", stdin=stream)
+    checks.check("batch: counts lines", re.search(r"\rbatch  [0-8] lines  [0-9]+/s\x1b\[K\r", shown) and
+                 shown.endswith("\r\x1b[K"), shown)
+    (tool.folder / "slow-trace.ndjson").write_text("".join(
+        json.dumps({"id": number, "request": slow, "answer": {}}) + "\n" for number in range(8)))
+    shown = shown_at_terminal(tool, ["replay", "slow-trace.ndjson", *fake], "stderr")
+    checks.check("replay: counts lines", re.search(r"\rreplay  [1-8] lines  [0-9]+/s\x1b\[K\r", shown) and
+                 shown.endswith("\r\x1b[K"), shown)
+
+
 def folder_has(tool, name):
     return (tool.folder / name).exists()
 
@@ -331,6 +368,7 @@ def check_called_alone(tool, checks):
 
 
 run_parts(check_interrupts, check_lint_interrupt, check_end_of_tool, check_pipes, check_colors,
-          check_widths, check_files, check_one_file_twice, check_no_answer, check_raw,
+          check_widths, check_files, check_one_file_twice, check_no_answer,
+          check_waiting, check_lines_counted, check_raw,
           check_registry_in_answers, check_trace_and_registry, check_library_order, check_input,
           check_hostile_names, check_called_alone)

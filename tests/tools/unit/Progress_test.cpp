@@ -17,5 +17,12 @@ TEST(ProgressText, PromisesNoEndBeforeThereIsASpeed) {
               "map  0%  0/60000  0/s");
 }
 
+TEST(ProgressText, CountsLinesWhereNobodyKnowsTheTotal) {
+    EXPECT_EQ(ProgressText("batch", {24600, 0}, std::nullopt, std::chrono::milliseconds(3000)),
+              "batch  24600 lines  8200/s");
+    EXPECT_EQ(ProgressText("batch", {1, 0}, std::nullopt, std::chrono::milliseconds(3000)),
+              "batch  1 line  0/s");
+}
+
 }  // namespace
 }  // namespace qxmix

@@ -1,5 +1,7 @@
 #include "terminal/Console.h"
 
+#include "terminal/Terminal.h"
+
 #include <cstdlib>
 #include <cstring>
 #include <sys/ioctl.h>
@@ -7,16 +9,36 @@
 
 namespace qxmix {
 
-bool HasColorTerminal() {
+namespace {
+
+bool IsDumb() {
     const char* const terminal = std::getenv("TERM");
-    const bool isDumb = terminal != nullptr && std::strcmp(terminal, "dumb") == 0;
-    return isatty(STDOUT_FILENO) == 1 && !isDumb;
+    return terminal != nullptr && std::strcmp(terminal, "dumb") == 0;
+}
+
+/// Columns of the terminal behind a stream; 0: there is none, or nobody knows.
+std::size_t ColumnsOfTerminal(int stream) {
+    winsize size{};
+    const bool isKnown = isatty(stream) == 1 && ioctl(stream, TIOCGWINSZ, &size) == 0;
+    return isKnown ? size.ws_col : 0;
+}
+
+}  // namespace
+
+bool HasColorTerminal() {
+    return isatty(STDOUT_FILENO) == 1 && !IsDumb();
 }
 
 std::size_t TerminalColumns() {
-    winsize size{};
-    const bool isKnown = isatty(STDOUT_FILENO) == 1 && ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0;
-    return isKnown ? size.ws_col : 0;
+    return ColumnsOfTerminal(STDOUT_FILENO);
+}
+
+std::size_t ErrorColumns() {
+    if (isatty(STDERR_FILENO) != 1 || std::getenv("TERM") == nullptr || IsDumb()) {
+        return 0;
+    }
+    const std::size_t columns = ColumnsOfTerminal(STDERR_FILENO);
+    return columns > 1 ? columns : kPlainWidth;
 }
 
 }  // namespace qxmix

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "StatusLine.h"
+
 #include <chrono>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace qxmix {
@@ -12,41 +15,32 @@ struct WorkProgress {
     std::uint64_t misses = 0;  ///< deadlines missed
 };
 
-/// A line on standard error that tells how far a long command is: only at a terminal, after half a
-/// second, and wiped at the end.
+/// The line that tells how far a long command is.
 class Progress {
 public:
     /// @param command  name of the command.
-    /// @param total    calculations.
+    /// @param total    calculations, or lines; none where nobody knows.
     /// @param isQuiet  no line at all.
-    Progress(std::string command, std::uint64_t total, bool isQuiet);
-    Progress(const Progress&) = delete;
-    Progress& operator=(const Progress&) = delete;
-    ~Progress() { Wipe(); }
+    Progress(std::string command, std::optional<std::uint64_t> total, bool isQuiet);
 
     void Show(const WorkProgress& work);
 
     /// Takes the line away.
-    void Wipe();
+    void Wipe() { line_.Wipe(); }
 
 private:
-    using Clock = std::chrono::steady_clock;
-
     std::string command_;
-    std::uint64_t total_;
-    bool isOn_;
-    bool isShown_ = false;
-    Clock::time_point start_;
-    Clock::time_point next_;
+    std::optional<std::uint64_t> total_;
+    StatusLine line_;
 };
 
-/// "map  41%  24600/60000  8200/s  4 s left  (X 24)"
+/// "map  41%  24600/60000  8200/s  4 s left  (X 24)", or "batch  24600 lines  8200/s" without a
+/// total.
 ///
-/// @param total   calculations.
 /// @param passed  time since the beginning, above 0.
 std::string ProgressText(const std::string& command,
                          const WorkProgress& work,
-                         std::uint64_t total,
+                         std::optional<std::uint64_t> total,
                          std::chrono::milliseconds passed);
 
 }  // namespace qxmix

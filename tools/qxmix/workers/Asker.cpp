@@ -16,8 +16,13 @@ const Opening& Asker::Open() {
 }
 
 Reply Asker::Ask(const MixRequest& request, Milliseconds deadline, Tracing tracing) {
-    Reply reply =
-        OpenWorker().Calculate(request, deadline, tracing == Tracing::Heard ? trace_ : nullptr);
+    Tick tick;
+    if (listener_ != nullptr) {
+        tick = [&](Milliseconds waited) { listener_(request, waited, deadline); };
+        tick(Milliseconds(0));
+    }
+    Reply reply = OpenWorker().Calculate(request, deadline,
+                                         tracing == Tracing::Heard ? trace_ : nullptr, tick);
     if (reply.ending.kind != Ending::Kind::Answered) {
         worker_.reset();
     }

@@ -2,10 +2,16 @@
 
 #include "Worker.h"
 
+#include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace qxmix {
+
+/// Is told, about ten times a second, which answer is waited for and how long so far.
+using WaitListener =
+    std::function<void(const MixRequest& request, Milliseconds waited, Milliseconds deadline)>;
 
 /// Asks one library in one registry, and keeps asking: a worker that missed its deadline or
 /// crashed is replaced by a new one when the next question comes.
@@ -26,6 +32,9 @@ public:
     const std::string& ModuleVersion() const { return version_; }
 
     const std::string& Library() const { return library_; }
+
+    /// @param listener  hears from now on what Ask waits for; empty: nobody does.
+    void Listen(WaitListener listener) { listener_ = std::move(listener); }
 
     enum class Tracing { Heard, Silent };
 
@@ -48,6 +57,7 @@ private:
     std::string library_;
     std::string registry_;
     TraceSink trace_;
+    WaitListener listener_;
     std::string version_;
     bool wasOpened_ = false;
     std::unique_ptr<Worker> worker_;

@@ -12,6 +12,8 @@ namespace {
 constexpr Milliseconds kOpenDeadline{30000};
 constexpr Milliseconds kRegistryDeadline{30000};
 
+constexpr Milliseconds kTick{100};
+
 // Lines heard in one go: a library that never stops tracing must not keep the tool from the rest.
 constexpr unsigned kMostLines = 1000;
 
@@ -32,13 +34,16 @@ Worker::Worker(const OpenOrder& order, const TraceSink& trace) : child_(&RunWork
     opening_ = ReadOpening(answer);
 }
 
-Reply Worker::Calculate(const MixRequest& request, Milliseconds deadline, const TraceSink& trace) {
+Reply Worker::Calculate(const MixRequest& request,
+                        Milliseconds deadline,
+                        const TraceSink& trace,
+                        const Tick& tick) {
     CalculateOrder order;
     order.request = request;
     order.trace = trace != nullptr;
     Message answer;
     Reply reply;
-    reply.ending = Exchange(ToMessage(order), deadline, trace, answer);
+    reply.ending = Exchange(ToMessage(order), deadline, trace, answer, tick);
     if (reply.ending.kind == Ending::Kind::Answered) {
         reply.calculation = ReadCalculation(answer);
     }
@@ -100,19 +105,19 @@ std::string Worker::SaveRegistry() {
 Ending Worker::Exchange(const Message& order,
                         Milliseconds deadline,
                         const TraceSink& trace,
-                        Message& answer) {
+                        Message& answer,
+                        const Tick& tick) {
     const Clock::time_point until = Clock::now() + deadline;
     if (!child_.Connection().Send(order)) {
         return Crash();
     }
-    Channel::State state = child_.Connection().Receive(answer, until);
+    Channel::State state = Receive(answer, until, tick);
     while (state == Channel::State::Received && KindOf(answer) == MessageKind::TraceLine) {
         if (trace != nullptr) {
             trace(answer.bytes);
         }
         // A library that never stops tracing would otherwise keep the tool busy for ever.
-        state = Clock::now() < until ? child_.Connection().Receive(answer, until)
-                                     : Channel::State::Waiting;
+        state = Clock::now() < until ? Receive(answer, until, tick) : Channel::State::Waiting;
     }
     if (state == Channel::State::Closed) {
         return Crash();
@@ -122,6 +127,18 @@ Ending Worker::Exchange(const Message& order,
         return {Ending::Kind::NoAnswer, ""};
     }
     return {Ending::Kind::Answered, ""};
+}
+
+Channel::State Worker::Receive(Message& answer, Clock::time_point until, const Tick& tick) {
+    const Clock::time_point start = Clock::now();
+    for (Clock::time_point next = start + kTick; tick != nullptr && next < until; next += kTick) {
+        const Channel::State state = child_.Connection().Receive(answer, next);
+        if (state != Channel::State::Waiting) {
+            return state;
+        }
+        tick(std::chrono::duration_cast<Milliseconds>(Clock::now() - start));
+    }
+    return child_.Connection().Receive(answer, until);
 }
 
 Ending Worker::Crash() {

@@ -28,6 +28,9 @@ struct Reply {
 /// Takes the module's trace lines one by one.
 using TraceSink = std::function<void(const std::string& line)>;
 
+/// Is told how long an answer has been waited for.
+using Tick = std::function<void(Milliseconds waited)>;
+
 /// A child process that has one library open and asks it, one call at a time.
 ///
 /// After a missed deadline or a crash it is of no further use. All functions throw Interruption
@@ -41,7 +44,11 @@ public:
     const Opening& Opened() const { return opening_; }
 
     /// @param trace  hears the lines of this calculation; without it none are made.
-    Reply Calculate(const MixRequest& request, Milliseconds deadline, const TraceSink& trace);
+    /// @param tick   is told about ten times a second how long the answer has been waited for.
+    Reply Calculate(const MixRequest& request,
+                    Milliseconds deadline,
+                    const TraceSink& trace,
+                    const Tick& tick = nullptr);
 
     /// Sends a calculation on its way; Finish brings its reply. One at a time.
     void Start(const MixRequest& request, bool traces);
@@ -65,8 +72,12 @@ public:
     std::string SaveRegistry();
 
 private:
-    Ending
-    Exchange(const Message& order, Milliseconds deadline, const TraceSink& trace, Message& answer);
+    Ending Exchange(const Message& order,
+                    Milliseconds deadline,
+                    const TraceSink& trace,
+                    Message& answer,
+                    const Tick& tick = nullptr);
+    Channel::State Receive(Message& answer, Clock::time_point until, const Tick& tick);
     Ending Crash();
 
     ChildProcess child_;

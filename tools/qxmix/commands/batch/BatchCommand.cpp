@@ -3,6 +3,8 @@
 #include "files/Output.h"
 #include "module/LibrarySearch.h"
 #include "module/RegistryImage.h"
+#include "terminal/Console.h"
+#include "terminal/Progress.h"
 
 namespace qxmix {
 
@@ -41,8 +43,14 @@ ExitStatus BatchCommand::Run(const CommonOptions& options) {
     setting.hasEnvelope = hasEnvelope_;
     setting.moduleVersion = asker.ModuleVersion();
     setting.command = Info().name;
+    // At the terminal the answers themselves show how far it is.
+    const bool isQuiet = options.quiet || options.trace || TerminalColumns() > 0;
+    Progress progress(Info().name, std::nullopt, isQuiet);
     // Lines of several workers would be all mixed up.
-    const BatchSummary summary = RunBatch(setting, options.trace ? 1 : jobs_.Count());
+    const BatchSummary summary =
+        RunBatch(setting, options.trace ? 1 : jobs_.Count(),
+                 [&progress](const WorkProgress& now) { progress.Show(now); });
+    progress.Wipe();
     OutputFiles files;
     files.Add(options.registryOut, WithErrorCode(asker.Registry(), summary.lastCode));
     files.Commit();

@@ -36,12 +36,13 @@ public:
         }
     }
 
-    void Run(BatchSummary& summary) {
+    void Run(BatchSummary& summary, const ProgressListener& listen) {
         HandOut();
         while (!isAtEnd_ || !waiting_.empty()) {
             try {
                 Wait();
                 TakeAnswers(summary);
+                listen({summary.answeredLines, 0});
             } catch (const Interruption&) {
                 TakeInterrupt();
                 summary.isComplete = false;
@@ -206,10 +207,11 @@ private:
 
 }  // namespace
 
-BatchSummary RunBatch(const BatchSetting& setting, std::size_t jobs) {
+BatchSummary
+RunBatch(const BatchSetting& setting, std::size_t jobs, const ProgressListener& listen) {
     CatchInterrupts();
     BatchSummary summary;
-    BatchRun(setting, jobs).Run(summary);
+    BatchRun(setting, jobs).Run(summary, listen);
     return summary;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "BatchSetting.h"
+#include "workers/Desk.h"
 
 #include <cstdint>
 #include <string>
@@ -19,9 +20,11 @@ struct BatchSummary {
 /// bounded number of lines at a time. After Ctrl-C it reads no more, and answers what it has read
 /// as far as that does not take long.
 ///
-/// @param jobs  workers side by side.
+/// @param jobs    workers side by side.
+/// @param listen  is told how many lines are answered.
 /// @throw InputError when standard input cannot be read, WorkError when the library cannot be used
 ///   or the answers cannot be written.
-BatchSummary RunBatch(const BatchSetting& setting, std::size_t jobs);
+BatchSummary
+RunBatch(const BatchSetting& setting, std::size_t jobs, const ProgressListener& listen);
 
 }  // namespace qxmix

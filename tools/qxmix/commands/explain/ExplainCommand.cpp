@@ -4,6 +4,7 @@
 #include "ExplainText.h"
 #include "answers/Envelope.h"
 #include "commands/mix/MixText.h"
+#include "commands/mix/WaitingLine.h"
 #include "dispenser/DispenserJson.h"
 #include "dispenser/DispenserReader.h"
 #include "files/InputFile.h"
@@ -80,8 +81,10 @@ ExitStatus ExplainCommand::Run(const CommonOptions& options) {
     MixQuestions questions = Prepare();
     questions.deadline = options.deadline.value_or(questions.deadline);
     AskedModule module(options.Library(), options, questions.dispenser);
+    WaitingLine waiting(questions.dispenser, options, module.asker);
     MixAnswers answers = AskMixes(questions, module.asker, !options.registryOut.empty());
     const std::optional<Explanation> story = TryToExplain(questions, answers, module.asker);
+    waiting.Wipe();
     if (answers.answers.empty() && !options.json) {
         throw Interruption();
     }

@@ -2,6 +2,7 @@
 
 #include "AnswerRecord.h"
 #include "MixText.h"
+#include "WaitingLine.h"
 #include "answers/Envelope.h"
 #include "answers/ResultJson.h"
 #include "dispenser/DispenserJson.h"
@@ -97,7 +98,9 @@ ExitStatus MixCommand::Run(const CommonOptions& options) {
                          " mixes asked; expected one");
     }
     AskedModule module(options.Library(), options, questions.dispenser);
+    WaitingLine waiting(questions.dispenser, options, module.asker);
     const MixAnswers answers = AskMixes(questions, module.asker, !options.registryOut.empty());
+    waiting.Wipe();
     if (answers.answers.empty() && !options.json) {
         throw Interruption();
     }

@@ -42,7 +42,8 @@ Compare(const RecordedLine& line, std::vector<AskerPool>& libraries, Millisecond
 ReplayAnswers Replay(const TraceSource& source,
                      std::vector<AskerPool>& libraries,
                      Milliseconds deadline,
-                     bool stops) {
+                     bool stops,
+                     const ProgressListener& listen) {
     ReplayAnswers answers;
     std::uint64_t number = 0;
     try {
@@ -56,6 +57,7 @@ ReplayAnswers Replay(const TraceSource& source,
             number = line->number;
             std::optional<ReplayDifference> difference = Compare(*line, libraries, deadline);
             ++answers.requests;
+            listen({answers.requests, 0});
             if (difference) {
                 answers.differences.push_back(std::move(*difference));
                 answers.isStopped = stops;

@@ -3,6 +3,7 @@
 #include "AskerPool.h"
 #include "RecordedLine.h"
 #include "json/Json.h"
+#include "workers/Desk.h"
 
 #include <cstdint>
 #include <functional>
@@ -35,9 +36,11 @@ using TraceSource = std::function<std::optional<RecordedLine>()>;
 ///
 /// @param libraries  one or two.
 /// @param stops      whether to stop at the first difference.
+/// @param listen     is told how many lines were asked.
 ReplayAnswers Replay(const TraceSource& source,
                      std::vector<AskerPool>& libraries,
                      Milliseconds deadline,
-                     bool stops);
+                     bool stops,
+                     const ProgressListener& listen);
 
 }  // namespace qxmix

@@ -5,6 +5,7 @@
 #include "answers/Envelope.h"
 #include "files/Output.h"
 #include "module/LibrarySearch.h"
+#include "terminal/Progress.h"
 #include "text/Duration.h"
 
 namespace qxmix {
@@ -60,8 +61,11 @@ ExitStatus ReplayCommand::Run(const CommonOptions& options) {
     std::vector<AskerPool> libraries = OpenLibraries(options);
     TraceFile trace(trace_, libraries.size() == 1,
                     refusesFiles_ ? std::nullopt : std::make_optional(DeadlineOf(options)));
+    Progress progress(Info().name, std::nullopt, options.quiet || options.trace);
     const ReplayAnswers answers =
-        Replay([&trace] { return trace.Next(); }, libraries, DeadlineOf(options), stops_);
+        Replay([&trace] { return trace.Next(); }, libraries, DeadlineOf(options), stops_,
+               [&progress](const WorkProgress& now) { progress.Show(now); });
+    progress.Wipe();
     OutputFiles files;
     if (!options.registryOut.empty()) {
         files.Add(options.registryOut, libraries.back().RegistryLeft());
