@@ -104,6 +104,10 @@ class Browser:
             raise RuntimeError(f"{script}: {result['exceptionDetails']}")
         return result["result"].get("value")
 
+    def shown_text(self):
+        """The text of the page as people see it."""
+        return self.run("document.body.innerText")
+
     def complaints(self):
         """What the page wrote to the console, exceptions and refused content included."""
         kinds = ("Runtime.consoleAPICalled", "Runtime.exceptionThrown", "Log.entryAdded")

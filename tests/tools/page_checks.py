@@ -50,13 +50,41 @@ def check_skeleton(browser, checks, title):
 
 
 def check_without_script(checks, path, expected):
-    """The policy comes first, and what a browser without scripts shows has the expected text."""
+    """The policy comes first, and what only a browser without scripts shows has the expected text."""
     page = pathlib.Path(path).read_text()
     head = page.split("<head>", 1)[1].lstrip()
     checks.check("the policy comes first", head.startswith(POLICY), head[:200])
-    summary = html.unescape(page.split("<noscript>", 1)[1].split("</noscript>", 1)[0])
+    summary = html.unescape(page.split("<main>", 1)[1].split("</noscript>", 1)[0])
     checks.check("without scripts: counts", expected in summary, summary)
     checks.equal("hostile labels end no script", page.count("</script>"), 3)
+
+
+def check_scripts_off(browser, checks, path, verdict):
+    """A browser that runs no scripts shows the verdict and the dispenser, and nothing that is dead."""
+    browser.call("Emulation.setScriptExecutionDisabled", value=True)
+    browser.open(path)
+    text = browser.shown_text()
+    checks.check("scripts off: the verdict", verdict in text, text)
+    checks.check("scripts off: the dispenser", "Cassettes in EUR, at most 40 items" in text and
+                 HOSTILE in text, text)
+    checks.check("scripts off: the command", "qxmix " in text and "hostile.json" in text, text)
+    checks.check("scripts off: counts", "of each outcome" in text, text)
+    # Scripts of the test still run, but none of the page.
+    dead = browser.run("[...document.querySelectorAll('button, input, [role=grid], [role=status], h2')]"
+                       ".filter(e => e.checkVisibility()).map(e => e.textContent)")
+    checks.equal("scripts off: no dead control, and one section", dead, ["Dispenser"])
+    checks.equal("scripts off: no complaints", browser.complaints(), [])
+    browser.call("Emulation.setScriptExecutionDisabled", value=False)
+
+
+def height_of_details(browser):
+    return browser.run("document.getElementById('details').getBoundingClientRect().height")
+
+
+def sheets_with(sheets, words):
+    """The printed sheets that have any of these words, counted from 0."""
+    return [number for number, sheet in enumerate(sheets)
+            if any(re.search(rf"(^|\s){re.escape(word)}(\s|$)", sheet) for word in words)]
 
 
 def check_contrast(browser, checks):

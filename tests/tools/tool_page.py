@@ -4,8 +4,9 @@
 import json
 import re
 
-from page_checks import (HOSTILE, check_pictures, check_skeleton, check_without_script,
-                         printed_sheets, run_page_checks)
+from page_checks import (HOSTILE, check_pictures, check_scripts_off, check_skeleton,
+                         check_without_script, height_of_details, printed_sheets, run_page_checks,
+                         sheets_with)
 
 DETAILS = "['what', 'items', 'said'].map(id => document.getElementById(id).textContent)"
 NAMED = [(10, 1), (60, 1), (500, 1), (280, 3), (30, 4), (50, 4), (10, 9), (30, 9), (40, 9),
@@ -180,6 +181,87 @@ def check_forced_colors(browser, checks, path):
     browser.call("Emulation.setEmulatedMedia", media="", features=[])
 
 
+def in_sight(browser, amount, mix):
+    """Whether a cell stands in the document and in the sight of who looks at the map."""
+    return browser.run(f"(() => {{ const c = {cell(amount, mix)}; if (c === null) return false; "
+                       "const r = c.getBoundingClientRect(), s = scroller.getBoundingClientRect(); "
+                       "return r.left >= s.left + leftWidth() && r.right <= s.right; })()")
+
+
+def first_danger(tool, words):
+    """Amount and mix of the first danger, or None."""
+    result = json.loads(tool.run(["map", *words, "--json"])[1])["result"]
+    places = []
+    for row in result["mixes"]:
+        letters = "".join(letter * length for letter, length in row["runs"])
+        found = re.search("[ODX]", letters)
+        if found:
+            places.append((found.start(), row["mix"]))
+    if not places:
+        return None
+    place, mix = min(places)
+    return result["amounts"]["min"] + place * result["amounts"]["step"], mix
+
+
+def check_first_sight(tool, browser, checks):
+    """What is shown first has letters, and the first danger, however many amounts there are."""
+    for name, words in (
+            ("few", ["examples/three-notes.json", "--to", "300", "--mixes", "1,4"]),
+            ("none", ["EUR:50x400,20x400", "--from", "20", "--to", "6000", "--step", "10", "--mixes", "1"]),
+            ("late", ["EUR:100x40,50x20,20x20", "--from", "20", "--to", "6000", "--step", "20",
+                      "--mixes", "1,4"])):
+        tool.run(["map", *words, "--output", "sight.html"])
+        danger = first_danger(tool, words)
+        checks.equal(f"{name}: a danger", danger is not None, name != "none")
+        checks.check(f"{name}: where", name != "late" or danger[0] > 3000, danger)
+        for width in (1280, 320):
+            browser.resize(width, 900)
+            browser.open(tool.folder / "sight.html")
+            checks.check(f"{name}, {width} px: letters show", browser.run(
+                "[...document.querySelectorAll('.cell')].every(c => c.textContent !== '')"))
+            for button in (None, "larger", "larger", "smaller", "smaller") if danger else ():
+                if button is not None:
+                    browser.run(f"document.getElementById('{button}').click()")
+                checks.check(f"{name}, {width} px, {button or 'at first'}: the first danger is in sight",
+                             in_sight(browser, *danger), danger)
+    browser.resize(1280, 900)
+
+
+def check_height(tool, browser, checks):
+    """The panel has the same height whatever it tells, and nothing below it moves."""
+    dispenser = {"currency": "EUR", "cassettes": [
+        {"label": f"cassette number {n} of the machine", "value": value, "count": 4000} for n, value
+        in enumerate((500, 200, 100, 50, 20))]}
+    (tool.folder / "wordy.json").write_text(json.dumps(dispenser))
+    tool.run(["map", "wordy.json", "--from", "30", "--to", "1000", "--step", "10", "--mixes", "1,2,4",
+              "--output", "wordy.html"])
+    for width in (1280, 600, 320):
+        browser.resize(width, 900)
+        browser.open(tool.folder / "wordy.html")
+        before = height_of_details(browser)
+        heights = {before}
+        for amount, mix in ((30, 1), (30, 4), (880, 2), (1000, 2), (980, 4)):
+            browser.run(f"moveTo(shownRows().findIndex(row => row.mix === {mix}), "
+                        f"({amount} - 30) / 10)")
+            heights.add(height_of_details(browser))
+        checks.equal(f"{width} px: the panel keeps its height", heights, {before})
+        checks.check(f"{width} px: and shows all of it", browser.run(
+            "details.scrollHeight <= details.clientHeight || details.clientHeight > 400"), before)
+    browser.resize(1280, 900)
+
+
+def check_whole_tables(tool, browser, checks):
+    """A table that fits one sheet is printed on one."""
+    tool.run(["map", "EUR:100x300,50x1200,20x1500", "--from", "20", "--to", "3000", "--step", "10",
+              "--mixes", "1,2,3", "--output", "tables.html"])
+    browser.open(tool.folder / "tables.html")
+    sheets = printed_sheets(tool, browser, checks)
+    if sheets is None:
+        return
+    rows = [str(amount) for amount in range(20, 3000, 100)]
+    checks.equal("print: the map fits one sheet and is on one", len(sheets_with(sheets, rows[3:])), 1)
+
+
 def check_large(tool, browser, checks):
     words = ["map", "EUR:100x30000,50x12000,20x15000,10x9000", "--from", "10", "--to", "200000",
              "--mixes", "1,2", "--output", "large.html"]
@@ -188,6 +270,7 @@ def check_large(tool, browser, checks):
     checks.equal("large: no complaints", browser.complaints(), [])
     cells = browser.run("document.querySelectorAll('.cell').length")
     checks.check("large: few cells are in the document", 0 < cells < 5000, cells)
+    browser.run("zoomTo(0)")
     text = browser.run("document.querySelector('.cell').focus(), " + DETAILS)
     checks.check("large: a cell stands for a stretch",
                  re.match(r"10 to [0-9]+ EUR, mix 1: ", text[0]), text)
@@ -201,8 +284,9 @@ def check_page(tool, browser, checks, pictures):
     status, _, _ = tool.run(words + ["--output", "map.html"])
     checks.equal("exit status", status, 3)
     path = tool.folder / "map.html"
-    check_without_script(checks, path, '<th scope="row">4</th><td>24</td>')
+    check_without_script(checks, path, '<th scope="row">4</th><td class="number">24</td>')
     browser.resize(1280, 900)
+    check_scripts_off(browser, checks, path, "DANGER mix 4 gives no answer on 24 of 60 amounts")
     browser.open(path)
     check_content(tool, browser, checks, words)
     check_cells(tool, browser, checks)
@@ -215,6 +299,9 @@ def check_page(tool, browser, checks, pictures):
     checks.equal("narrow: no complaints", browser.complaints(), [])
     check_pictures(browser, checks, path, pictures)
     check_forced_colors(browser, checks, path)
+    check_first_sight(tool, browser, checks)
+    check_height(tool, browser, checks)
+    check_whole_tables(tool, browser, checks)
     check_large(tool, browser, checks)
 
 

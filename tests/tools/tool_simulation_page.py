@@ -3,8 +3,9 @@
 
 import json
 
-from page_checks import (HOSTILE, check_pictures, check_skeleton, check_without_script,
-                         printed_sheets, run_page_checks)
+from page_checks import (HOSTILE, check_pictures, check_scripts_off, check_skeleton,
+                         check_without_script, height_of_details, printed_sheets, run_page_checks,
+                         sheets_with)
 from written_answers import rows_of
 
 DETAILS = "['what', 'items', 'held'].map(id => document.getElementById(id).textContent)"
@@ -157,6 +158,20 @@ def check_letters(browser, checks, rows):
                      [[LETTERS[outcome], "o-" + outcome] for outcome in outcomes])
 
 
+def check_height(browser, checks, path):
+    """The panel has the same height whatever it tells, and nothing below it moves."""
+    for width in (1280, 320):
+        browser.resize(width, 900)
+        browser.open(path)
+        before = height_of_details(browser)
+        heights = {before}
+        for mix in MIXES:
+            for index in range(0, 56, 5):
+                browser.run(f"show(rows.findIndex(row => row.mix === {mix}), {index})")
+                heights.add(height_of_details(browser))
+        checks.equal(f"{width} px: the panel keeps its height", heights, {before})
+
+
 def check_narrow(browser, checks, path):
     browser.resize(320, 640)
     browser.open(path)
@@ -179,6 +194,7 @@ def check_print(tool, browser, checks):
                  "Cassettes in EUR" in sheets[0] and "qxmix simulate hostile.json" in sheets[0],
                  sheets[0])
     checks.check("print: letters", ".......r" in text.replace(" ", ""), text)
+    checks.equal("print: the dispenser on one sheet", sheets_with(sheets, ["holds", "Deadline"]), [0])
     checks.check("print: curves on further sheets", "Mix 4" in " ".join(sheets[1:]), text)
     checks.check("print: no controls", "next refusal" not in text and "Left and right" not in text,
                  text)
@@ -272,8 +288,9 @@ def check_page(tool, browser, checks, pictures):
                  counts.get("overpaid", 0) > 0 and 0 < counts.get("noAnswer", 0) < 20, counts)
     expected = expected_details(answer, rows)
     path = tool.folder / "simulate.html"
-    check_without_script(checks, path, f'<th scope="row">{order[0]}</th><td>0</td>')
+    check_without_script(checks, path, f'<th scope="row">{order[0]}</th><td class="number">0</td>')
     browser.resize(1280, 900)
+    check_scripts_off(browser, checks, path, shown.split("\n")[1])
     browser.open(path)
     check_content(browser, checks, output, shown)
     check_details(browser, checks, expected)
@@ -283,6 +300,7 @@ def check_page(tool, browser, checks, pictures):
     check_print(tool, browser, checks)
     checks.equal("no complaints", browser.complaints(), [])
     check_narrow(browser, checks, path)
+    check_height(browser, checks, path)
     checks.equal("narrow: no complaints", browser.complaints(), [])
     check_pictures(browser, checks, path, pictures)
     check_runs(tool, browser, checks)

@@ -1,6 +1,8 @@
 #include "PageParts.h"
 
+#include "PageHtml.h"
 #include "Pages.h"
+#include "ToolVersion.h"
 #include "terminal/Terminal.h"
 
 #include <map>
@@ -69,17 +71,24 @@ std::string OutcomeStyles() {
     return styles;
 }
 
+std::string VersionsText(const Envelope& envelope) {
+    return std::string("qxmix ") + kToolVersion + ", module " +
+           (envelope.module.empty() ? "without a version" : envelope.module) + " (" +
+           envelope.library + ")";
+}
+
 }  // namespace
 
 std::string PageText(const PageParts& parts, const Envelope& envelope) {
     const std::string text =
-        FillPage(kPageHtml, {{"title", parts.title},
+        FillPage(kPageHtml, {{"title", HtmlText(parts.title)},
                              {"heading", parts.heading},
                              {"style", std::string(kPartsCss) + parts.style},
                              {"colours", OutcomeStyles()},
                              {"withoutScript", parts.withoutScript},
                              {"summary", parts.summary},
-                             {"main", parts.main},
+                             {"main", FillPage(parts.main, {{"dispenser", parts.dispenser}})},
+                             {"versions", HtmlText(VersionsText(envelope))},
                              {"answer", JsonInPage(EnvelopeJson(envelope))},
                              {"page", JsonInPage(parts.page)},
                              {"script", std::string(kPartsScript) + parts.script}});
@@ -95,20 +104,18 @@ std::string
 OutcomeCountTable(const std::string& caption,
                   const std::vector<std::uint16_t>& mixes,
                   const std::function<std::uint64_t(std::size_t place, Outcome outcome)>& count) {
-    std::string table =
-        "<table><caption>" + caption + "</caption><thead><tr><th scope=\"col\">mix</th>";
+    std::vector<std::string> headings = {"mix"};
     for (const OutcomeRow& outcome : OutcomeTable()) {
-        table += std::string("<th scope=\"col\">") + outcome.words + "</th>";
+        headings.push_back(std::string(outcome.words) + "#");
     }
-    table += "</tr></thead><tbody>\n";
+    std::vector<std::vector<std::string>> lines;
     for (std::size_t place = 0; place < mixes.size(); ++place) {
-        table += "<tr><th scope=\"row\">" + std::to_string(mixes[place]) + "</th>";
+        lines.push_back({std::to_string(mixes[place])});
         for (const OutcomeRow& outcome : OutcomeTable()) {
-            table += "<td>" + std::to_string(count(place, outcome.outcome)) + "</td>";
+            lines.back().push_back(std::to_string(count(place, outcome.outcome)));
         }
-        table += "</tr>\n";
     }
-    return table + "</tbody></table>";
+    return HtmlTable("", caption, headings, lines);
 }
 
 Json OutcomesJson() {

@@ -15,13 +15,14 @@ namespace qxmix {
 /// Most bytes of a page.
 constexpr std::size_t kMostPageBytes = 5000000;
 
-/// What one page has and another has not. Texts and HTML are the tool's own words and numbers.
+/// What one page has and another has not. HTML has the texts of others as HtmlText makes them.
 struct PageParts {
-    std::string title;
-    std::string heading;        ///< HTML below the verdict
+    std::string title;          ///< as text
+    std::string heading;        ///< HTML of the verdict
     std::string withoutScript;  ///< what a reader whose browser runs no scripts is told, and
     std::string summary;        ///< the table that he sees then
-    std::string main;           ///< HTML that the scripts fill
+    std::string main;           ///< HTML that the scripts fill, hidden where none run, and in it
+    std::string dispenser;      ///< what stands for {{dispenser}}
     std::string style;
     std::string script;
     Json page;  ///< what the scripts know beside the answer

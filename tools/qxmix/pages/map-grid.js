@@ -2,10 +2,11 @@
 const LETTER_WIDTH = 9;
 const SMALLEST_WIDTH = 3;
 const OVERVIEW_WIDTH = 280;
-const HATCHED = ["overpaid", "overdrawn", "noAnswer"];
+const DANGEROUS = ["overpaid", "overdrawn", "noAnswer"];
 
 const scroller = document.getElementById("scroller");
 const map = document.getElementById("map");
+const details = document.getElementById("details");
 const hiddenMixes = new Set();
 const hiddenOutcomes = new Set();
 
@@ -96,7 +97,7 @@ function makeCell(row, rowIndex, column) {
     cell.className = "cell " + (outcome === null ? "off" : "o-" + outcome.name);
     cell.classList.toggle("gap", width >= LETTER_WIDTH && column % 10 !== 0);
     cell.classList.toggle("hatched", width < LETTER_WIDTH && outcome !== null &&
-        HATCHED.includes(outcome.name));
+        DANGEROUS.includes(outcome.name));
     cell.style.left = leftWidth() + column * width + "px";
     cell.style.width = width - (width >= 6 ? 1 : 0) + "px";
     cell.textContent = outcome === null || width < LETTER_WIDTH ? "" : outcome.letter;
@@ -211,7 +212,7 @@ function moveTo(row, column) {
     view.column = Math.max(0, Math.min(column, columnCount() - 1));
     const width = level().width;
     const left = view.column * width;
-    const room = scroller.clientWidth - leftWidth();
+    const room = roomForCells();
     if (left < scroller.scrollLeft) {
         scroller.scrollLeft = left;
     } else if (left + width > scroller.scrollLeft + room) {
@@ -241,15 +242,43 @@ function onKey(event) {
     }
 }
 
-/** Changes the size of the cells and keeps the middle of the map where it is. */
+/** Where a danger that is shown stands first: its place among the amounts, or -1. */
+function firstDanger() {
+    const isDanger = outcomes.map((outcome, index) =>
+        DANGEROUS.includes(outcome.name) && !hiddenOutcomes.has(index));
+    const places = shownRows().map((row) => row.cells.findIndex((outcome) => isDanger[outcome]))
+        .filter((place) => place >= 0);
+    return places.length === 0 ? -1 : Math.min(...places);
+}
+
+function roomForCells() {
+    return scroller.clientWidth - leftWidth();
+}
+
+/** How far the cell of an amount is from the left edge of those in sight. */
+function offsetOf(place) {
+    return Math.floor(place / level().stretch) * level().width - scroller.scrollLeft;
+}
+
+function isInSight(place) {
+    return offsetOf(place) >= 0 && offsetOf(place) + level().width <= roomForCells();
+}
+
+/** Changes the size of the cells. What keeps its place is the first danger, if it is in sight, or
+    else the middle of the map. */
 function zoomTo(next) {
-    const room = scroller.clientWidth - leftWidth();
-    const middle = (scroller.scrollLeft + room / 2) / level().width * level().stretch;
+    const room = roomForCells();
+    const danger = firstDanger();
+    const staysDanger = danger >= 0 && isInSight(danger);
+    const kept = staysDanger ? danger
+        : (scroller.scrollLeft + room / 2) / level().width * level().stretch;
+    const offset = staysDanger ? offsetOf(danger) : room / 2;
     const amount = view.column * level().stretch;
     view.level = Math.max(0, Math.min(next, levels.length - 1));
     view.column = Math.floor(amount / level().stretch);
     draw();
-    scroller.scrollLeft = middle / level().stretch * level().width - room / 2;
+    scroller.scrollLeft = kept / level().stretch * level().width -
+        Math.min(offset, room - level().width);
     drawIfNeeded();
     document.getElementById("smaller").disabled = view.level === 0;
     document.getElementById("larger").disabled = view.level === levels.length - 1;
@@ -258,14 +287,24 @@ function zoomTo(next) {
         : "a cell for " + level().stretch + " amounts: the worst of them";
 }
 
-/** The largest cells with which the whole map is in sight. */
-function fittingLevel() {
-    const room = scroller.clientWidth - leftWidth() - 6;
-    let best = 0;
+/** The largest cells with which the whole map is in sight, or if those have no letters, the
+    smallest that have. */
+function firstLevel() {
+    const room = roomForCells() - 6;
+    let best = levels.findIndex((candidate) => candidate.width >= LETTER_WIDTH);
     levels.forEach((candidate, index) => {
         if (Math.ceil(amountCount / candidate.stretch) * candidate.width <= room) {
-            best = index;
+            best = Math.max(best, index);
         }
     });
     return best;
+}
+
+/** Scrolls to the first danger if it is out of sight. */
+function showFirstDanger() {
+    const danger = firstDanger();
+    if (danger >= 0 && !isInSight(danger)) {
+        scroller.scrollLeft += offsetOf(danger) - roomForCells() / 2;
+        drawIfNeeded();
+    }
 }

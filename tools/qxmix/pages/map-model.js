@@ -107,6 +107,21 @@ function describe(row, index) {
     return [what, itemsText(known.values), saidText(known)];
 }
 
+/** Texts of cells that need most room: of one amount, and of several that share a cell. */
+function longestDetails() {
+    const last = askedText(amountAt(Math.max(amountCount - 1, 0)));
+    const mix = longestOf(rows.map((row) => String(row.mix)));
+    const words = longestOf(outcomes.map((outcome) => outcome.words));
+    const all = dispenser.cassettes.map((cassette) => cassette.count);
+    const one = withCurrency(last) + ", mix " + mix + ": " + words + ", " +
+        withCurrency(worthText(all));
+    const said = saidText({ returned: -2147483648, remainder: 4294967295, registry: null });
+    return [[one, mostItemsText(), said],
+        [last + " to " + withCurrency(last) + ", mix " + mix + ": " + words + " on " +
+            amountCount + " of " + plural(amountCount, "amount"),
+        "First: " + one + ". " + mostItemsText(), said]];
+}
+
 function saidText(known) {
     return "returned " + known.returned + ", remainder " + known.remainder + ", " +
         (known.registry === null ? "no error code written" : "error code " + known.registry);

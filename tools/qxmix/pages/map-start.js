@@ -1,9 +1,9 @@
-showTitle();
-showFacts();
 showSummary();
 makeFilters();
 showRuns();
-zoomTo(fittingLevel());
+keepHeight(details, longestDetails());
+zoomTo(firstLevel());
+showFirstDanger();
 
 let pointer = "";
 map.addEventListener("pointermove", (event) => {
@@ -27,7 +27,10 @@ map.addEventListener("focusout", () => {
 });
 map.addEventListener("keydown", onKey);
 scroller.addEventListener("scroll", drawIfNeeded, { passive: true });
-window.addEventListener("resize", draw);
+window.addEventListener("resize", () => {
+    keepHeight(details, longestDetails());
+    draw();
+});
 window.addEventListener("beforeprint", makePaper);
 document.getElementById("smaller").addEventListener("click", () => zoomTo(view.level - 1));
 document.getElementById("larger").addEventListener("click", () => zoomTo(view.level + 1));

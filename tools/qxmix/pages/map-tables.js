@@ -1,4 +1,4 @@
-// Everything around the map: title, filters, tables and the sheets for the printer.
+// Everything around the map: filters, tables and the sheets for the printer.
 const MOST_RUNS = 200;
 const MOST_PRINTED = 3000;
 const PRINTED_GROUP = 10;
@@ -45,31 +45,6 @@ function showCounts() {
     for (const { outcome, index } of seenOutcomes()) {
         document.getElementById("count-" + outcome.name).textContent = String(shownCount(index));
     }
-}
-
-function showTitle() {
-    const title = dispenser.name || "What this dispenser pays";
-    document.title = title;
-    document.getElementById("title").textContent = title;
-    const verdict = document.getElementById("verdict");
-    verdict.className = page.verdict.isDanger ? "danger" : "";
-    verdict.append(element("strong", page.verdict.word), page.verdict.rest);
-    for (const line of page.unpaid.slice().reverse()) {
-        verdict.after(element("p", line));
-    }
-    if (!answer.complete) {
-        verdict.after(element("p",
-            "Interrupted: the first " + plural(amountCount, "amount") + " only."));
-    }
-}
-
-function showFacts() {
-    const last = askedText(amountAt(Math.max(amountCount - 1, 0)));
-    showDispenser([
-        ["Amounts", askedText(amounts.min) + " to " + withCurrency(last) + ", " + amountCount +
-            " of them"],
-        ["Deadline", durationWords(answer.input.deadline) + " for a calculation"],
-    ]);
 }
 
 function showSummary() {

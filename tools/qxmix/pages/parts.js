@@ -162,21 +162,34 @@ function addFilter(fieldset, id, content, onChange) {
     fieldset.append(label);
 }
 
-/** The dispenser as a table, the facts below it, the command line and the versions. */
-function showDispenser(facts) {
-    fillTable(document.getElementById("dispenser"), "Cassettes in " + dispenser.currency +
-        ", at most " + plural(dispenser.maxDispenseItems, "item") + " at a time",
-        ["cassette", "item#", "holds#", "status", "type"],
-        dispenser.cassettes.map((cassette, index) => [cassetteLabel(index),
-            cassette.worth + " " + cassette.currency, String(cassette.count),
-            String(cassette.status), String(cassette.type).replace(/^billCassette$/, "bills")]));
-    const asked = document.getElementById("asked");
-    for (const [name, text] of facts) {
-        asked.append(element("dt", name), element("dd", text));
+/** Makes a panel as high as the longest of these texts needs, each a list of its paragraphs. */
+function keepHeight(panel, texts) {
+    const trial = panel.cloneNode(true);
+    for (const part of [trial, ...trial.children]) {
+        part.removeAttribute("id");
+        part.removeAttribute("role");
+        part.removeAttribute("aria-live");
     }
-    const command = element("dd");
-    command.append(element("code", page.commandLine));
-    asked.append(element("dt", "Command"), command);
-    document.getElementById("versions").textContent = "qxmix " + answer.tool + ", module " +
-        (answer.module || "without a version") + " (" + answer.library + ")";
+    trial.setAttribute("aria-hidden", "true");
+    Object.assign(trial.style, { position: "absolute", visibility: "hidden", height: "auto",
+        width: panel.offsetWidth + "px" });
+    panel.after(trial);
+    const heights = texts.map((lines) => {
+        lines.forEach((line, index) => {
+            trial.children[index].textContent = line;
+        });
+        return trial.offsetHeight;
+    });
+    trial.remove();
+    panel.style.height = Math.max(...heights) + "px";
+}
+
+function longestOf(texts) {
+    return texts.reduce((longest, text) => (text.length > longest.length ? text : longest), "");
+}
+
+/** All cassettes with as many items as they hold. */
+function mostItemsText() {
+    return dispenser.cassettes.map((cassette, index) => cassetteItems(cassette.count, index))
+        .join(", ");
 }

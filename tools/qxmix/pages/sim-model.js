@@ -125,3 +125,16 @@ function describe(row, index) {
         row.heldBehind(index, at) + " " + row.statuses[index][at]);
     return [what, taken, "Then " + held.join(", ")];
 }
+
+/** A text of a withdrawal that needs most room. */
+function longestDetails() {
+    const words = longestOf(outcomes.map((outcome) => outcome.words));
+    const all = dispenser.cassettes.map((cassette) => cassette.count);
+    const held = dispenser.cassettes.map((cassette, at) => cassetteLabel(at) + " " +
+        cassette.count + " " + longestOf([String(cassette.status), "empty"]));
+    return [[timeText(demand.times[withdrawalCount - 1]) + ", " +
+        longestOf(demand.amounts.map((_, index) => amountText(index))) + ", mix " +
+        longestOf(rows.map((row) => String(row.mix))) + ": " + words + ", " +
+        withCurrency(worthText(all)),
+    "Not carried out: " + mostItemsText(), "Then " + held.join(", ")]];
+}

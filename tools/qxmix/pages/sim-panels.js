@@ -1,5 +1,6 @@
 // A panel for each mix, and the one time cursor that goes through all of them.
 const panels = document.getElementById("panels");
+const details = document.getElementById("details");
 const hiddenMixes = new Set();
 const cursor = { row: 0, index: 0, isSet: false };
 

@@ -1,13 +1,12 @@
-showTitle();
 showRanking();
 showRanges();
-showFacts();
 showLegend();
 if (withdrawalCount > 0) {
     for (const row of rows) {
         row.changes = dispenser.cassettes.map((_, cassette) => changesOf(row, cassette));
     }
     makeFilters();
+    keepHeight(details, longestDetails());
     draw();
     panels.addEventListener("pointermove", (event) => {
         const plot = event.target.closest(".plot");
@@ -28,7 +27,10 @@ if (withdrawalCount > 0) {
         () => show(cursor.row, refusalFrom(cursor.row, cursor.index, -1)));
     document.getElementById("next").addEventListener("click",
         () => show(cursor.row, refusalFrom(cursor.row, cursor.index, 1)));
-    window.addEventListener("resize", () => draw());
+    window.addEventListener("resize", () => {
+        keepHeight(details, longestDetails());
+        draw();
+    });
     window.addEventListener("beforeprint", () => {
         // The first sheet says what was simulated.
         document.getElementById("curves").before(document.getElementById("about"));

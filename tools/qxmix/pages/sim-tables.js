@@ -1,4 +1,4 @@
-// Everything around the curves: title, ranking, ranges, filters.
+// Everything around the curves: ranking, ranges, filters.
 const DANGERS = page.dangers;
 
 function percentText(part) {
@@ -27,22 +27,6 @@ function itemsEach(mix) {
     const taken = countOf(mix, ["paid", "paidInPart"]);
     const items = mix.items.notes + mix.items.coins;
     return taken === 0 ? "0.0" : tenthsText(Math.floor((items * 20 + taken) / (taken * 2)));
-}
-
-function showTitle() {
-    const title = dispenser.name || "How this dispenser empties";
-    document.title = title;
-    document.getElementById("title").textContent = title;
-    document.getElementById("verdict").textContent = page.best;
-    const danger = document.getElementById("danger");
-    danger.hidden = page.danger === "";
-    danger.append(element("strong", "DANGER"), " " + page.danger);
-    if (!answer.complete) {
-        const isCut = demand.withdrawals < demand.planned;
-        danger.after(element("p", "Interrupted: the first " +
-            (isCut ? plural(demand.withdrawals, "withdrawal") : plural(demand.runs, "run")) + " of " +
-            (isCut ? demand.planned : answer.input.runs) + " only."));
-    }
 }
 
 /** The label of a cassette, with the time before it. */
@@ -110,17 +94,6 @@ function showRanges() {
             rangeText(mix.ranges.firstEmpty, orNone),
             rangeText(mix.ranges.spread, (spread) => (spread / 10).toFixed(1) + "%")]));
     keepRoles(document.getElementById("ranges"));
-}
-
-function showFacts() {
-    const source = answer.input.demand;
-    const days = source === null
-        ? "recorded" + (demand.firstDay === null ? "" : " from " + demand.firstDay + " on")
-        : plural(source.days, "day") + ", " + source.perDay + " a day, drawn with seed " + demand.seed;
-    showDispenser([
-        ["Withdrawals", withdrawalCount + ", " + withCurrency(demand.asked) + " asked; " + days],
-        ["Deadline", durationWords(answer.input.deadline) + " for a calculation"],
-    ]);
 }
 
 function makeFilters() {

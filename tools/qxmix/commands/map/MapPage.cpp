@@ -1,8 +1,10 @@
 #include "MapPage.h"
 
 #include "MapVerdict.h"
+#include "pages/PageHtml.h"
 #include "pages/PageParts.h"
 #include "pages/Pages.h"
+#include "text/Duration.h"
 
 namespace qxmix {
 
@@ -13,17 +15,34 @@ std::string Script() {
            std::string(kMapTablesScript) + std::string(kMapStartScript);
 }
 
-Json PageJson(const MapQuestions& questions,
-              const MapAnswers& answers,
-              const std::string& commandLine) {
+std::string HeadingHtml(const MapQuestions& questions, const MapAnswers& answers) {
     const MapVerdict verdict = VerdictOf(questions, answers);
-    return {{"commandLine", commandLine},
-            {"verdict",
-             {{"word", verdict.word},
-              {"rest", verdict.rest},
-              {"isDanger", verdict.colour == Outcome::Overpaid}}},
-            {"unpaid", UnpaidLines(questions, answers)},
-            {"outcomes", OutcomesJson()}};
+    const bool isDanger = verdict.colour == Outcome::Overpaid;
+    std::string html = std::string("<p id=\"verdict\"") + (isDanger ? " class=\"danger\"" : "") +
+                       "><strong>" + verdict.word + "</strong> " + HtmlText(verdict.rest) +
+                       "</p>\n";
+    if (!answers.isComplete) {
+        const std::uint64_t count = answers.AmountCount();
+        html += "<p>Interrupted: the first " + std::to_string(count) +
+                (count == 1 ? " amount" : " amounts") + " only.</p>\n";
+    }
+    for (const std::string& line : UnpaidLines(questions, answers)) {
+        html += "<p>" + HtmlText(line) + "</p>\n";
+    }
+    return html;
+}
+
+Facts FactsOf(const MapQuestions& questions, const MapAnswers& answers) {
+    const auto text = [&questions](std::uint32_t amount) {
+        const Dispenser& dispenser = questions.dispenser;
+        return AskedMoney(dispenser, amount).Text(AmountDecimals(dispenser));
+    };
+    const std::uint64_t count = answers.AmountCount();
+    return {{"Amounts", text(questions.Amount(0)) + " to " +
+                            text(questions.Amount(count == 0 ? 0 : count - 1)) + " " +
+                            questions.dispenser.currency + ", " + std::to_string(count) +
+                            " of them"},
+            {"Deadline", DurationWords(questions.deadline) + " for a calculation"}};
 }
 
 /// What would make the page small enough, by the size that it has.
@@ -39,7 +58,9 @@ std::string MapPage(const MapQuestions& questions,
                     const Envelope& envelope,
                     const std::string& commandLine) {
     PageParts parts;
-    parts.title = "qxmix map";
+    const std::string& name = questions.dispenser.name;
+    parts.title = name.empty() ? "What this dispenser pays" : name;
+    parts.heading = HeadingHtml(questions, answers);
     parts.withoutScript =
         "This page draws its map with a script. Without it, here is how often each outcome occurs.";
     parts.summary = OutcomeCountTable("Amounts of each outcome", questions.mixes,
@@ -47,9 +68,10 @@ std::string MapPage(const MapQuestions& questions,
                                           return answers.rows[place].Count(outcome);
                                       });
     parts.main = kMapHtml;
+    parts.dispenser = DispenserHtml(questions.dispenser, FactsOf(questions, answers), commandLine);
     parts.style = kMapCss;
     parts.script = Script();
-    parts.page = PageJson(questions, answers, commandLine);
+    parts.page = {{"outcomes", OutcomesJson()}};
     parts.fitting = [&questions](std::size_t size) { return FittingText(questions, size); };
     return PageText(parts, envelope);
 }

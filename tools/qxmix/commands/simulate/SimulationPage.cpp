@@ -4,8 +4,10 @@
 #include "SimulationVerdict.h"
 #include "answers/Dangers.h"
 #include "options/ShellWords.h"
+#include "pages/PageHtml.h"
 #include "pages/PageParts.h"
 #include "pages/Pages.h"
+#include "text/Duration.h"
 
 #include <algorithm>
 
@@ -21,9 +23,7 @@ std::string Script() {
 
 Json PageJson(const SimulationQuestions& questions,
               const SimulationAnswers& answers,
-              const std::vector<SimulationRow>& rows,
-              const std::string& commandLine) {
-    const SimulationVerdict verdict = VerdictOf(questions, answers, rows);
+              const std::vector<SimulationRow>& rows) {
     std::vector<std::string> remarks = RemarksOn(answers, rows);
     for (const Finding& note : questions.Notes()) {
         remarks.push_back(note.message);
@@ -32,8 +32,45 @@ Json PageJson(const SimulationQuestions& questions,
     for (const Danger& danger : Dangers()) {
         dangers.push_back(RowOf(danger.outcome).name);
     }
-    return {{"commandLine", commandLine}, {"best", verdict.best}, {"danger", verdict.danger},
-            {"remarks", remarks},         {"dangers", dangers},   {"outcomes", OutcomesJson()}};
+    return {{"remarks", remarks}, {"dangers", dangers}, {"outcomes", OutcomesJson()}};
+}
+
+std::string Plural(std::uint64_t count, const std::string& word) {
+    return std::to_string(count) + " " + word + (count == 1 ? "" : "s");
+}
+
+std::string HeadingHtml(const SimulationQuestions& questions,
+                        const SimulationAnswers& answers,
+                        const std::vector<SimulationRow>& rows) {
+    const SimulationVerdict verdict = VerdictOf(questions, answers, rows);
+    std::string best = verdict.best;
+    std::replace(best.begin(), best.end(), '\n', ' ');
+    std::string html = "<p id=\"verdict\">" + HtmlText(best) + "</p>\n";
+    if (!verdict.danger.empty()) {
+        html += "<p id=\"danger\"><strong>DANGER</strong> " + HtmlText(verdict.danger) + "</p>\n";
+    }
+    if (!answers.isComplete) {
+        const std::size_t done = answers.demand.withdrawals.size();
+        const bool isCut = done < answers.planned;
+        html += "<p>Interrupted: the first " +
+                (isCut ? Plural(done, "withdrawal") : Plural(answers.runs.size(), "run")) + " of " +
+                std::to_string(isCut ? answers.planned : questions.runs) + " only.</p>\n";
+    }
+    return html;
+}
+
+Facts FactsOf(const SimulationQuestions& questions, const SimulationAnswers& answers) {
+    const Demand& demand = answers.demand;
+    const std::string firstDay = demand.calendar.FirstDayText();
+    std::string source = "recorded" + (firstDay.empty() ? "" : " from " + firstDay + " on");
+    if (!questions.IsRecorded()) {
+        const auto& pattern = std::get<DemandPattern>(questions.demand);
+        source = Plural(pattern.days, "day") + ", " + std::to_string(pattern.perDay) +
+                 " a day, drawn with seed " + std::to_string(questions.seed);
+    }
+    return {{"Withdrawals", std::to_string(demand.withdrawals.size()) + ", " +
+                                AskedText(questions.dispenser, demand) + " asked; " + source},
+            {"Deadline", DurationWords(questions.deadline) + " for a calculation"}};
 }
 
 /// What would make a page small enough, by the size that it has.
@@ -69,8 +106,9 @@ std::string SimulationPage(const SimulationQuestions& questions,
         mixes.push_back(row.mix);
     }
     PageParts parts;
-    parts.title = "qxmix simulation";
-    parts.heading = "<p id=\"danger\"></p>\n";
+    const std::string& name = questions.dispenser.name;
+    parts.title = name.empty() ? "How this dispenser empties" : name;
+    parts.heading = HeadingHtml(questions, answers, rows);
     parts.withoutScript =
         "This page draws its curves with a script. Without it, here is how every mix fared.";
     parts.summary =
@@ -79,9 +117,10 @@ std::string SimulationPage(const SimulationQuestions& questions,
                               return answers.runs.front()[rows[place].place].Count(outcome);
                           });
     parts.main = kSimHtml;
+    parts.dispenser = DispenserHtml(questions.dispenser, FactsOf(questions, answers), commandLine);
     parts.style = kSimCss;
     parts.script = Script();
-    parts.page = PageJson(questions, answers, rows, commandLine);
+    parts.page = PageJson(questions, answers, rows);
     parts.fitting = [&](std::size_t size) { return FittingText(questions, envelope, size); };
     return PageText(parts, envelope);
 }
