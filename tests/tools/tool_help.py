@@ -57,6 +57,18 @@ def check_examples(tool, checks, commands):
                          b"qxmix: " not in ending.stderr and ending.stdout, str(ending))
 
 
+def check_one_mix(tool, checks):
+    """What takes one mix alone offers no more."""
+    for command, name in (("explain", "EUR:50x1"), ("batch", None)):
+        checks.check(f"{command}: offers one mix", "--mix N" in help_of(tool, command) and
+                     " all" not in "".join(line for line in help_of(tool, command).split("\n")
+                                           if "--mix" in line))
+        words = [command] + ([name, "--amount", "50"] if name else [])
+        for option in ("--mix", "--mixes"):
+            status, _, errors = tool.run([*words, option, "all"])
+            checks.check(f"{command} {option} all", status == 2 and "one" in errors, errors)
+
+
 def manual_sections(text):
     """The options that each part of the manual page describes, by its heading."""
     found, heading = {}, ""
@@ -84,6 +96,8 @@ def check_manual(tool, checks, commands, source):
         described = everywhere | part["options"]
         if "Takes the asking options" in part["text"]:
             described |= asking
+        if "no *--mixes*" in part["text"]:
+            described.discard("--mixes LIST")
         checks.equal(f"{command}: options in the manual page", described, options_of(tool, command))
     statuses = [re.split(r"  +", line, maxsplit=1) for line in section(help_of(tool), "exit status")]
     described = re.findall(r"^\*(\d+)\*\n\t(.*)$", parts["EXIT STATUS"]["text"], re.M)
@@ -113,6 +127,7 @@ OFFERED = [
     (["mix", "--am"], ["--amount"]),
     (["mix", "--mix", ""], MIXES),
     (["map", "--mixes", "a"], ["all"]),
+    (["batch", "--mi"], ["--mix"]),
     (["mix", "x.json", "--color", ""], ["auto", "always", "never"]),
     (["map", "--amount"], []),
     (["types", "--am"], []),
@@ -183,6 +198,7 @@ def main():
         check_help_word(tool, checks)
         check_examples(tool, checks, commands)
         check_manual(tool, checks, commands, source)
+        check_one_mix(tool, checks)
         check_bash(tool, checks, commands)
         check_fish(tool, checks, commands)
         check_zsh(tool, checks)

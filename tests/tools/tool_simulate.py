@@ -187,6 +187,19 @@ def check_interrupt(tool, checks):
             checks.equal("Ctrl-C: complete", answer["complete"], False)
             checks.equal("Ctrl-C: kept", [m["asked"] for m in answer["result"]["mixes"]], [12, 12])
             checks.equal("Ctrl-C: the file", len(rows_of(tool, "cut.csv")), 24)
+    # 1002 hangs in the first run: no run is whole.
+    pattern = {**SMALL, "amounts": [{"amount": 901, "weight": 9}, {"amount": 1002, "weight": 1}]}
+    (tool.folder / "endless.json").write_text(json.dumps(pattern))
+    words = FAKE[:3] + ["endless.json"] + FAKE[4:] + ["--mixes", "1", "--runs", "3", "--seed", "7",
+                                                      "--deadline", "60s", "--jobs", "1"]
+    _, output, _ = tool.interrupt(words, 1)
+    text = output.decode()
+    checks.check("Ctrl-C: an unfinished run is no run",
+                 "of a run that did not end" in text and "no run of 3 at its end" in text and
+                 "median" not in text.split("\n")[0], text)
+    runs = json.loads(tool.interrupt(words + ["--json"], 1)[1])["result"]
+    checks.equal("Ctrl-C: runs that are whole", (runs["demand"]["runs"], runs["mixes"][0]["runs"]),
+                 (0, []))
     words = WEEK + ["--runs", "10000", "--mixes", "1,2", "--jobs", "1", "--json"]
     status, output, _ = tool.interrupt(words, 1.5)
     answer = json.loads(output)

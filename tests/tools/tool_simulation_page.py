@@ -13,8 +13,9 @@ CASSETTES = [
     {"label": HOSTILE, "value": 100, "count": 12, "lowThreshold": 6, "emptyThreshold": 1},
     {"value": 50, "count": 40, "lowThreshold": 10}, {"label": "C", "value": 20, "count": 40}]
 LABELS = (HOSTILE, "1", "C")
+NAMES = (HOSTILE, "50 EUR (1)", "C")
 MIXES = (1, 2, 4)
-WORDS = {"paid": "paid", "notDispensable": "refused", "nothingPaid": "nothing paid",
+WORDS = {"paid": "paid", "notDispensable": "not dispensable", "nothingPaid": "nothing paid",
          "noAnswer": "no answer within 100 ms"}
 LETTERS = {"paid": ".", "notDispensable": "r", "nothingPaid": "n", "overpaid": "O", "noAnswer": "X"}
 
@@ -85,7 +86,7 @@ def check_content(browser, checks, output, shown):
     lines = [line.split() for line in shown.split("\n")[4:4 + len(MIXES)]]
     checks.equal("the ranking is that of the text",
                  [row[:4] + row[5:] for row in ranking], [line[:7] for line in lines])
-    labels = [label if len(label) <= 12 else label[:11] + "\u2026" for label in LABELS]
+    labels = [label if len(label) <= 12 else label[:11] + "\u2026" for label in NAMES]
     for mix in MIXES:
         checks.equal(f"mix {mix}: labels at the ends", sorted(browser.run(
             f"[...{plot(mix)}.querySelectorAll('.curve text')].map(t => t.textContent)")),

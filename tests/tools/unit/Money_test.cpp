@@ -1,4 +1,5 @@
 #include "dispenser/Money.h"
+#include "dispenser/ReadableMoney.h"
 
 #include <gtest/gtest.h>
 
@@ -53,6 +54,17 @@ TEST(Money, MultipliesBeyondSixtyFourBits) {
     EXPECT_EQ(Read("9999999999.9999").Times(4294967295U).Text(), "42949672949999570503.2705");
     EXPECT_TRUE(Read("12.5").Times(0).IsZero());
     EXPECT_EQ(Read("0.5").Times(2).Text(), "1");
+}
+
+TEST(Money, ShortensForPeopleWhatNobodyCanRead) {
+    EXPECT_EQ(ReadableText(Money::Of(60, -32768), 32768), "6e-32767");
+    EXPECT_EQ(ReadableText(Money::Of(4294967295U, 32767)), "4294967295e32767");
+    EXPECT_EQ(ReadableText(Money(), 32768), "0");
+    EXPECT_EQ(ReadableText(Money::Of(7050, -2), 2), "70.50");
+    EXPECT_EQ(ReadableText(Money::Of(1, 38)), "1" + std::string(38, '0')) << "that can be read";
+    const std::string longest = std::string(60, '7');
+    EXPECT_EQ(ReadableText(Read(longest)), std::string(40, '7') + "...e20");
+    EXPECT_EQ(Read(longest).Text(), longest);
 }
 
 TEST(Money, ComparesByValueWhateverTheDecimals) {

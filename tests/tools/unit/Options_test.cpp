@@ -137,7 +137,18 @@ TEST(AmountsWithDefaults, ScaleBillsButNotCoinsUnderANegativeExponent) {
     EXPECT_EQ(amounts.step, 50U);
     EXPECT_EQ(amounts.max, 20000U);
     dispenser.exponent = 2;
-    EXPECT_EQ(AmountsWithDefaults(dispenser).max, 500U);
+    EXPECT_EQ(AmountsWithDefaults(dispenser).max, 5U) << "units of 100";
+}
+
+TEST(AmountsWithDefaults, CountUnitsOfAPositiveExponent) {
+    Dispenser dispenser = ReadInlineDispenser("JPY:10000x800,5000x200,1000x900");
+    dispenser.exponent = 3;
+    const Amounts amounts = AmountsWithDefaults(dispenser);
+    EXPECT_EQ(amounts.min, 1U);
+    EXPECT_EQ(amounts.step, 1U);
+    EXPECT_EQ(amounts.max, 100U);
+    dispenser.exponent = 32767;
+    EXPECT_EQ(AmountsWithDefaults(dispenser).max, 1U) << "none below one unit";
 }
 
 TEST(AmountsWithDefaults, StayAmountsWhateverTheValues) {

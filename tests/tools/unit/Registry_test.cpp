@@ -1,4 +1,5 @@
 #include "ErrorText.h"
+#include "commands/registry/ErrorCodes.h"
 #include "commands/registry/RegistryRules.h"
 #include "dispenser/StoredValues.h"
 #include "module/RegistryImage.h"
@@ -124,6 +125,36 @@ TEST(RegistryRules, NoteACodeThatIsLeft) {
     EXPECT_EQ(findings[0].id, "QX305");
     EXPECT_EQ(findings[0].severity, Severity::Note);
     EXPECT_EQ(findings[0].message, "CDM still holds 971A3 from an earlier failure");
+}
+
+TEST(RegistryRules, FindValuesBesideTheKeyThatIsRead) {
+    const std::string head = "REGEDIT4\n\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\ATM\\ErrorCode]\n\n";
+    const auto said = [&head](const std::string& rest) {
+        std::vector<std::string> messages;
+        for (const Finding& finding : CheckRegistry(head + rest, {}, "")) {
+            if (finding.id == "QX306") {
+                messages.push_back(finding.message);
+            }
+        }
+        return messages;
+    };
+    const std::string minimum = "\"cstminimum4mix6\"=\"25\"\n\n";
+    EXPECT_EQ(said("[HKEY_LOCAL_MACHINE\\SOFTWARE\\WOW6432Node\\ATM\\DevInfo\\CDM]\n" + minimum +
+                   "[HKEY_LOCAL_MACHINE\\SOFTWARE\\ATM]\n\"CDM\"=\"971A2\"\n"),
+              (std::vector<std::string>{
+                  "CSTMinimum4Mix6 lies in HKEY_LOCAL_MACHINE\\SOFTWARE\\WOW6432Node\\ATM\\DevInfo"
+                  "\\CDM: only HKEY_LOCAL_MACHINE\\SOFTWARE\\ATM\\DevInfo\\CDM is read",
+                  "CDM lies in HKEY_LOCAL_MACHINE\\SOFTWARE\\ATM: only "
+                  "HKEY_LOCAL_MACHINE\\SOFTWARE\\ATM\\ErrorCode is read"}));
+    EXPECT_TRUE(said("[HKEY_LOCAL_MACHINE\\software\\ATM\\DevInfo\\CDM]\n" + minimum +
+                     "[HKEY_LOCAL_MACHINE\\SOFTWARE\\ATM]\n" + minimum)
+                    .empty())
+        << "read where it lies";
+}
+
+TEST(ErrorCodes, AreReadFromBytesAndFromText) {
+    EXPECT_EQ(ErrorCodeOf({kErrorCodeName, kRegSz, "971A2"}), "971A2");
+    EXPECT_EQ(ErrorCodeOf({kErrorCodeName, kRegSz, TextBytes("971A2")}), "971A2");
 }
 
 }  // namespace

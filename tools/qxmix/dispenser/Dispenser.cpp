@@ -50,14 +50,18 @@ Amounts AmountsWithDefaults(const Dispenser& dispenser) {
             largest = std::max(largest, value);
         }
     }
+    std::uint64_t most = largest * 10;
+    for (int power = 0; power < dispenser.exponent && most != 0; ++power) {
+        divisor /= 10;
+        most /= 10;
+    }
     divisor = std::max<std::uint64_t>(divisor, 1);
-    largest = std::max<std::uint64_t>(largest, 1);
+    most = std::clamp<std::uint64_t>(most, 1, kMaxAmount);
 
     Amounts amounts = dispenser.amounts;
     amounts.min = amounts.min.value_or(static_cast<std::uint32_t>(divisor));
     amounts.step = amounts.step.value_or(static_cast<std::uint32_t>(divisor));
-    amounts.max =
-        amounts.max.value_or(static_cast<std::uint32_t>(std::min(largest * 10, kMaxAmount)));
+    amounts.max = amounts.max.value_or(static_cast<std::uint32_t>(most));
     return amounts;
 }
 

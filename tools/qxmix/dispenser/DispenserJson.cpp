@@ -12,6 +12,15 @@ Json CodeJson(std::uint16_t code, const UnitNames& names) {
     return name ? Json(*name) : Json(code);
 }
 
+Json AmountsJson(const Amounts& amounts) {
+    return {{"min", *amounts.min},
+            {"max", *amounts.max},
+            {"step", *amounts.step},
+            {"buttons", amounts.buttons}};
+}
+
+}  // namespace
+
 Json CassetteJson(const Cassette& cassette) {
     Json json = Json::object();
     if (!cassette.label.empty()) {
@@ -28,15 +37,6 @@ Json CassetteJson(const Cassette& cassette) {
     json["emptyThreshold"] = cassette.emptyThreshold;
     return json;
 }
-
-Json AmountsJson(const Amounts& amounts) {
-    return {{"min", *amounts.min},
-            {"max", *amounts.max},
-            {"step", *amounts.step},
-            {"buttons", amounts.buttons}};
-}
-
-}  // namespace
 
 Json DispenserJson(const Dispenser& dispenser) {
     Json json = Json::object();

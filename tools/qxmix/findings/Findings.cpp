@@ -24,19 +24,30 @@ const SeverityRow& RowOf(Severity severity) {
     return rows[static_cast<std::size_t>(severity)];
 }
 
+/// Messages and advice name files.
+std::string Lines(const std::string& text, std::size_t indent) {
+    return WrappedText(Split(Printable(text), ' '), " ", indent, indent);
+}
+
+/// What to do. A command can be copied: where it does not fit it goes on as shells take it.
+std::string AdviceLines(const std::string& advice) {
+    if (advice.rfind("qxmix ", 0) != 0) {
+        return Lines(advice, kLeftOfFinding);
+    }
+    constexpr std::size_t kContinuation = 2;
+    return Join(Split(Lines(advice, kLeftOfFinding + kContinuation), '\n'), " \\\n");
+}
+
 }  // namespace
 
 std::string FindingText(const Finding& finding, FindingPlace place, const Painter& painter) {
     const SeverityRow& row = RowOf(finding.severity);
-    const auto lines = [](const std::string& text) {
-        // Advice names files.
-        return WrappedText(Split(Printable(text), ' '), " ", kLeftOfFinding, kLeftOfFinding) + "\n";
-    };
     const bool tellsPlace = place == FindingPlace::Told && !finding.pointer.empty();
-    const std::string text = painter.Paint(row.padded, row.style) + finding.id + "  " +
-                             lines((tellsPlace ? finding.pointer + "  " : "") + finding.message);
+    const std::string text =
+        painter.Paint(row.padded, row.style) + finding.id + "  " +
+        Lines((tellsPlace ? finding.pointer + "  " : "") + finding.message, kLeftOfFinding) + "\n";
     const bool tellsAdvice = !finding.advice.empty() && finding.severity != Severity::Note;
-    return text + (tellsAdvice ? "      do     " + lines(finding.advice) : "");
+    return text + (tellsAdvice ? "      do     " + AdviceLines(finding.advice) + "\n" : "");
 }
 
 std::string FindingsText(const std::vector<Finding>& findings, bool quiet, const Painter& painter) {

@@ -5,6 +5,9 @@
 #include "errors/Errors.h"
 #include "files/InputFile.h"
 
+#include <algorithm>
+#include <cctype>
+
 namespace qxmix {
 
 namespace {
@@ -13,12 +16,6 @@ constexpr const char* kTraceLevelKey =
     "HKEY_CLASSES_ROOT\\WOSA/XFS_ROOT\\SERVICE_PROVIDERS\\CashDispenser";
 constexpr const char* kDispenserKey = "HKEY_LOCAL_MACHINE\\SOFTWARE\\ATM\\DevInfo\\CDM";
 constexpr const char* kErrorCodeKey = "HKEY_LOCAL_MACHINE\\SOFTWARE\\ATM\\ErrorCode";
-
-const char* KeyOf(const std::string& name) {
-    return name == kTraceLevel        ? kTraceLevelKey
-           : name == kCstMinimum4Mix6 ? kDispenserKey
-                                      : kErrorCodeKey;
-}
 
 void Store(const StoredValue& value) {
     const std::int32_t result =
@@ -43,7 +40,50 @@ std::optional<StoredValue> Find(const std::string& name) {
     return value;
 }
 
+/// The lines of a registry as it is saved: UTF-16 with a mark. Other characters become "?".
+std::vector<std::string> LinesOf(const std::string& saved) {
+    std::vector<std::string> lines(1);
+    for (std::size_t at = 2; at + 1 < saved.size(); at += 2) {
+        if (saved[at] == '\n') {
+            lines.emplace_back();
+        } else if (saved[at] != '\r') {
+            lines.back() += saved[at + 1] == 0 ? saved[at] : '?';
+        }
+    }
+    return lines;
+}
+
+bool IsSameName(const std::string& left, const std::string& right) {
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                      [](char one, char other) {
+                          return std::toupper(static_cast<unsigned char>(one)) ==
+                                 std::toupper(static_cast<unsigned char>(other));
+                      });
+}
+
 }  // namespace
+
+const char* KeyOf(const std::string& name) {
+    return name == kTraceLevel        ? kTraceLevelKey
+           : name == kCstMinimum4Mix6 ? kDispenserKey
+                                      : kErrorCodeKey;
+}
+
+std::vector<std::string> KeysWith(const std::string& registry, const std::string& name) {
+    LoadRegistry(registry);
+    std::vector<std::string> keys;
+    std::string key;
+    for (const std::string& line : LinesOf(SaveRegistry())) {
+        if (!line.empty() && line.front() == '[') {
+            key = line.substr(1, line.size() - 2);
+        }
+        const bool isIt = IsSameName(line.substr(0, name.size() + 3), "\"" + name + "\"=");
+        if (isIt && !IsSameName(key, KeyOf(name))) {
+            keys.push_back(key);
+        }
+    }
+    return keys;
+}
 
 std::string RegistryOf(const std::vector<StoredValue>& values) {
     QxmixRegistryReset();

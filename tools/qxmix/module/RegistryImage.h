@@ -26,6 +26,12 @@ std::string ReadRegistryFile(const std::string& file);
 /// What a registry stores under one of the module's three value names.
 std::optional<StoredValue> FindStored(const std::string& registry, const std::string& name);
 
+/// The key in which the module reads, or leaves, a value of one of those names.
+const char* KeyOf(const std::string& name);
+
+/// All keys that store a value of one of those names, but for the one that is read.
+std::vector<std::string> KeysWith(const std::string& registry, const std::string& name);
+
 /// The values stored there that the module reads.
 std::vector<StoredValue> TakenValues(const std::string& registry);
 

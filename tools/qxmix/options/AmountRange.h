@@ -22,6 +22,9 @@ struct AmountRangeOptions {
     std::string to;    ///< empty: not given
     std::optional<std::uint32_t> step;
 
+    /// Whether any of them was given.
+    bool IsNamed() const { return !from.empty() || !to.empty() || step; }
+
     /// What was given, or else what the dispenser's customers can ask.
     ///
     /// @throw InputError

@@ -1,7 +1,9 @@
 #include "AskOptions.h"
 
 #include "CommonOptions.h"
+#include "MixChoice.h"
 #include "MixList.h"
+#include "dispenser/ReadableMoney.h"
 #include "errors/Errors.h"
 #include "json/JsonFields.h"
 #include "text/ParseWhole.h"
@@ -57,6 +59,10 @@ std::vector<std::uint16_t> AskOptions::MixesOrAll(const Dispenser& dispenser) co
 }
 
 void AddAskOptions(CLI::App& command, AskOptions& options) {
+    AddAskOptions(command, options, MixChoice::Several);
+}
+
+void AddAskOptions(CLI::App& command, AskOptions& options, MixChoice choice) {
     command
         .add_option_function<std::string>(
             "--currency",
@@ -81,9 +87,15 @@ void AddAskOptions(CLI::App& command, AskOptions& options) {
             options.partial = count > 0;
         },
         "pay what is there when the amount is out of reach, or do not");
-    command.add_option("--mix", options.mix, "mix to ask, or all")->type_name("N");
-    command.add_option("--mixes", options.mixes, "mixes to ask, such as 1,3-5, or all")
-        ->type_name("LIST");
+    const bool isOne = choice == MixChoice::One;
+    command.add_option("--mix", options.mix, isOne ? "mix to ask" : "mix to ask, or all")
+        ->type_name("N");
+    CLI::Option* const mixes =
+        command.add_option("--mixes", options.mixes, "mixes to ask, such as 1,3-5, or all")
+            ->type_name("LIST");
+    if (isOne) {
+        mixes->group("");  // known, so that its error says what to write instead
+    }
 }
 
 std::uint32_t
@@ -91,7 +103,8 @@ ParseAmount(const std::string& text, const std::string& option, const Dispenser&
     if (const auto amount = ParseWhole<std::uint32_t>(text)) {
         return *amount;
     }
-    const std::string unit = Money::Of(1, dispenser.exponent).Text() + " " + dispenser.currency;
+    const std::string unit =
+        ReadableText(Money::Of(1, dispenser.exponent)) + " " + dispenser.currency;
     const std::optional<Money> money = Money::Parse(text);
     if (!money || text.find('.') == std::string::npos) {
         throw InputError(option + ": " +

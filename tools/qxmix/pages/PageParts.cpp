@@ -103,10 +103,11 @@ std::string PageText(const PageParts& parts, const Envelope& envelope) {
 std::string
 OutcomeCountTable(const std::string& caption,
                   const std::vector<std::uint16_t>& mixes,
-                  const std::function<std::uint64_t(std::size_t place, Outcome outcome)>& count) {
+                  const std::function<std::uint64_t(std::size_t place, Outcome outcome)>& count,
+                  OutcomeWords words) {
     std::vector<std::string> headings = {"mix"};
     for (const OutcomeRow& outcome : OutcomeTable()) {
-        headings.push_back(std::string(outcome.words) + "#");
+        headings.push_back(std::string(words(outcome)) + "#");
     }
     std::vector<std::vector<std::string>> lines;
     for (std::size_t place = 0; place < mixes.size(); ++place) {
@@ -118,12 +119,12 @@ OutcomeCountTable(const std::string& caption,
     return HtmlTable("", caption, headings, lines);
 }
 
-Json OutcomesJson() {
+Json OutcomesJson(OutcomeWords words) {
     Json json = Json::array();
     for (const OutcomeRow& row : OutcomeTable()) {
         json.push_back({{"name", row.name},
                         {"letter", std::string(1, row.letter)},
-                        {"words", row.words},
+                        {"words", words(row)},
                         {"badness", row.badness}});
     }
     return json;

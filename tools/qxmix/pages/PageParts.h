@@ -37,15 +37,24 @@ struct PageParts {
 /// @throw InputError when the page would be too large.
 std::string PageText(const PageParts& parts, const Envelope& envelope);
 
+/// How people call an outcome.
+using OutcomeWords = const char* (*)(const OutcomeRow& row);
+
+/// As everywhere.
+inline const char* WordsOf(const OutcomeRow& row) {
+    return row.words;
+}
+
 /// How often each outcome occurred as a table, a line for each mix.
 ///
 /// @param count  of an outcome of the mix at this place.
 std::string
 OutcomeCountTable(const std::string& caption,
                   const std::vector<std::uint16_t>& mixes,
-                  const std::function<std::uint64_t(std::size_t place, Outcome outcome)>& count);
+                  const std::function<std::uint64_t(std::size_t place, Outcome outcome)>& count,
+                  OutcomeWords words);
 
 /// The outcomes as pages know them: name, letter, words and badness.
-Json OutcomesJson();
+Json OutcomesJson(OutcomeWords words);
 
 }  // namespace qxmix

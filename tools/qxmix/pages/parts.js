@@ -57,6 +57,12 @@ function cassetteLabel(index) {
     return dispenser.cassettes[index].label || String(index);
 }
 
+/** The label of a cassette, or else its note and its place: "10 EUR (4)". */
+function cassetteName(index) {
+    const cassette = dispenser.cassettes[index];
+    return cassette.label || cassette.worth + " " + cassette.currency + " (" + index + ")";
+}
+
 /** The cassette that gives the items of a slot, or -1. */
 function cassetteOfSlot(slot) {
     return dispenser.cassettes.findIndex((cassette) => cassette.position === slot);

@@ -8,10 +8,26 @@ function shown() {
     return rows.filter((row) => !hiddenMixes.has(row.mix));
 }
 
+/** Whether a withdrawal counts as refused then: nothing is paid, and it is no danger. */
+function isRefusal(outcome) {
+    return !["paid", "paidInPart"].includes(outcome.name) && !DANGERS.includes(outcome.name);
+}
+
+/** "119 refused (50 not dispensable, 69 nothing paid)"; the only kind that most have is not told. */
+function refusedText(counts) {
+    const parts = outcomes.filter((outcome) => isRefusal(outcome) && counts[outcome.name] > 0);
+    const all = parts.reduce((sum, outcome) => sum + counts[outcome.name], 0);
+    const isPlain = parts.length === 1 && parts[0].name === "notDispensable";
+    return all + " refused" + (isPlain ? "" : " (" +
+        parts.map((outcome) => counts[outcome.name] + " " + outcome.words).join(", ") + ")");
+}
+
 function captionOf(row) {
     const counts = row.known.counts;
-    const others = outcomes.filter((outcome) => outcome.name !== "paid" && counts[outcome.name] > 0)
-        .map((outcome) => counts[outcome.name] + " " + outcome.words);
+    const seen = outcomes.filter((outcome) => outcome.name !== "paid" && counts[outcome.name] > 0);
+    const others = seen.filter((outcome) => !isRefusal(outcome))
+        .map((outcome) => counts[outcome.name] + " " + outcome.words)
+        .concat(seen.some(isRefusal) ? [refusedText(counts)] : []);
     return (row.rank === null ? "not ranked: " : "rank " + row.rank + ": ") +
         [(counts.paid || 0) + " of " + withdrawalCount + " served"].concat(others).join(", ");
 }

@@ -31,7 +31,7 @@ function itemsEach(mix) {
 
 /** The label of a cassette, with the time before it. */
 function emptiedText(emptied) {
-    return emptied.time + " " + cassetteLabel(emptied.cassette);
+    return emptied.time + " " + cassetteName(emptied.cassette);
 }
 
 function rankingLine(mix) {

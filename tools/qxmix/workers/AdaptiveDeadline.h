@@ -2,9 +2,13 @@
 
 #include "Worker.h"
 
+#include <cstddef>
 #include <deque>
 
 namespace qxmix {
+
+/// Missed deadlines after which a mix that is asked many times is given up.
+constexpr std::size_t kMissesToGiveUp = 20;
 
 /// The deadline of one mix on many amounts: after three misses among its last ten amounts it is a
 /// tenth, until ten amounts in a row were answered.

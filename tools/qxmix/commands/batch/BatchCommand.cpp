@@ -3,6 +3,7 @@
 #include "files/Output.h"
 #include "module/LibrarySearch.h"
 #include "module/RegistryImage.h"
+#include "options/MixChoice.h"
 #include "terminal/Console.h"
 #include "terminal/Progress.h"
 
@@ -23,7 +24,7 @@ void BatchCommand::AddOptions(CLI::App& command) {
                      "answers as --json of mix gives them, and not their result alone");
     command.add_flag("--no-files", refusesFiles_,
                      "refuses requests that name a dispenser file: for those of strangers");
-    AddAskOptions(command, ask_);
+    AddAskOptions(command, ask_, MixChoice::One);
     AddJobsOption(command, jobs_);
 }
 

@@ -56,7 +56,7 @@ CompareAnswers
 Compare(const CompareQuestions& questions, const MapAnswers& a, const MapAnswers& b) {
     CompareAnswers answers;
     answers.isComplete = a.isComplete && b.isComplete;
-    answers.amountCount = std::min(a.AmountCount(), b.AmountCount());
+    answers.amountCount = std::min(a.amountCount, b.amountCount);
     const bool tells = questions.isOneDispenser;
     for (std::size_t row = 0; row < questions.a.mixes.size(); ++row) {
         MapRowReader readerA(a.rows[row]);

@@ -1,7 +1,10 @@
 #include "CompareText.h"
 
+#include "dispenser/ReadableMoney.h"
 #include "terminal/Table.h"
 #include "text/TextList.h"
+
+#include <algorithm>
 
 namespace qxmix {
 
@@ -19,12 +22,31 @@ struct Part {
 };
 
 constexpr Part kParts[] = {
-    {Change::Danger, "is dangerous on one side", "are dangerous on one side"},
+    {Change::Danger, "is dangerous", "are dangerous"},
     {Change::Lost, "is no longer paid", "are no longer paid"},
     {Change::Other, "gets other notes", "get other notes"},
     {Change::Gained, "is newly paid", "are newly paid"},
     {Change::Same, "is the same", "are the same"},
 };
+
+bool IsDangerous(const MapCell& cell) {
+    return RowOf(cell.outcome).exitStatus == ExitStatus::Danger;
+}
+
+/// On which side answers are dangerous: " on one side", " on both sides", " (2 of them on both
+/// sides)".
+std::string SidesText(const CompareAnswers& answers) {
+    const auto both = static_cast<std::uint64_t>(
+        std::count_if(answers.differences.begin(), answers.differences.end(),
+                      [](const CompareDifference& difference) {
+                          return difference.change == Change::Danger && IsDangerous(difference.a) &&
+                                 IsDangerous(difference.b);
+                      }));
+    return both == 0 ? " on one side"
+           : both == answers.Count(Change::Danger)
+               ? " on both sides"
+               : " (" + std::to_string(both) + " of them on both sides)";
+}
 
 /// Refused in another way is no matter of notes.
 std::string WordsOf(const Part& part, const CompareAnswers& answers, bool isOne) {
@@ -48,7 +70,8 @@ Headline(const CompareQuestions& questions, const CompareAnswers& answers, const
         const std::uint64_t count = answers.Count(part.change);
         if (count != 0) {
             parts.push_back(std::to_string(count) + (parts.empty() ? " of " + all : "") + " " +
-                            WordsOf(part, answers, count == 1));
+                            WordsOf(part, answers, count == 1) +
+                            (part.change == Change::Danger ? SidesText(answers) : ""));
         }
     }
     if (answers.differences.empty()) {
@@ -95,10 +118,10 @@ StretchesOf(const CompareQuestions& questions, const CompareAnswers& answers, bo
 
 std::string AmountText(const Dispenser& dispenser, const Stretch& stretch) {
     const unsigned decimals = AmountDecimals(dispenser);
-    const std::string first = AskedMoney(dispenser, stretch.first->amount).Text(decimals);
+    const std::string first = ReadableText(AskedMoney(dispenser, stretch.first->amount), decimals);
     return stretch.amounts == 1
                ? first
-               : first + "-" + AskedMoney(dispenser, stretch.last->amount).Text(decimals);
+               : first + "-" + ReadableText(AskedMoney(dispenser, stretch.last->amount), decimals);
 }
 
 std::string MixText(const CompareDifference& difference) {
@@ -169,8 +192,8 @@ std::string CompareText(const CompareQuestions& questions,
     if (!answers.isComplete) {
         const Dispenser& dispenser = questions.a.dispenser;
         text += "interrupted at " +
-                AskedMoney(dispenser, questions.a.Amount(answers.amountCount))
-                    .Text(AmountDecimals(dispenser)) +
+                ReadableText(AskedMoney(dispenser, questions.a.Amount(answers.amountCount)),
+                             AmountDecimals(dispenser)) +
                 " " + dispenser.currency + ", " + std::to_string(answers.amountCount) + " of " +
                 std::to_string(questions.a.AmountCount()) + " amounts\n";
     }

@@ -52,6 +52,9 @@ CompletionCommand CommandOf(const CLI::App& parser) {
     command.name = parser.get_name();
     command.help = parser.get_description();
     for (const CLI::Option* option : parser.get_options()) {
+        if (option->nonpositional() && option->get_group().empty()) {
+            continue;
+        }
         if (option->nonpositional()) {
             command.options.push_back(OptionOf(*option));
         } else if (option->get_name() == "SHELL") {

@@ -74,7 +74,7 @@ const CommandInfo& ExplainCommand::Info() const {
 }
 
 void ExplainCommand::AddOptions(CLI::App& command) {
-    AddAmountArguments(command, asked_);
+    AddAmountArguments(command, asked_, MixChoice::One);
 }
 
 ExitStatus ExplainCommand::Run(const CommonOptions& options) {

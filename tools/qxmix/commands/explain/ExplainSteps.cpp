@@ -2,6 +2,7 @@
 
 #include "CashUnitCodes.h"
 #include "commands/mix/MixText.h"
+#include "dispenser/ReadableMoney.h"
 #include "terminal/Table.h"
 #include "text/Duration.h"
 #include "text/TextList.h"
@@ -47,7 +48,7 @@ private:
     std::string Refused(bool decides) const { return decides ? "refused here" : "passed"; }
 
     std::string Text(const Money& money) const {
-        return money.Text(AmountDecimals(questions_.dispenser));
+        return ReadableText(money, AmountDecimals(questions_.dispenser));
     }
 
     std::string ValueText(std::uint32_t value) const {
@@ -125,7 +126,10 @@ private:
         } else if (story_.HasWorthlessUnit()) {
             AddSearched("nothing can be divided by 0", "refused here");
         } else {
-            AddSearched("nothing adds up to " + SoughtText(), "refused here");
+            AddSearched(
+                (story_.around.payers.empty() ? "nothing adds up to " : "nothing found for ") +
+                    SoughtText(),
+                "refused here");
         }
     }
 

@@ -1,6 +1,7 @@
 #include "ExplainText.h"
 
 #include "commands/mix/MixText.h"
+#include "dispenser/ReadableMoney.h"
 #include "options/MixList.h"
 #include "text/TextList.h"
 
@@ -12,26 +13,30 @@ namespace {
 
 std::string AskedText(const MixQuestions& questions) {
     const Dispenser& dispenser = questions.dispenser;
-    return AskedMoney(dispenser, questions.amount).Text(AmountDecimals(dispenser)) + " " +
+    return ReadableText(AskedMoney(dispenser, questions.amount), AmountDecimals(dispenser)) + " " +
            dispenser.currency;
 }
 
-/// Why the amount was refused, for the first line.
+/// Why the amount was refused, for the first line. What another mix pays can be paid: then the
+/// reason is that of this mix alone.
 std::string ReasonText(const MixQuestions& questions, const Explanation& story) {
     const std::string limit = std::to_string(questions.dispenser.maxDispenseItems);
+    const std::string mix = "mix " + std::to_string(story.answer.mix);
+    const bool isOwn = !story.around.payers.empty();
     switch (story.decidedBy) {
     case DecidedBy::NoUnits:
-        return "no cassette serves it";
+        return isOwn ? mix + " uses none of the cassettes" : "no cassette serves it";
     case DecidedBy::Capacity:
-        return "the cassettes hold less";
+        return isOwn ? "the cassettes that " + mix + " uses hold less" : "the cassettes hold less";
     case DecidedBy::UnitCount:
         return "more than five different notes";
     case DecidedBy::Limit:
         return (story.IsLowered() ? "what the cassettes hold takes more than "
-                                  : "it takes more than ") +
-               limit + (limit == "1" ? " item" : " items");
+                                  : mix + " takes more than ") +
+               limit + (limit == "1" ? " item" : " items") + (story.IsLowered() ? "" : " for it");
     case DecidedBy::Search:
         return story.HasWorthlessUnit() ? "a cassette is worth nothing"
+               : isOwn                  ? mix + " finds no combination of notes"
                                         : "no combination of notes makes it";
     default:
         return "the module returned " + std::to_string(story.answer.reply.calculation.returned);
@@ -44,7 +49,10 @@ std::string ShortfallText(const MixQuestions& questions, const Explanation& stor
     case DecidedBy::Amount:
         return "the amount wrapped at 2^32: another one is paid";
     case DecidedBy::SmallestNote:
-        return "the amount is below the smallest note";
+        return "the amount is below the smallest note" +
+               (story.around.payers.empty()
+                    ? std::string()
+                    : " that mix " + std::to_string(story.answer.mix) + " uses");
     case DecidedBy::Spreading:
         return "cassettes give less than was counted on them";
     case DecidedBy::Capacity:
@@ -93,7 +101,7 @@ std::string NeighbourText(const Dispenser& dispenser, const Neighbour& neighbour
             items.emplace_back(worth, taken);
         }
     }
-    std::string text = neighbour.judgement.asked.Text(AmountDecimals(dispenser)) + " =";
+    std::string text = ReadableText(neighbour.judgement.asked, AmountDecimals(dispenser)) + " =";
     for (const auto& [worth, taken] : items) {
         text += " " + std::to_string(taken) + "x" + worth;
     }

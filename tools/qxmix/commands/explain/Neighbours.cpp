@@ -93,11 +93,9 @@ void AskOtherAmounts(const MixQuestions& questions,
                      Surroundings& around) {
     const Dispenser& dispenser = questions.dispenser;
     const Amounts amounts = AmountsWithDefaults(dispenser);
-    // Where the amount counts hundreds, the values say nothing of its steps.
-    const bool isCoarse = dispenser.exponent > 0 && !dispenser.amounts.step;
-    const std::int64_t step = isCoarse ? 1 : std::int64_t{*amounts.step};
+    const std::int64_t step = *amounts.step;
     const std::int64_t amount = questions.amount;
-    const std::int64_t first = isCoarse ? 1 : std::int64_t{*amounts.min};
+    const std::int64_t first = *amounts.min;
     // The last of the steps that is not above the amount.
     const std::int64_t over = ((amount - first) % step + step) % step;
     Side below(over == 0 ? amount - step : amount - over, -step);

@@ -12,7 +12,8 @@ namespace qxmix {
 struct LintQuestions {
     MapQuestions map;          ///< the dispenser, its mixes, and all amounts as a list
     std::string registry;      ///< what the module reads, as the text of a registry file
-    std::string registryFile;  ///< its name; empty: it stands in the dispenser file
+    std::string registryFile;  ///< as named; empty: it stands in the dispenser file
+    bool isRangeNamed = true;  ///< whether the file or the options name the amounts
     Milliseconds slow{20};
 };
 

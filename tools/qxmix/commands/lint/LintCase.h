@@ -1,10 +1,12 @@
 #pragma once
 
+#include "LintCures.h"
 #include "commands/map/MapQuestions.h"
 #include "commands/map/MapRow.h"
 #include "units/Units.h"
 #include "workers/WorkerMessages.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <map>
 #include <set>
@@ -28,30 +30,42 @@ struct LintMix {
     std::uint16_t mix;
     Units units;             ///< as its own operations make them
     std::vector<Unit> kept;  ///< those that it draws from, in its order
-    MapRow row;              ///< its answers, the amounts in order
+    MapRow row;              ///< its answers, the amounts in order; shorter if it was given up
 
     // What it was asked beside that, by amount.
     std::set<std::uint32_t> paidWithoutLimit;        ///< refused, and paid with a limit of 65535
-    std::set<std::uint32_t> paidByAnother;           ///< refused, and paid by another mix
     std::map<std::uint32_t, WhyTooMuch> whyTooMuch;  ///< of the first that it took too much for
     std::set<std::size_t> shortUnits;  ///< places in units of those that gave too little
+
+    LintCures forRefused;    ///< of what it refuses although no limit stops it
+    LintCures forOverLimit;  ///< of what the limit stops
+};
+
+/// Which of the ten mixes pay an amount that some mix asked does not, and which take too much.
+struct PayersOfAmount {
+    std::set<std::uint16_t> payers;
+    std::set<std::uint16_t> dangerous;
 };
 
 /// A dispenser with everything that the rules look at.
 struct LintCase {
     MapQuestions questions;    ///< the dispenser, its mixes, and the amounts asked, in order
     std::string registry;      ///< what the module reads, as the text of a registry file
-    std::string registryFile;  ///< its name; empty: it stands in the dispenser file
-    Opening taken;             ///< what the module took from it
+    std::string registryFile;  ///< as named; empty: it stands in the dispenser file
+    bool isRangeNamed = true;  ///< false: the amounts are those that nobody chose
+    Opening taken;             ///< what the module took from the registry
     Milliseconds slow{20};     ///< answers that take longer are slow
     std::vector<LintMix> mixes;
-    bool isComplete = true;  ///< false: Ctrl-C came before the end
-    std::string lastCode;    ///< error code written last, the amounts in order; empty: none
+    std::vector<LintMix> unasked;  ///< the other mixes; their answers are those to `payers`
+    std::map<std::uint32_t, PayersOfAmount> payers;  ///< by amount
+    bool isComplete = true;                          ///< false: Ctrl-C came before the end
+    std::string lastCode;           ///< error code written last, the amounts in order; empty: none
+    std::uint64_t amountCount = 0;  ///< amounts that are done with
 
     const Dispenser& TheDispenser() const { return questions.dispenser; }
 
-    /// Amounts that all mixes have answered.
-    std::uint64_t AmountCount() const { return mixes.front().row.Size(); }
+    /// Whether a mix missed so many deadlines that the rest was not asked.
+    bool IsGivenUp(const LintMix& mix) const { return mix.row.Size() < amountCount; }
 };
 
 /// One answer of a mix, as rules look at it.
@@ -74,6 +88,21 @@ std::vector<LintAnswer> AnswersWhere(const LintCase& lint, const LintMix& mix, c
     return answers;
 }
 
+/// The amounts of the answers for which something holds.
+template <typename Holds>
+std::vector<std::uint32_t>
+AmountsWhere(const LintCase& lint, const LintMix& mix, const Holds& holds) {
+    std::vector<std::uint32_t> amounts;
+    MapRowReader reader(mix.row);
+    for (std::uint64_t place = 0; place < mix.row.Size(); ++place) {
+        const LintAnswer answer{lint.questions.Amount(place), reader.Next()};
+        if (holds(answer)) {
+            amounts.push_back(answer.amount);
+        }
+    }
+    return amounts;
+}
+
 /// The mixes for which something holds.
 template <typename Holds>
 std::vector<std::uint16_t> MixesWhere(const LintCase& lint, const Holds& holds) {
@@ -84,6 +113,30 @@ std::vector<std::uint16_t> MixesWhere(const LintCase& lint, const Holds& holds) 
         }
     }
     return mixes;
+}
+
+/// Mixes that take the first combination that fits.
+inline bool IsFirstFit(std::uint16_t mix) {
+    return mix == 4 || mix == 9;
+}
+
+/// Whether an amount does not reach the smallest note that a mix draws from.
+inline bool IsBelowSmallest(const LintMix& mix, std::uint32_t amount) {
+    const std::uint32_t searched = mix.units.SearchedAmount(amount);
+    return !mix.kept.empty() &&
+           std::all_of(mix.kept.begin(), mix.kept.end(),
+                       [searched](const Unit& unit) { return searched < unit.searched; });
+}
+
+/// Whether the limit is what keeps a mix from an amount.
+inline bool IsOverLimit(const LintMix& mix, const LintAnswer& answer) {
+    return answer.cell.outcome == Outcome::TooManyItems ||
+           mix.paidWithoutLimit.count(answer.amount) != 0;
+}
+
+/// Whether a mix refuses an amount although the limit does not keep it from it.
+inline bool IsRefused(const LintMix& mix, const LintAnswer& answer) {
+    return answer.cell.outcome == Outcome::NotDispensable && !IsOverLimit(mix, answer);
 }
 
 }  // namespace qxmix

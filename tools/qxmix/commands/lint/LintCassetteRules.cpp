@@ -13,19 +13,6 @@ bool IsForeign(const LintCase& lint, const Cassette& cassette) {
     return cassette.currency != lint.TheDispenser().currency;
 }
 
-/// The first cassette that holds the same note under another type.
-std::optional<std::size_t> OtherType(const std::vector<Cassette>& cassettes, std::size_t index) {
-    const Cassette& cassette = cassettes[index];
-    for (std::size_t other = 0; other < index; ++other) {
-        const Cassette& before = cassettes[other];
-        if (before.currency == cassette.currency && before.value == cassette.value &&
-            before.type != cassette.type) {
-            return other;
-        }
-    }
-    return std::nullopt;
-}
-
 /// The mixes that pass the unit of a cassette over for this reason.
 std::vector<std::uint16_t>
 MixesThatDrop(const LintCase& lint, std::size_t cassette, Dropped reason) {
@@ -38,10 +25,58 @@ MixesThatDrop(const LintCase& lint, std::size_t cassette, Dropped reason) {
     });
 }
 
+/// The mixes that keep the unit of a cassette, but count less in it than the cassette alone holds.
+std::vector<std::uint16_t> MixesThatMiscount(const LintCase& lint, std::size_t cassette) {
+    const std::uint32_t count = lint.TheDispenser().cassettes[cassette].count;
+    return MixesWhere(lint, [cassette, count](const LintMix& mix) {
+        return std::any_of(mix.kept.begin(), mix.kept.end(), [&](const Unit& unit) {
+            return unit.counted < count &&
+                   std::count(unit.cassettes.begin(), unit.cassettes.end(), cassette) != 0;
+        });
+    });
+}
+
+/// Whether some mix draws from cassettes of this type.
+bool IsDrawnFrom(const LintCase& lint, std::size_t cassette) {
+    return MixesThatDrop(lint, cassette, Dropped::Type).size() < lint.mixes.size();
+}
+
+/// Whether the value of a cassette counts units of the amount, and not of the currency.
+bool IsUnscaled(const LintCase& lint, const Cassette& cassette) {
+    return lint.TheDispenser().exponent < 0 && Contains(kCoinTypes, cassette.type);
+}
+
+/// The first cassette that holds the same note under another type, so that one type would make
+/// both one unit.
+std::optional<std::size_t> OtherType(const LintCase& lint, std::size_t index) {
+    const std::vector<Cassette>& cassettes = lint.TheDispenser().cassettes;
+    const Cassette& cassette = cassettes[index];
+    for (std::size_t other = 0; other < index; ++other) {
+        const Cassette& before = cassettes[other];
+        if (before.currency == cassette.currency && before.value == cassette.value &&
+            before.Worth() == cassette.Worth() && before.type != cassette.type &&
+            IsUnscaled(lint, before) == IsUnscaled(lint, cassette) && IsDrawnFrom(lint, other) &&
+            IsDrawnFrom(lint, index)) {
+            return other;
+        }
+    }
+    return std::nullopt;
+}
+
+/// Whether the positions are those from 0 on, each once.
+bool CanBeSorted(const std::vector<Cassette>& cassettes) {
+    std::set<std::size_t> positions;
+    for (const Cassette& cassette : cassettes) {
+        positions.insert(cassette.position);
+    }
+    return positions.size() == cassettes.size() && *positions.rbegin() + 1 == cassettes.size();
+}
+
 }  // namespace
 
 void CheckPositionOrder(const LintCase& lint, LintReport& report) {
     const std::vector<Cassette>& cassettes = lint.TheDispenser().cassettes;
+    const char* const advice = CanBeSorted(cassettes) ? "" : "use 0 to 5 once each, from 0 on";
     for (std::size_t index = 0; index < cassettes.size(); ++index) {
         const std::size_t position = cassettes[index].position;
         if (position == index || position >= kMaxCashUnits) {
@@ -52,7 +87,8 @@ void CheckPositionOrder(const LintCase& lint, LintReport& report) {
                    "items go to slot " + slot +
                        (position < cassettes.size()
                             ? ", the remainder counts them at cassette " + slot + "'s value"
-                            : ", the remainder does not count them"));
+                            : ", the remainder does not count them"),
+                   std::nullopt, advice);
     }
 }
 
@@ -78,10 +114,10 @@ void CheckPositionUse(const LintCase& lint, LintReport& report) {
 void CheckTypesOfOneNote(const LintCase& lint, LintReport& report) {
     const std::vector<Cassette>& cassettes = lint.TheDispenser().cassettes;
     for (std::size_t index = 0; index < cassettes.size(); ++index) {
-        if (const auto other = OtherType(cassettes, index)) {
+        if (const auto other = OtherType(lint, index)) {
             report.Add(CassettePointer(index, "type"),
-                       std::to_string(cassettes[index].value) + " " + cassettes[index].currency +
-                           " is " + TypeNames().Text(cassettes[index].type) + " here, " +
+                       NoteText(cassettes[index]) + " is " +
+                           TypeNames().Text(cassettes[index].type) + " here, " +
                            TypeNames().Text(cassettes[*other].type) + " in cassette " +
                            std::to_string(*other) + ": two units instead of one");
         }
@@ -92,7 +128,7 @@ void CheckCurrencies(const LintCase& lint, LintReport& report) {
     const std::vector<Cassette>& cassettes = lint.TheDispenser().cassettes;
     if (std::all_of(cassettes.begin(), cassettes.end(),
                     [&lint](const Cassette& cassette) { return IsForeign(lint, cassette); })) {
-        report.Raise(Severity::Error);
+        report.Become(Severity::Error);
     }
     for (std::size_t index = 0; index < cassettes.size(); ++index) {
         if (IsForeign(lint, cassettes[index])) {
@@ -111,9 +147,13 @@ void CheckDrawable(const LintCase& lint, LintReport& report) {
                    TypeNames().Text(cassette.type) + " is never drawn from",
                    MixesThatDrop(lint, index, Dropped::Type));
         if (AsSigned(cassette.count) < 0) {
+            const std::string count = std::to_string(cassette.count);
             report.Add(CassettePointer(index, "count"),
-                       std::to_string(cassette.count) + " reads as negative: never drawn from",
-                       MixesWhere(lint, [](const LintMix& mix) { return mix.mix != 9; }));
+                       count + " reads as negative: never drawn from",
+                       MixesThatDrop(lint, index, Dropped::Count));
+            report.Add(CassettePointer(index, "count"),
+                       count + " wraps with what the others of its unit hold: its unit counts less",
+                       MixesThatMiscount(lint, index));
         }
         if (cassette.value == 0 && !Contains(SetOf(CashUnitType::CouponCassette), cassette.type)) {
             report.Add(CassettePointer(index, "value"), "worth nothing: never drawn from");

@@ -97,7 +97,9 @@ LintQuestions LintCommand::Prepare(const CommonOptions& options) const {
         }
         questions.slow = *slow;
     }
-    questions.registryFile = FileNameOf(options.registry);
+    questions.registryFile = options.registry;
+    const Amounts& named = map.dispenser.amounts;
+    questions.isRangeNamed = named.min || named.max || named.step || range_.IsNamed();
     return questions;
 }
 

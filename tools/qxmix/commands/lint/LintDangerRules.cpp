@@ -1,6 +1,6 @@
 #include "LintRules.h"
 #include "answers/Judgement.h"
-#include "units/FirstFitProof.h"
+#include "options/MixList.h"
 
 #include <algorithm>
 
@@ -9,11 +9,6 @@ namespace qxmix {
 namespace {
 
 constexpr std::size_t kMostUnits = 5;
-
-/// Mixes that take the first combination that fits.
-bool IsFirstFit(const LintMix& mix) {
-    return mix.mix == 4 || mix.mix == 9;
-}
 
 std::vector<LintAnswer> AnswersWith(const LintCase& lint, const LintMix& mix, Outcome outcome) {
     return AnswersWhere(
@@ -41,14 +36,18 @@ Json TooMuchJson(const LintCase& lint, const LintMix& mix, const LintAnswer& ans
             {"why", why == mix.whyTooMuch.end() ? Json() : Json(NameOf(why->second))}};
 }
 
-bool IsProved(const LintCase& lint, const LintMix& mix, const LintAnswer& answer) {
-    return IsFirstFit(mix) && !lint.TheDispenser().partial &&
-           IsFirstFitEndless(mix.kept, mix.units.SearchedAmount(answer.amount));
+/// Whether there is a mix to choose instead of one that takes too much.
+bool HasBetterMix(const LintCase& lint, const LintMix& mix) {
+    const std::vector<std::uint16_t> all = AllMixes();
+    return std::any_of(all.begin(), all.end(), [&](std::uint16_t other) {
+        return other != mix.mix && IsAdvisable(lint, other);
+    });
 }
 
 std::vector<std::uint16_t> FirstFitMixesWith(const LintCase& lint, std::size_t leastUnits) {
     return MixesWhere(lint, [leastUnits](const LintMix& mix) {
-        return IsFirstFit(mix) && mix.kept.size() >= leastUnits && mix.kept.size() <= kMostUnits;
+        return IsFirstFit(mix.mix) && mix.kept.size() >= leastUnits &&
+               mix.kept.size() <= kMostUnits;
     });
 }
 
@@ -57,6 +56,7 @@ std::vector<std::uint16_t> FirstFitMixesWith(const LintCase& lint, std::size_t l
 void CheckTooMuch(const LintCase& lint, LintReport& report) {
     for (const LintMix& mix : lint.mixes) {
         LintAnswersText text;
+        text.advice = HasBetterMix(lint, mix) ? "" : "check what is paid before money moves";
         text.tell = [&lint](const LintAnswer& answer) { return PaidText(lint, answer); };
         text.details = [&lint, &mix](const LintAnswer& answer) {
             return TooMuchJson(lint, mix, answer);
@@ -71,13 +71,14 @@ void CheckTooMuch(const LintCase& lint, LintReport& report) {
 void CheckNoAnswer(const LintCase& lint, LintReport& report) {
     for (const LintMix& mix : lint.mixes) {
         const auto missed = AnswersWith(lint, mix, Outcome::NoAnswer);
-        const auto isProved = [&lint, &mix](const LintAnswer& answer) {
-            return IsProved(lint, mix, answer);
+        const auto isProved = [&mix](const LintAnswer& answer) {
+            return mix.units.NeverAnswers(answer.amount);
         };
         const auto proved = std::count_if(missed.begin(), missed.end(), isProved);
         LintAnswersText text;
         text.before = "mix " + std::to_string(mix.mix) + " gives no answer";
-        text.after = proved == 0 ? "" : ", " + std::to_string(proved) + " proved";
+        text.after = (proved == 0 ? "" : ", " + std::to_string(proved) + " proved") +
+                     (lint.IsGivenUp(mix) ? ", given up at the last" : std::string());
         text.tell = [&lint](const LintAnswer& answer) { return AmountText(lint, answer.amount); };
         text.details = [&isProved](const LintAnswer& answer) {
             return Json{{"proved", isProved(answer)}};
@@ -88,7 +89,7 @@ void CheckNoAnswer(const LintCase& lint, LintReport& report) {
 
 void CheckEndlessPair(const LintCase& lint, LintReport& report) {
     for (const LintMix& mix : lint.mixes) {
-        if (!IsFirstFit(mix) || mix.kept.size() != 2 || mix.kept.back().searched == 0) {
+        if (!IsFirstFit(mix.mix) || mix.kept.size() != 2 || mix.kept.back().searched == 0) {
             continue;
         }
         const Unit& lesser = mix.kept.back();

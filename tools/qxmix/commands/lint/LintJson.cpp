@@ -31,6 +31,7 @@ Json LintResultJson(const std::vector<LintFinding>& findings) {
     for (const LintFinding& finding : findings) {
         Json json = FindingJson(finding);
         json["amounts"] = AmountsJson(finding.amounts);
+        json["cures"] = finding.cures;
         list.push_back(json);
     }
     return {{"findings", list}};

@@ -1,5 +1,6 @@
 #include "CashUnitCodes.h"
 #include "LintRules.h"
+#include "dispenser/ReadableMoney.h"
 
 namespace qxmix {
 
@@ -11,7 +12,7 @@ bool IsCoin(const Cassette& cassette) {
 
 /// "0.01 CHF"
 std::string UnitText(const Dispenser& dispenser) {
-    return AskedMoney(dispenser, 1).Text() + " " + dispenser.currency;
+    return ReadableText(AskedMoney(dispenser, 1)) + " " + dispenser.currency;
 }
 
 /// Whether a number scaled by a power of ten is beyond 32 bits.

@@ -43,6 +43,10 @@ void CheckErrorCodeLeft(const LintCase& lint, LintReport& report) {
     AddRegistryFindings(lint, report);
 }
 
+void CheckStoredElsewhere(const LintCase& lint, LintReport& report) {
+    AddRegistryFindings(lint, report);
+}
+
 void CheckMinimumSize(const LintCase& lint, LintReport& report) {
     const std::vector<std::uint16_t> mixes = MixesWhere(lint, IsLeftNothing);
     std::uint32_t largest = 0;

@@ -1,6 +1,8 @@
 #include "LintReport.h"
 
+#include "LintAdvice.h"
 #include "answers/Judgement.h"
+#include "dispenser/ReadableMoney.h"
 #include "options/MixList.h"
 
 #include <algorithm>
@@ -43,7 +45,8 @@ Json AnswerJson(const LintCase& lint, const LintAnswer& answer) {
 
 void LintReport::Add(const std::string& pointer,
                      const std::string& message,
-                     const std::optional<std::vector<std::uint16_t>>& mixes) {
+                     const std::optional<std::vector<std::uint16_t>>& mixes,
+                     const std::string& advice) {
     if (mixes && mixes->empty()) {
         return;
     }
@@ -51,6 +54,7 @@ void LintReport::Add(const std::string& pointer,
     static_cast<Finding&>(finding) = pattern_;
     finding.pointer = pointer;
     finding.message = message;
+    finding.advice = advice.empty() ? finding.advice : advice;
     if (mixes && mixes->size() == 1) {
         finding.mix = mixes->front();
     }
@@ -72,12 +76,14 @@ void LintReport::AddAnswers(const LintMix& mix,
     finding.mix = mix.mix;
     finding.pointer = text.pointer;
     finding.advice = text.advice.empty() ? finding.advice : text.advice;
-    const std::string amounts = answers.size() == 1 ? " amount" : " amounts";
+    const std::uint64_t of = mix.row.Size();
     finding.message =
-        text.before + " on " + std::to_string(answers.size()) + amounts + text.after + ": ";
+        text.before + (text.tellsAll ? " " : " on ") + std::to_string(answers.size()) +
+        (text.tellsAll ? " of " + std::to_string(of) : "") +
+        ((text.tellsAll ? of : answers.size()) == 1 ? " amount" : " amounts") + text.after + ": ";
     const std::size_t used = kLeftOfFinding + finding.pointer.size() + 2 + finding.message.size();
     finding.message += ListText(answers, text.tell, kPlainWidth - std::min(used, kPlainWidth));
-    finding.amounts = LintAmounts{answers.size(), lint_.AmountCount(), Json::array()};
+    finding.amounts = LintAmounts{answers.size(), of, Json::array()};
     for (std::size_t index = 0; index < std::min(answers.size(), kListedAmounts); ++index) {
         Json json = AnswerJson(lint_, answers[index]);
         if (text.details != nullptr) {
@@ -85,7 +91,19 @@ void LintReport::AddAnswers(const LintMix& mix,
         }
         finding.amounts->first.push_back(json);
     }
+    if (text.cures != nullptr) {
+        finding.cures = CuresJson(*text.cures);
+    }
     findings_.push_back(finding);
+}
+
+void LintReport::AddCured(const LintMix& mix,
+                          const std::string& pointer,
+                          const std::string& message,
+                          const std::string& advice,
+                          const LintCures& cures) {
+    Add(pointer, message, std::vector<std::uint16_t>{mix.mix}, advice);
+    findings_.back().cures = CuresJson(cures);
 }
 
 void LintReport::AddOwn(const Finding& finding) {
@@ -101,15 +119,23 @@ bool LintReport::Has(const std::string& id, std::uint16_t mix) const {
     });
 }
 
+std::string MixText(const LintMix& mix) {
+    return "mix " + std::to_string(mix.mix);
+}
+
+LintAnswersText::Tell AmountsOf(const LintCase& lint) {
+    return [&lint](const LintAnswer& answer) { return AmountText(lint, answer.amount); };
+}
+
 std::string AmountText(const LintCase& lint, std::uint32_t amount) {
     const Dispenser& dispenser = lint.TheDispenser();
-    return AskedMoney(dispenser, amount).Text(AmountDecimals(dispenser));
+    return ReadableText(AskedMoney(dispenser, amount), AmountDecimals(dispenser));
 }
 
 std::string PaidText(const LintCase& lint, const LintAnswer& answer) {
     const Judgement judgement = Judge(lint.TheDispenser(), answer.amount, ReplyOf(answer.cell));
     return AmountText(lint, answer.amount) + " pays " +
-           judgement.paid.Text(AmountDecimals(lint.TheDispenser()));
+           ReadableText(judgement.paid, AmountDecimals(lint.TheDispenser()));
 }
 
 std::string CassettePointer(std::size_t cassette, const std::string& field) {

@@ -17,6 +17,7 @@ struct LintAmounts {
 
 struct LintFinding : Finding {
     std::optional<LintAmounts> amounts;
+    Json cures = Json::array();  ///< what the advice names, each an object
 };
 
 /// How a finding tells of the answers that it is about.
@@ -24,11 +25,13 @@ struct LintAnswersText {
     using Tell = std::function<std::string(const LintAnswer&)>;
 
     std::string before;      ///< "mix 4 overpays"; "on 20 amounts" follows
+    bool tellsAll = false;   ///< "mix 4 refuses"; "20 of 100 amounts" follows
     Tell tell;               ///< one of them: "10 pays 60"
     std::string after = "";  ///< what stands behind their number: ", 3 of them proved"
     std::string pointer = "/mix";
     std::string advice = "";  ///< instead of the rule's own, if not empty
     std::function<Json(const LintAnswer&)> details = nullptr;  ///< more about one in JSON
+    const LintCures* cures = nullptr;                          ///< those that the advice names
 };
 
 /// Amounts that a finding lists one by one.
@@ -43,11 +46,13 @@ public:
 
     /// Adds a finding about a field.
     ///
-    /// @param mixes  those that it concerns, if it does not concern the dispenser itself; nothing
+    /// @param mixes   those that it concerns, if it does not concern the dispenser itself; nothing
     ///   is added when there are none.
+    /// @param advice  instead of the rule's own, if not empty.
     void Add(const std::string& pointer,
              const std::string& message,
-             const std::optional<std::vector<std::uint16_t>>& mixes = std::nullopt);
+             const std::optional<std::vector<std::uint16_t>>& mixes = std::nullopt,
+             const std::string& advice = "");
 
     /// Adds a finding about answers of one mix; nothing is added when there are none.
     void AddAnswers(const LintMix& mix,
@@ -57,8 +62,15 @@ public:
     /// Adds a finding that is complete, if it is one of this rule.
     void AddOwn(const Finding& finding);
 
+    /// Adds a finding about a mix, with cures of what it does.
+    void AddCured(const LintMix& mix,
+                  const std::string& pointer,
+                  const std::string& message,
+                  const std::string& advice,
+                  const LintCures& cures);
+
     /// Makes what this rule finds from now on as grave as that.
-    void Raise(Severity severity) { pattern_.severity = severity; }
+    void Become(Severity severity) { pattern_.severity = severity; }
 
     /// Whether an earlier rule found something about a mix.
     bool Has(const std::string& id, std::uint16_t mix) const;
@@ -68,6 +80,12 @@ private:
     Finding pattern_;
     std::vector<LintFinding>& findings_;
 };
+
+/// "mix 4"
+std::string MixText(const LintMix& mix);
+
+/// Tells no more of answers than their amounts.
+LintAnswersText::Tell AmountsOf(const LintCase& lint);
 
 /// "70.50"
 std::string AmountText(const LintCase& lint, std::uint32_t amount);

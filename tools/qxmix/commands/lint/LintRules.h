@@ -22,6 +22,9 @@ const std::vector<LintRule>& LintRules();
 /// What the rules find, by id.
 std::vector<LintFinding> CheckAll(const LintCase& lint);
 
+/// Whether a rule may advise to change to a mix: no other rule warns of it.
+bool IsAdvisable(const LintCase& lint, std::uint16_t mix);
+
 // The checks by topic, a file each: LintCassetteRules.cpp ...
 void CheckPositionOrder(const LintCase& lint, LintReport& report);
 void CheckPositionUse(const LintCase& lint, LintReport& report);
@@ -43,6 +46,7 @@ void CheckMinimumSize(const LintCase& lint, LintReport& report);
 void CheckTraceLevel(const LintCase& lint, LintReport& report);
 void CheckErrorCodeKey(const LintCase& lint, LintReport& report);
 void CheckErrorCodeLeft(const LintCase& lint, LintReport& report);
+void CheckStoredElsewhere(const LintCase& lint, LintReport& report);
 
 // ... LintDangerRules.cpp ...
 void CheckTooMuch(const LintCase& lint, LintReport& report);
@@ -54,12 +58,15 @@ void CheckPartialFirstFit(const LintCase& lint, LintReport& report);
 // ... LintAnswerRules.cpp ...
 void CheckTooLittle(const LintCase& lint, LintReport& report);
 void CheckNothingPaid(const LintCase& lint, LintReport& report);
-void CheckButtons(const LintCase& lint, LintReport& report);
-void CheckLimit(const LintCase& lint, LintReport& report);
 void CheckStoppedSearch(const LintCase& lint, LintReport& report);
 void CheckStaleCodes(const LintCase& lint, LintReport& report);
 void CheckSlowAnswers(const LintCase& lint, LintReport& report);
+
+// ... LintRefusalRules.cpp ...
+void CheckButtons(const LintCase& lint, LintReport& report);
+void CheckLimit(const LintCase& lint, LintReport& report);
 void CheckNothingWorks(const LintCase& lint, LintReport& report);
+void CheckRefusals(const LintCase& lint, LintReport& report);
 
 // ... LintScoreRules.cpp ...
 void CheckImbalanceScores(const LintCase& lint, LintReport& report);

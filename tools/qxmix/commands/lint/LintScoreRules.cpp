@@ -1,5 +1,6 @@
 #include "CashUnitCodes.h"
 #include "LintRules.h"
+#include "answers/Judgement.h"
 
 #include <algorithm>
 
@@ -64,6 +65,46 @@ bool CanSpreadWrap(const LintMix& mix, std::uint16_t limit) {
     return HeldProduct().Times(units).Times(units - 1).Times(most).Times(most).Wraps();
 }
 
+/// Mixes that compare the shares of even emptying, and those that compare how even a payment is.
+bool ComparesWrapped(const LintMix& mix, std::uint16_t limit) {
+    return HasSeveralUnits(mix) && ((IsOneOf(mix, 3, 8) && CanImbalanceWrap(mix, limit)) ||
+                                    (IsOneOf(mix, 2, 7) && CanSpreadWrap(mix, limit)));
+}
+
+/// The largest limit under which no comparison can wrap.
+std::uint16_t HarmlessLimit(const LintMix& mix, std::uint16_t limit) {
+    std::uint16_t harmless = limit;
+    while (CanSpreadWrap(mix, harmless)) {
+        --harmless;
+    }
+    return harmless;
+}
+
+/// Most notes, or most coins, of what a mix pays; more than any limit if one stops it already.
+std::uint64_t MostItems(const LintCase& lint, const LintMix& mix) {
+    std::uint64_t most = 0;
+    AnswersWhere(lint, mix, [&](const LintAnswer& answer) {
+        const Judgement judgement = Judge(lint.TheDispenser(), answer.amount, ReplyOf(answer.cell));
+        if (judgement.outcome == Outcome::Paid) {
+            most = std::max({most, judgement.notes, judgement.coins});
+        }
+        most = IsOverLimit(mix, answer) ? kWrap : most;
+        return false;
+    });
+    return most;
+}
+
+/// Whether a mix took too much, or did not answer, wherever it was asked.
+bool IsDangerous(const LintCase& lint, const LintMix& mix) {
+    const MapRow& row = mix.row;
+    return row.Count(Outcome::Overpaid) + row.Count(Outcome::Overdrawn) +
+                   row.Count(Outcome::NoAnswer) + row.Count(Outcome::Crashed) !=
+               0 ||
+           std::any_of(lint.payers.begin(), lint.payers.end(), [&mix](const auto& amount) {
+               return amount.second.dangerous.count(mix.mix) != 0;
+           });
+}
+
 /// What the units hold, in the unit of the amount: six products below 2^64 may need more.
 Money WorthOf(const LintMix& mix) {
     Money worth;
@@ -75,21 +116,41 @@ Money WorthOf(const LintMix& mix) {
 
 }  // namespace
 
+bool IsAdvisable(const LintCase& lint, std::uint16_t number) {
+    if (IsFirstFit(number)) {
+        return false;
+    }
+    const auto isIt = [number](const LintMix& mix) { return mix.mix == number; };
+    auto found = std::find_if(lint.mixes.begin(), lint.mixes.end(), isIt);
+    if (found == lint.mixes.end()) {
+        found = std::find_if(lint.unasked.begin(), lint.unasked.end(), isIt);
+    }
+    return found->row.SlowestAnswer().took <= lint.slow && !IsDangerous(lint, *found) &&
+           !ComparesWrapped(*found, lint.TheDispenser().maxDispenseItems);
+}
+
 void CheckImbalanceScores(const LintCase& lint, LintReport& report) {
     const std::uint16_t limit = lint.TheDispenser().maxDispenseItems;
     report.Add("/mix", "shares may be compared as wrapped numbers: uneven emptying",
                MixesWhere(lint, [limit](const LintMix& mix) {
-                   return IsOneOf(mix, 3, 8) && HasSeveralUnits(mix) &&
-                          CanImbalanceWrap(mix, limit);
+                   return IsOneOf(mix, 3, 8) && ComparesWrapped(mix, limit);
                }));
 }
 
 void CheckSpreadScores(const LintCase& lint, LintReport& report) {
-    const std::uint16_t limit = lint.TheDispenser().maxDispenseItems;
-    report.Add("/maxDispenseItems", "evenness may be compared as wrapped numbers",
-               MixesWhere(lint, [limit](const LintMix& mix) {
-                   return IsOneOf(mix, 2, 7) && HasSeveralUnits(mix) && CanSpreadWrap(mix, limit);
-               }));
+    std::uint16_t harmless = lint.TheDispenser().maxDispenseItems;
+    bool losesNothing = true;
+    const std::vector<std::uint16_t> mixes = MixesWhere(lint, [&lint](const LintMix& mix) {
+        return IsOneOf(mix, 2, 7) && ComparesWrapped(mix, lint.TheDispenser().maxDispenseItems);
+    });
+    for (const LintMix& mix : lint.mixes) {
+        if (std::count(mixes.begin(), mixes.end(), mix.mix) != 0) {
+            harmless = HarmlessLimit(mix, harmless);
+            losesNothing = losesNothing && MostItems(lint, mix) <= harmless;
+        }
+    }
+    report.Add("/maxDispenseItems", "evenness may be compared as wrapped numbers", mixes,
+               losesNothing ? "lower the limit to " + std::to_string(harmless) : "");
 }
 
 void CheckRoundedTotal(const LintCase& lint, LintReport& report) {

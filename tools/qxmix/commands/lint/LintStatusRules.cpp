@@ -143,11 +143,15 @@ void CheckUnitsPassedOver(const LintCase& lint, LintReport& report) {
         }
         groups.erase("");
         const std::size_t first = lint.mixes.front().units.All()[place].cassettes.front();
-        const std::string note = NoteText(lint.TheDispenser().cassettes[first]);
+        const Cassette& cassette = lint.TheDispenser().cassettes[first];
+        if (cassette.currency != lint.TheDispenser().currency) {
+            continue;  // no filling would help
+        }
+        const std::string note = NoteText(cassette);
         for (const auto& [reason, mixes] : groups) {
             const bool isLow = reason == "it is low";
             report.Add(CassettePointer(first, isLow ? "status" : "count"),
-                       note + " is passed over: " + reason, mixes);
+                       note + " is passed over: " + reason, mixes, isLow ? "refill" : "");
         }
     }
 }

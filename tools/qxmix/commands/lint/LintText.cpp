@@ -5,6 +5,7 @@
 #include "text/TextList.h"
 
 #include <algorithm>
+#include <map>
 
 namespace qxmix {
 
@@ -15,11 +16,11 @@ std::string CountText(std::uint64_t count, const std::string& what) {
 }
 
 /// "4 errors, 1 note", or "nothing found".
-std::string SeveritiesText(const std::vector<LintFinding>& findings, bool quiet) {
+std::string SeveritiesText(const std::vector<Finding>& told) {
     std::vector<std::string> parts;
     const auto add = [&](Severity severity, const std::string& name) {
         const auto count =
-            std::count_if(findings.begin(), findings.end(), [severity](const Finding& finding) {
+            std::count_if(told.begin(), told.end(), [severity](const Finding& finding) {
                 return finding.severity == severity;
             });
         if (count > 0) {
@@ -28,16 +29,14 @@ std::string SeveritiesText(const std::vector<LintFinding>& findings, bool quiet)
     };
     add(Severity::Error, "error");
     add(Severity::Warning, "warning");
-    if (!quiet) {
-        add(Severity::Note, "note");
-    }
+    add(Severity::Note, "note");
     return parts.empty() ? "nothing found" : Join(parts, ", ");
 }
 
 /// "100 amounts from 10 to 1000 EUR asked"
 std::string AskedText(const LintCase& lint) {
     const std::string& currency = lint.TheDispenser().currency;
-    const std::uint64_t count = lint.AmountCount();
+    const std::uint64_t count = lint.amountCount;
     if (count == 0) {
         return "no amount asked";
     }
@@ -62,7 +61,7 @@ std::string CrashesText(const LintCase& lint, const Painter& painter) {
 }
 
 std::string InterruptionText(const LintCase& lint) {
-    const std::uint64_t done = lint.AmountCount();
+    const std::uint64_t done = lint.amountCount;
     const std::uint64_t all = lint.questions.AmountCount();
     if (lint.isComplete) {
         return "";
@@ -83,16 +82,29 @@ std::string WithoutMix(const LintFinding& finding) {
     return at == std::string::npos ? text : text.erase(at, mix.size());
 }
 
-/// The mixes of the findings behind this one that say the same of another mix.
-std::vector<std::uint16_t> SameInOtherMixes(const std::vector<LintFinding>& findings,
-                                            std::size_t index) {
-    std::vector<std::uint16_t> mixes;
-    const LintFinding& finding = findings[index];
-    while (finding.mix && ++index < findings.size() && findings[index].mix &&
-           WithoutMix(findings[index]) == WithoutMix(finding)) {
-        mixes.push_back(*findings[index].mix);
+/// The findings that are told: one where several mixes have the same.
+std::vector<Finding> ToldFindings(const std::vector<LintFinding>& findings, bool quiet) {
+    std::vector<Finding> told;
+    std::vector<std::vector<std::uint16_t>> others;
+    std::map<std::string, std::size_t> places;
+    for (const LintFinding& finding : findings) {
+        if (quiet && finding.severity == Severity::Note) {
+            continue;
+        }
+        const auto [place, isNew] = places.emplace(WithoutMix(finding), told.size());
+        if (isNew || !finding.mix) {
+            told.push_back(finding);
+            others.emplace_back();
+        } else {
+            others[place->second].push_back(*finding.mix);
+        }
     }
-    return mixes;
+    for (std::size_t place = 0; place < told.size(); ++place) {
+        if (!others[place].empty()) {
+            told[place].message += "; the same in " + MixesText(others[place]);
+        }
+    }
+    return told;
 }
 
 }  // namespace
@@ -102,26 +114,16 @@ std::string LintText(const LintCase& lint,
                      bool quiet,
                      const Painter& painter) {
     const std::vector<std::uint16_t>& mixes = lint.questions.mixes;
-    const std::string heading = SeveritiesText(findings, quiet) + " for " +
+    const std::vector<Finding> told = ToldFindings(findings, quiet);
+    const std::string heading = SeveritiesText(told) + " for " +
                                 (mixes == AllMixes() ? "all 10 mixes" : MixesText(mixes)) + ", " +
                                 AskedText(lint);
     std::string text = WrappedText(Split(heading, ' '), " ", 0, 2) + "\n";
     text += CrashesText(lint, painter);
-    std::string list;
-    for (std::size_t index = 0; index < findings.size();) {
-        const LintFinding& finding = findings[index];
-        const std::vector<std::uint16_t> others = SameInOtherMixes(findings, index);
-        index += 1 + others.size();
-        if (quiet && finding.severity == Severity::Note) {
-            continue;
-        }
-        Finding told = finding;
-        if (!others.empty()) {
-            told.message += "; the same in " + MixesText(others);
-        }
-        list += FindingText(told, FindingPlace::Told, painter);
+    text += told.empty() ? "" : "\n";
+    for (const Finding& finding : told) {
+        text += FindingText(finding, FindingPlace::Told, painter);
     }
-    text += (list.empty() ? "" : "\n") + list;
     return text + InterruptionText(lint);
 }
 

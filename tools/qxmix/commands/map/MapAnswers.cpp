@@ -18,7 +18,8 @@ class MapDesk final : public Desk {
 public:
     MapDesk(const MapQuestions& questions, MapAnswers& answers)
         : questions_(questions), answers_(answers),
-          deadlines_(questions.mixes.size(), AdaptiveDeadline(questions.deadline)) {
+          deadlines_(questions.mixes.size(), AdaptiveDeadline(questions.deadline)),
+          misses_(questions.mixes.size()) {
         for (const std::uint16_t mix : questions.mixes) {
             requests_.push_back(BuildRequest(questions.dispenser, 0, mix));
         }
@@ -26,6 +27,9 @@ public:
     }
 
     std::optional<WorkerPool::Task> NextTask() override {
+        while (next_ < questions_.CellCount() && IsKnown(next_)) {
+            ++next_;
+        }
         if (next_ == questions_.CellCount()) {
             return std::nullopt;
         }
@@ -44,15 +48,37 @@ public:
         const bool isMiss = outcome == Outcome::NoAnswer;
         deadlines_[RowOf(task.number)].Note(isMiss);
         CountDone(1, isMiss ? 1 : 0);
-        const auto place = static_cast<std::size_t>(task.number - filed_);
-        if (waiting_.size() <= place) {
-            waiting_.resize(place + 1);
-        }
-        waiting_[place] = CellOf(reply, outcome, task.deadline);
-        FileWholeAmounts();
+        Keep(task.number, CellOf(reply, outcome, task.deadline));
     }
 
 private:
+    /// Keeps what needs no question: nothing of a mix that was given up, and no answer where it is
+    /// known that none comes.
+    bool IsKnown(std::uint64_t number) {
+        const std::size_t row = RowOf(number);
+        const bool isEndless = !IsGivenUp(row) && questions_.neverAnswers != nullptr &&
+                               questions_.neverAnswers(questions_.mixes[row], AmountOf(number));
+        if (!IsGivenUp(row) && !isEndless) {
+            return false;
+        }
+        CountDone(1, isEndless ? 1 : 0);
+        Keep(number, MapCell());
+        return true;
+    }
+
+    bool IsGivenUp(std::size_t row) const {
+        return questions_.mostMisses && misses_[row] >= *questions_.mostMisses;
+    }
+
+    void Keep(std::uint64_t number, const MapCell& cell) {
+        const auto place = static_cast<std::size_t>(number - filed_);
+        if (waiting_.size() <= place) {
+            waiting_.resize(place + 1);
+        }
+        waiting_[place] = cell;
+        FileWholeAmounts();
+    }
+
     std::size_t RowOf(std::uint64_t number) const {
         return static_cast<std::size_t>(number % questions_.mixes.size());
     }
@@ -70,19 +96,31 @@ private:
 
     void FileWholeAmounts() {
         while (IsNextAmountWhole()) {
-            for (MapRow& row : answers_.rows) {
-                const MapCell& cell = *waiting_.front();
-                answers_.lastCode = cell.code.empty() ? answers_.lastCode : cell.code;
-                row.Add(cell);
+            for (std::size_t row = 0; row < answers_.rows.size(); ++row) {
+                FileCell(row, *waiting_.front());
                 waiting_.pop_front();
                 ++filed_;
             }
+            ++answers_.amountCount;
         }
+    }
+
+    /// What was asked behind the miss with which a mix is given up does not count: so it is the
+    /// same whoever was faster.
+    void FileCell(std::size_t row, const MapCell& cell) {
+        if (IsGivenUp(row)) {
+            return;
+        }
+        const bool isMiss = cell.outcome == Outcome::NoAnswer && cell.deadline.count() > 0;
+        misses_[row] += isMiss ? 1U : 0U;
+        answers_.lastCode = cell.code.empty() ? answers_.lastCode : cell.code;
+        answers_.rows[row].Add(cell);
     }
 
     const MapQuestions& questions_;
     MapAnswers& answers_;
     std::vector<AdaptiveDeadline> deadlines_;
+    std::vector<std::uint64_t> misses_;  // filed, by row; what is known to be endless is none
     std::vector<MixRequest> requests_;
     std::uint64_t next_ = 0;   // number of the cell to ask next
     std::uint64_t filed_ = 0;  // cells filed, and so the number of the first that waits

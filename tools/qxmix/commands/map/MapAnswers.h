@@ -10,13 +10,12 @@
 
 namespace qxmix {
 
-/// What is known of a map: the rows of all mixes, equally long.
+/// What is known of a map: the rows of all mixes, equally long but for mixes that were given up.
 struct MapAnswers {
-    std::vector<MapRow> rows;  ///< one a mix, in the order of the questions
-    bool isComplete = true;    ///< false: Ctrl-C came before the end
-    std::string lastCode;      ///< error code written last, the amounts in order; empty: none
-
-    std::uint64_t AmountCount() const { return rows.empty() ? 0 : rows.front().Size(); }
+    std::vector<MapRow> rows;       ///< one a mix, in the order of the questions
+    bool isComplete = true;         ///< false: Ctrl-C came before the end
+    std::string lastCode;           ///< error code written last, the amounts in order; empty: none
+    std::uint64_t amountCount = 0;  ///< amounts that are done with
 };
 
 /// Asks all mixes for one amount after the other.

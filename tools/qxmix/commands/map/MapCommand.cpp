@@ -50,7 +50,7 @@ ExitStatus MapCommand::Run(const CommonOptions& options) {
     const MapAnswers answers = AskMap(questions, module.order, options.Trace(),
                                       [&progress](const WorkProgress& now) { progress.Show(now); });
     progress.Wipe();
-    if (answers.AmountCount() == 0 && !options.json) {
+    if (answers.amountCount == 0 && !options.json) {
         throw Interruption();
     }
 

@@ -33,7 +33,7 @@ std::string CellLine(const MapQuestions& questions,
 std::string MapCsv(const MapQuestions& questions, const MapAnswers& answers) {
     std::string csv = "amount,mix,outcome,paid,remainder,returned,registry,v0,v1,v2,v3,v4,v5\n";
     std::vector<MapRowReader> readers(answers.rows.begin(), answers.rows.end());
-    for (std::uint64_t place = 0; place < answers.AmountCount(); ++place) {
+    for (std::uint64_t place = 0; place < answers.amountCount; ++place) {
         for (std::size_t row = 0; row < readers.size(); ++row) {
             csv += CellLine(questions, questions.Amount(place), questions.mixes[row],
                             readers[row].Next());

@@ -1,6 +1,7 @@
 #include "MapPage.h"
 
 #include "MapVerdict.h"
+#include "dispenser/ReadableMoney.h"
 #include "pages/PageHtml.h"
 #include "pages/PageParts.h"
 #include "pages/Pages.h"
@@ -22,7 +23,7 @@ std::string HeadingHtml(const MapQuestions& questions, const MapAnswers& answers
                        "><strong>" + verdict.word + "</strong> " + HtmlText(verdict.rest) +
                        "</p>\n";
     if (!answers.isComplete) {
-        const std::uint64_t count = answers.AmountCount();
+        const std::uint64_t count = answers.amountCount;
         html += "<p>Interrupted: the first " + std::to_string(count) +
                 (count == 1 ? " amount" : " amounts") + " only.</p>\n";
     }
@@ -35,9 +36,9 @@ std::string HeadingHtml(const MapQuestions& questions, const MapAnswers& answers
 Facts FactsOf(const MapQuestions& questions, const MapAnswers& answers) {
     const auto text = [&questions](std::uint32_t amount) {
         const Dispenser& dispenser = questions.dispenser;
-        return AskedMoney(dispenser, amount).Text(AmountDecimals(dispenser));
+        return ReadableText(AskedMoney(dispenser, amount), AmountDecimals(dispenser));
     };
-    const std::uint64_t count = answers.AmountCount();
+    const std::uint64_t count = answers.amountCount;
     return {{"Amounts", text(questions.Amount(0)) + " to " +
                             text(questions.Amount(count == 0 ? 0 : count - 1)) + " " +
                             questions.dispenser.currency + ", " + std::to_string(count) +
@@ -63,15 +64,17 @@ std::string MapPage(const MapQuestions& questions,
     parts.heading = HeadingHtml(questions, answers);
     parts.withoutScript =
         "This page draws its map with a script. Without it, here is how often each outcome occurs.";
-    parts.summary = OutcomeCountTable("Amounts of each outcome", questions.mixes,
-                                      [&answers](std::size_t place, Outcome outcome) {
-                                          return answers.rows[place].Count(outcome);
-                                      });
+    parts.summary = OutcomeCountTable(
+        "Amounts of each outcome", questions.mixes,
+        [&answers](std::size_t place, Outcome outcome) {
+            return answers.rows[place].Count(outcome);
+        },
+        &WordsOf);
     parts.main = kMapHtml;
     parts.dispenser = DispenserHtml(questions.dispenser, FactsOf(questions, answers), commandLine);
     parts.style = kMapCss;
     parts.script = Script();
-    parts.page = {{"outcomes", OutcomesJson()}};
+    parts.page = {{"outcomes", OutcomesJson(&WordsOf)}};
     parts.fitting = [&questions](std::size_t size) { return FittingText(questions, size); };
     return PageText(parts, envelope);
 }

@@ -4,6 +4,8 @@
 #include "workers/Worker.h"
 
 #include <cstdint>
+#include <functional>
+#include <optional>
 #include <vector>
 
 namespace qxmix {
@@ -19,6 +21,13 @@ struct MapQuestions {
         listed;  ///< if not empty: these amounts, not those from one to another
     Milliseconds deadline{100};
     std::size_t jobs = 1;  ///< workers side by side
+
+    /// Missed deadlines after which a mix is given up: its row ends there. None: never.
+    std::optional<std::uint64_t> mostMisses;
+
+    /// Whether it is known that a mix never answers an amount; such a cell is not asked and has a
+    /// deadline of 0. Empty: nothing is known.
+    std::function<bool(std::uint16_t mix, std::uint32_t amount)> neverAnswers;
 
     std::uint64_t AmountCount() const {
         return listed.empty() ? (to - from) / step + std::uint64_t{1} : listed.size();

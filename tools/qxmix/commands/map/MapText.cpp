@@ -1,6 +1,7 @@
 #include "MapText.h"
 
 #include "MapVerdict.h"
+#include "dispenser/ReadableMoney.h"
 #include "terminal/WrappedText.h"
 #include "text/TextList.h"
 
@@ -16,14 +17,14 @@ constexpr std::size_t kLeftOfCells = 6;
 
 std::string AmountText(const MapQuestions& questions, std::uint64_t place) {
     const Dispenser& dispenser = questions.dispenser;
-    return AskedMoney(dispenser, questions.Amount(place)).Text(AmountDecimals(dispenser));
+    return ReadableText(AskedMoney(dispenser, questions.Amount(place)), AmountDecimals(dispenser));
 }
 
 /// The amount above the first cell of each group of ten.
 std::string
 AmountsLine(const MapQuestions& questions, const MapAnswers& answers, std::uint64_t stretch) {
     std::string line;
-    for (std::uint64_t place = 0; place < answers.AmountCount(); place += kGroup * stretch) {
+    for (std::uint64_t place = 0; place < answers.amountCount; place += kGroup * stretch) {
         const auto group = static_cast<std::size_t>(place / (kGroup * stretch));
         const std::size_t column = kLeftOfCells + group * (kGroup + 1);
         // A long amount takes the room of the one behind it.
@@ -104,7 +105,7 @@ std::string LegendText(const MapAnswers& answers, std::uint64_t stretch, const P
 }
 
 std::string InterruptionText(const MapQuestions& questions, const MapAnswers& answers) {
-    const std::uint64_t done = answers.AmountCount();
+    const std::uint64_t done = answers.amountCount;
     return answers.isComplete ? ""
                               : "interrupted at " + AmountText(questions, done) + " " +
                                     questions.dispenser.currency + ", " + std::to_string(done) +
@@ -126,7 +127,7 @@ MapText(const MapQuestions& questions, const MapAnswers& answers, const Painter&
     for (const std::string& line : UnpaidLines(questions, answers)) {
         text += line + "\n";
     }
-    const std::uint64_t amounts = answers.AmountCount();
+    const std::uint64_t amounts = answers.amountCount;
     const std::uint64_t stretch =
         std::max<std::uint64_t>((amounts + kMostColumns - 1) / kMostColumns, 1);
     text += "\n" + AmountsLine(questions, answers, stretch);

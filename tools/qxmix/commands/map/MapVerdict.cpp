@@ -1,6 +1,7 @@
 #include "MapVerdict.h"
 
 #include "answers/Dangers.h"
+#include "dispenser/ReadableMoney.h"
 #include "options/MixList.h"
 #include "text/TextList.h"
 
@@ -23,7 +24,7 @@ std::string AmountsText(std::uint64_t count) {
 /// "mix 4 gives no answer on 24 of 60 amounts, mix 9 overpays on 2 of 60"
 std::string DangersText(const MapQuestions& questions, const MapAnswers& answers) {
     std::vector<std::string> parts;
-    const std::uint64_t all = answers.AmountCount();
+    const std::uint64_t all = answers.amountCount;
     for (std::size_t row = 0; row < answers.rows.size(); ++row) {
         for (const Danger& danger : Dangers()) {
             const std::uint64_t count = answers.rows[row].Count(danger.outcome);
@@ -47,8 +48,8 @@ std::string PaidText(const MapQuestions& questions, const MapAnswers& answers) {
     for (const auto& [paid, group] : mixes) {
         const bool isAll = group.size() > 1 && group.size() == answers.rows.size();
         parts.push_back(std::to_string(paid) +
-                        (parts.empty() ? " of " + AmountsText(answers.AmountCount()) : "") +
-                        " by " + (isAll ? AllMixesText(group.size()) : MixesText(group)));
+                        (parts.empty() ? " of " + AmountsText(answers.amountCount) : "") + " by " +
+                        (isAll ? AllMixesText(group.size()) : MixesText(group)));
     }
     return Join(parts, ", ");
 }
@@ -89,7 +90,7 @@ UnpaidText(const MapQuestions& questions, const Stretches& stretches, std::size_
     for (const auto& [first, behind] : stretches) {
         for (std::uint64_t place = first; place < behind; ++place) {
             const std::string amount =
-                AskedMoney(dispenser, questions.Amount(place)).Text(decimals);
+                ReadableText(AskedMoney(dispenser, questions.Amount(place)), decimals);
             const std::string end = " " + dispenser.currency;
             const std::string more = " and " + std::to_string(left) + " more";
             const std::size_t needed =
@@ -153,7 +154,7 @@ std::vector<Finding> FindingsOf(const MapQuestions& questions, const MapAnswers&
             return answers.rows[row].Count(outcome);
         };
         const std::vector<Finding> found =
-            DangerFindings(questions.mixes[row], count, AmountsText(answers.AmountCount()));
+            DangerFindings(questions.mixes[row], count, AmountsText(answers.amountCount));
         findings.insert(findings.end(), found.begin(), found.end());
     }
     return findings;

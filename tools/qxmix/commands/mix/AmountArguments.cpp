@@ -16,13 +16,13 @@ MixQuestions AmountArguments::Questions() const {
     return questions;
 }
 
-void AddAmountArguments(CLI::App& command, AmountArguments& arguments) {
+void AddAmountArguments(CLI::App& command, AmountArguments& arguments, MixChoice choice) {
     AddDispenserArgument(command, arguments.dispenser);
     command
         .add_option("--amount", arguments.amount,
                     "what to pay, a whole number of 10^exponent units")
         ->type_name("A");
-    AddAskOptions(command, arguments.ask);
+    AddAskOptions(command, arguments.ask, choice);
 }
 
 }  // namespace qxmix

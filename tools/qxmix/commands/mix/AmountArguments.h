@@ -2,6 +2,7 @@
 
 #include "MixAnswers.h"
 #include "options/AskOptions.h"
+#include "options/MixChoice.h"
 
 #include <CLI/App.hpp>
 #include <string>
@@ -20,6 +21,8 @@ struct AmountArguments {
     MixQuestions Questions() const;
 };
 
-void AddAmountArguments(CLI::App& command, AmountArguments& arguments);
+void AddAmountArguments(CLI::App& command,
+                        AmountArguments& arguments,
+                        MixChoice choice = MixChoice::Several);
 
 }  // namespace qxmix

@@ -1,5 +1,6 @@
 #include "MixFindings.h"
 
+#include "dispenser/ReadableMoney.h"
 #include "findings/RuleTexts.h"
 #include "options/MixList.h"
 #include "text/Duration.h"
@@ -78,7 +79,7 @@ DangersOf(const MixQuestions& questions, const std::vector<MixAnswer>& answers, 
         return {};
     }
     const std::string amount =
-        answers.front().judgement.asked.Text(AmountDecimals(questions.dispenser));
+        ReadableText(answers.front().judgement.asked, AmountDecimals(questions.dispenser));
     const std::string advice = Advice(ExactPayers(questions, answers, asker), amount);
     std::vector<Finding> findings;
     for (const MixAnswer& answer : answers) {

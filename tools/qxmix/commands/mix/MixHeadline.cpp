@@ -1,5 +1,6 @@
 #include "MixText.h"
 
+#include "dispenser/ReadableMoney.h"
 #include "options/MixList.h"
 #include "text/Duration.h"
 #include "text/TextList.h"
@@ -13,13 +14,14 @@ namespace {
 /// "280 EUR"
 std::string AskedText(const MixQuestions& questions) {
     const Money asked = AskedMoney(questions.dispenser, questions.amount);
-    return asked.Text(AmountDecimals(questions.dispenser)) + " " + questions.dispenser.currency;
+    return ReadableText(asked, AmountDecimals(questions.dispenser)) + " " +
+           questions.dispenser.currency;
 }
 
 /// "280 of 280 EUR with 5 items (limit 40)"
 std::string PaidText(const MixQuestions& questions, const Judgement& judgement) {
     const std::uint64_t items = judgement.Items();
-    return judgement.paid.Text(AmountDecimals(questions.dispenser)) + " of " +
+    return ReadableText(judgement.paid, AmountDecimals(questions.dispenser)) + " of " +
            AskedText(questions) + " with " + std::to_string(items) +
            (items == 1 ? " item" : " items") + " (limit " +
            std::to_string(questions.dispenser.maxDispenseItems) + ")";

@@ -1,6 +1,7 @@
 #include "MixText.h"
 
 #include "ResultCodes.h"
+#include "dispenser/ReadableMoney.h"
 #include "dispenser/UnitNames.h"
 #include "terminal/Table.h"
 
@@ -153,7 +154,7 @@ void AddTotals(Table& table, const MixQuestions& questions, const MixAnswers& an
         const Money& money = answer.judgement.paid;
         return Cell(!answer.judgement.IsAnswered() ? kUnknown
                     : money.IsZero()               ? kNone
-                                                   : money.Text(decimals));
+                                                   : ReadableText(money, decimals));
     });
     std::vector<Cell> outcomes = {" outcome", ""};
     AppendAnswers(outcomes, answers, [](const MixAnswer& answer) {

@@ -1,5 +1,7 @@
 #include "ErrorCodes.h"
 
+#include "dispenser/StoredValues.h"
+
 #include <map>
 
 namespace qxmix {
@@ -14,6 +16,10 @@ std::string ErrorCodeMeaning(const std::string& code) {
     };
     const auto meaning = meanings.find(code);
     return meaning == meanings.end() ? "unknown" : meaning->second;
+}
+
+std::string ErrorCodeOf(const StoredValue& value) {
+    return StoredText(value).value_or(value.bytes);
 }
 
 }  // namespace qxmix

@@ -62,7 +62,7 @@ Json ValuesJson(const std::string& registry, const Opening& taken) {
         values.push_back({{"name", name},
                           {"type", stored ? Json(stored->type) : Json()},
                           {"hex", stored ? Json(HexText(stored->bytes)) : Json()},
-                          {"taken", TakenJson(name, taken, stored ? stored->bytes : "")}});
+                          {"taken", TakenJson(name, taken, stored ? ErrorCodeOf(*stored) : "")}});
     }
     return {{"values", values}};
 }
@@ -77,9 +77,9 @@ std::string ValuesText(const std::string& registry, const Opening& taken, const 
     table.AddRow({"value", "stored", "the module takes"});
     table.AddRow({kCstMinimum4Mix6, storedText(kCstMinimum4Mix6), std::to_string(taken.minimum)});
     table.AddRow({kTraceLevel, storedText(kTraceLevel), std::to_string(taken.traceLevel)});
-    table.AddRow(
-        {kErrorCodeName, storedText(kErrorCodeName),
-         code ? Printable(code->bytes) + ": " + ErrorCodeMeaning(code->bytes) : std::string("-")});
+    table.AddRow({kErrorCodeName, storedText(kErrorCodeName),
+                  code ? Printable(ErrorCodeOf(*code)) + ": " + ErrorCodeMeaning(ErrorCodeOf(*code))
+                       : std::string("-")});
     return table.Text(painter);
 }
 
@@ -113,7 +113,7 @@ ExitStatus RegistryCommand::Run(const CommonOptions& options) {
     const std::string registry = ReadAndChange();
     Asker asker(FindLibrary(options.Library()), registry, options.Trace());
     const Opening taken = asker.Open();
-    const std::vector<Finding> findings = CheckRegistry(registry, taken, FileNameOf(file_));
+    const std::vector<Finding> findings = CheckRegistry(registry, taken, file_);
     const ExitStatus status = ExitStatusOf(findings);
     if (!options.registryOut.empty()) {
         asker.KeepRegistry();

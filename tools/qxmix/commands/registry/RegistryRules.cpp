@@ -1,8 +1,11 @@
 #include "RegistryRules.h"
 
+#include "ErrorCodes.h"
 #include "dispenser/StoredValues.h"
 #include "findings/RuleTexts.h"
 #include "module/RegistryImage.h"
+#include "options/ShellWords.h"
+#include "text/TextList.h"
 
 namespace qxmix {
 
@@ -12,8 +15,9 @@ namespace {
 /// @param instead   what to write there.
 std::string
 SetAdvice(const std::string& fileName, const std::string& setting, const std::string& instead) {
-    return fileName.empty() ? "write " + instead
-                            : "qxmix registry " + fileName + " --set " + setting + " --output F";
+    return fileName.empty()
+               ? "write " + instead
+               : "qxmix registry " + ShellWord(fileName) + " --set " + setting + " --output F";
 }
 
 /// Whether a value is text that is one decimal number and nothing else.
@@ -52,10 +56,24 @@ Finding NoErrorCodeKey() {
     return finding;
 }
 
-Finding StaleErrorCode(const std::string& code) {
+Finding StaleErrorCode(const StoredValue& code) {
     Finding finding = FindingOf("QX305");
-    finding.message = "CDM still holds " + Printable(code) + " from an earlier failure";
+    finding.message =
+        "CDM still holds " + Printable(ErrorCodeOf(code)) + " from an earlier failure";
     return finding;
+}
+
+/// A value that lies beside the key in which it is read.
+void AddStoredElsewhere(const std::string& registry, std::vector<Finding>& findings) {
+    for (const char* name : {kTraceLevel, kCstMinimum4Mix6, kErrorCodeName}) {
+        const std::vector<std::string> keys = KeysWith(registry, name);
+        if (!keys.empty() && !FindStored(registry, name)) {
+            Finding finding = FindingOf("QX306");
+            finding.message = std::string(name) + " lies in " + Printable(Join(keys, " and ")) +
+                              ": only " + KeyOf(name) + " is read";
+            findings.push_back(finding);
+        }
+    }
 }
 
 }  // namespace
@@ -76,8 +94,9 @@ CheckRegistry(const std::string& registry, const Opening& taken, const std::stri
     }
     const auto code = FindStored(registry, kErrorCodeName);
     if (code && !code->bytes.empty()) {
-        findings.push_back(StaleErrorCode(code->bytes));
+        findings.push_back(StaleErrorCode(*code));
     }
+    AddStoredElsewhere(registry, findings);
     return findings;
 }
 

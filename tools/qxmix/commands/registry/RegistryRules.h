@@ -8,11 +8,12 @@
 
 namespace qxmix {
 
-/// What is wrong with what the module reads: QX301, QX303, QX304 and QX305.
+/// What is wrong with what the module reads: QX301 and QX303 to QX306.
 ///
 /// @param registry  text of a registry file.
 /// @param taken     what the module took from it.
-/// @param fileName  the file's name in advice; empty: the values stand in a dispenser file.
+/// @param fileName  the file as it was named, for advice; empty: the values stand in a dispenser
+/// file.
 std::vector<Finding>
 CheckRegistry(const std::string& registry, const Opening& taken, const std::string& fileName);
 

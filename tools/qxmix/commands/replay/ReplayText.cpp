@@ -1,5 +1,6 @@
 #include "ReplayText.h"
 
+#include "dispenser/ReadableMoney.h"
 #include "terminal/Table.h"
 #include "text/TextList.h"
 
@@ -68,7 +69,7 @@ std::string DifferenceText(const ReplayDifference& difference,
         }
     }
     return "line " + std::to_string(line.number) + IdText(line) + ": " +
-           AskedMoney(dispenser, line.asked.amount).Text(AmountDecimals(dispenser)) + " " +
+           ReadableText(AskedMoney(dispenser, line.asked.amount), AmountDecimals(dispenser)) + " " +
            dispenser.currency + ", mix " +
            std::to_string(std::uint16_t{line.asked.request.usMixNumber}) + "\n" +
            table.Text(painter);

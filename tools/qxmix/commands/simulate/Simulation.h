@@ -3,7 +3,7 @@
 #include "Draining.h"
 #include "answers/Outcome.h"
 #include "demand/Demand.h"
-#include "workers/Worker.h"
+#include "workers/AdaptiveDeadline.h"
 
 #include <cstdint>
 #include <memory>
@@ -29,9 +29,6 @@ struct SimulationStep {
 /// One dispenser that is asked by one mix for one withdrawal after the other, and drains.
 class Simulation {
 public:
-    /// Missed deadlines after which a mix is given up.
-    static constexpr std::size_t kMostMisses = 20;
-
     Simulation(Dispenser dispenser, std::shared_ptr<const Demand> demand, std::uint16_t mix);
 
     const Demand& Asked() const { return *demand_; }
@@ -39,7 +36,7 @@ public:
     /// Whether all withdrawals were asked, or the mix was given up.
     bool IsOver() const { return steps_.size() == demand_->withdrawals.size() || IsGivenUp(); }
 
-    bool IsGivenUp() const { return misses_ >= kMostMisses; }
+    bool IsGivenUp() const { return misses_ >= kMissesToGiveUp; }
 
     /// What to ask next; not when it is over.
     MixRequest NextRequest() const;

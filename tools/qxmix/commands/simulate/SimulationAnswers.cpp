@@ -53,8 +53,8 @@ public:
     /// Keeps what is whole; of the first run what all mixes have.
     void Interrupt() {
         answers_.isComplete = false;
-        if (whole_ > 0) {
-            answers_.runs.resize(whole_);
+        if (answers_.wholeRuns > 0) {
+            answers_.runs.resize(answers_.wholeRuns);
             return;
         }
         std::size_t common = answers_.planned;
@@ -112,8 +112,8 @@ private:
             answers_.steps[row] = simulation->Steps();
         }
         --left_[run];
-        while (whole_ < left_.size() && left_[whole_] == 0) {
-            ++whole_;
+        while (answers_.wholeRuns < left_.size() && left_[answers_.wholeRuns] == 0) {
+            ++answers_.wholeRuns;
         }
     }
 
@@ -123,7 +123,6 @@ private:
     std::deque<std::uint64_t> ready_;                            // those that wait for nothing
     std::uint32_t nextRun_ = 0;
     std::vector<std::size_t> left_;   // simulations of each run that are not over
-    std::size_t whole_ = 0;           // runs from the first on that are over
     std::vector<std::string> codes_;  // that each mix left last
 };
 

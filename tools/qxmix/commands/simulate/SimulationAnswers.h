@@ -19,8 +19,9 @@ struct SimulationAnswers {
     /// For each run the summaries of the mixes. After Ctrl-C the whole runs; if even the first was
     /// not whole, what there is of it.
     std::vector<std::vector<SimulationSummary>> runs;
-    bool isComplete = true;  ///< false: Ctrl-C came before the end
-    std::string lastCode;    ///< error code that the last mix of the last run left; empty: none
+    std::size_t wholeRuns = 0;  ///< of them those that were simulated to the end
+    bool isComplete = true;     ///< false: Ctrl-C came before the end
+    std::string lastCode;       ///< error code that the last mix of the last run left; empty: none
 };
 
 /// Asks all mixes for one withdrawal after the other, several mixes side by side.

@@ -86,7 +86,7 @@ std::string SimulationCsv(const SimulationQuestions& questions, const Simulation
     }
     std::string csv =
         "seed,mix,served,inPart,refused,dangerous,items,firstRefusal,left,firstEmpty" + cassettes;
-    for (std::size_t run = 0; run < answers.runs.size(); ++run) {
+    for (std::size_t run = 0; run < answers.wholeRuns; ++run) {
         for (std::size_t place = 0; place < questions.mixes.size(); ++place) {
             csv += SummaryLine(questions, answers, run, place);
         }

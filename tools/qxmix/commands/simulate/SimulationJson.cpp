@@ -56,7 +56,7 @@ Json ResultWriter::Demand() const {
                  {"planned", answers_.planned},
                  {"asked", asked.front().Text(decimals_)},
                  {"seed", demand.seed ? Json(*demand.seed) : Json()},
-                 {"runs", answers_.runs.size()}};
+                 {"runs", answers_.wholeRuns}};
     const std::string firstDay = demand.calendar.FirstDayText();
     json["firstDay"] = firstDay.empty() ? Json() : Json(firstDay);
     json["times"] = times;
@@ -160,7 +160,7 @@ Json ResultWriter::Ranges(const SimulationRow& row) const {
 
 Json ResultWriter::Runs(std::size_t place) const {
     Json runs = Json::array();
-    for (std::size_t run = 0; run < answers_.runs.size(); ++run) {
+    for (std::size_t run = 0; run < answers_.wholeRuns; ++run) {
         Json json = {{"seed", questions_.seed + run}};
         json.update(Summary(answers_.runs[run][place]));
         runs.push_back(json);

@@ -32,7 +32,7 @@ Json PageJson(const SimulationQuestions& questions,
     for (const Danger& danger : Dangers()) {
         dangers.push_back(RowOf(danger.outcome).name);
     }
-    return {{"remarks", remarks}, {"dangers", dangers}, {"outcomes", OutcomesJson()}};
+    return {{"remarks", remarks}, {"dangers", dangers}, {"outcomes", OutcomesJson(&PartWords)}};
 }
 
 std::string Plural(std::uint64_t count, const std::string& word) {
@@ -53,7 +53,7 @@ std::string HeadingHtml(const SimulationQuestions& questions,
         const std::size_t done = answers.demand.withdrawals.size();
         const bool isCut = done < answers.planned;
         html += "<p>Interrupted: the first " +
-                (isCut ? Plural(done, "withdrawal") : Plural(answers.runs.size(), "run")) + " of " +
+                (isCut ? Plural(done, "withdrawal") : Plural(answers.wholeRuns, "run")) + " of " +
                 std::to_string(isCut ? answers.planned : questions.runs) + " only.</p>\n";
     }
     return html;
@@ -111,11 +111,12 @@ std::string SimulationPage(const SimulationQuestions& questions,
     parts.heading = HeadingHtml(questions, answers, rows);
     parts.withoutScript =
         "This page draws its curves with a script. Without it, here is how every mix fared.";
-    parts.summary =
-        OutcomeCountTable("Withdrawals of each outcome, the best mix first", mixes,
-                          [&](std::size_t place, Outcome outcome) {
-                              return answers.runs.front()[rows[place].place].Count(outcome);
-                          });
+    parts.summary = OutcomeCountTable(
+        "Withdrawals of each outcome, the best mix first", mixes,
+        [&](std::size_t place, Outcome outcome) {
+            return answers.runs.front()[rows[place].place].Count(outcome);
+        },
+        &PartWords);
     parts.main = kSimHtml;
     parts.dispenser = DispenserHtml(questions.dispenser, FactsOf(questions, answers), commandLine);
     parts.style = kSimCss;

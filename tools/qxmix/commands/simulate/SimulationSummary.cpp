@@ -48,7 +48,7 @@ public:
         }
         summary_.left = ValueHeld(now_);
         summary_.spread = SpreadOf(before_, now_);
-        summary_.isGivenUp = summary_.Count(Outcome::NoAnswer) >= Simulation::kMostMisses;
+        summary_.isGivenUp = summary_.Count(Outcome::NoAnswer) >= kMissesToGiveUp;
         return std::move(summary_);
     }
 

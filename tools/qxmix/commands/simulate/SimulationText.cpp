@@ -2,6 +2,7 @@
 
 #include "SimulationRanking.h"
 #include "SimulationVerdict.h"
+#include "dispenser/ReadableMoney.h"
 #include "terminal/Table.h"
 
 #include <algorithm>
@@ -46,7 +47,7 @@ std::string RankText(const SimulationRow& row) {
 }
 
 std::string LeftText(const Dispenser& dispenser, const std::optional<Money>& left) {
-    return left ? left->Text(AmountDecimals(dispenser)) : "-";
+    return left ? ReadableText(*left, AmountDecimals(dispenser)) : "-";
 }
 
 std::string RefusalText(const SimulationQuestions& questions,
@@ -60,7 +61,7 @@ std::string RefusalText(const SimulationQuestions& questions,
     const std::string currency =
         asked.currency == 0 ? "" : " " + answers.demand.currencies[asked.currency];
     return answers.demand.calendar.ShortText(asked.time) + " " +
-           AskedMoney(dispenser, asked.amount).Text(AmountDecimals(dispenser)) + currency;
+           ReadableText(AskedMoney(dispenser, asked.amount), AmountDecimals(dispenser)) + currency;
 }
 
 std::string EmptiedText(const SimulationQuestions& questions,
@@ -170,14 +171,17 @@ std::string InterruptionText(const SimulationQuestions& questions,
         return "";
     }
     const std::vector<Withdrawal>& done = answers.demand.withdrawals;
-    if (done.size() == answers.planned) {
-        return "interrupted after " + std::to_string(answers.runs.size()) + " of " +
+    if (answers.wholeRuns > 0) {
+        return "interrupted after " + std::to_string(answers.wholeRuns) + " of " +
                std::to_string(questions.runs) + " runs\n";
     }
     const std::string where =
         done.empty() ? "before the first" : "at " + answers.demand.calendar.Text(done.back().time);
     return "interrupted " + where + ", " + std::to_string(done.size()) + " of " +
-           std::to_string(answers.planned) + " withdrawals\n";
+           std::to_string(answers.planned) + " withdrawals" +
+           (questions.runs > 1 ? ", no run of " + std::to_string(questions.runs) + " at its end"
+                               : "") +
+           "\n";
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "SimulationVerdict.h"
 
 #include "answers/Dangers.h"
+#include "dispenser/ReadableMoney.h"
 #include "text/TextList.h"
 
 #include <algorithm>
@@ -38,7 +39,10 @@ std::string BestText(const std::vector<SimulationRow>& rows) {
 }
 
 std::string DemandText(const SimulationQuestions& questions, const SimulationAnswers& answers) {
-    const std::size_t runs = answers.runs.size();
+    const std::size_t runs = answers.wholeRuns;
+    if (questions.runs > 1 && runs == 0) {
+        return "of a run that did not end (seed " + std::to_string(questions.seed) + ")";
+    }
     if (questions.runs > 1) {
         const std::string first = std::to_string(questions.seed);
         return "median of " + std::to_string(runs) + (runs == 1 ? " run" : " runs") + " (seeds " +
@@ -49,8 +53,14 @@ std::string DemandText(const SimulationQuestions& questions, const SimulationAns
 }
 
 std::string GivenUpText(const SimulationSummary& summary, const Demand& demand) {
-    return "given up after " + std::to_string(Simulation::kMostMisses) + " misses, " +
+    return "given up after " + std::to_string(kMissesToGiveUp) + " misses, " +
            demand.calendar.ShortText(demand.withdrawals[summary.asked - 1].time);
+}
+
+/// Whether such a withdrawal counts as refused: nothing paid, and no danger.
+bool IsRefusal(Outcome outcome) {
+    return outcome != Outcome::Paid && outcome != Outcome::PaidInPart &&
+           RowOf(outcome).exitStatus == ExitStatus::HonestNo;
 }
 
 }  // namespace
@@ -85,11 +95,15 @@ std::string AskedText(const Dispenser& dispenser, const Demand& demand) {
     std::vector<std::string> texts;
     for (std::size_t place = 0; place < sums.size(); ++place) {
         if (sums.size() == 1 || !sums[place].IsZero()) {
-            texts.push_back(sums[place].Text(AmountDecimals(dispenser)) + " " +
+            texts.push_back(ReadableText(sums[place], AmountDecimals(dispenser)) + " " +
                             demand.currencies[place]);
         }
     }
     return Join(texts, " and ");
+}
+
+const char* PartWords(const OutcomeRow& row) {
+    return row.outcome == Outcome::NotDispensable ? "not dispensable" : row.words;
 }
 
 std::vector<Finding> FindingsOf(const SimulationQuestions& questions,
@@ -117,14 +131,19 @@ std::vector<std::string> RemarksOn(const SimulationAnswers& answers,
     for (const SimulationRow& row : rows) {
         const SimulationSummary& summary = answers.runs.front()[row.place];
         std::vector<std::string> parts;
+        std::vector<std::string> refusals;
         for (const OutcomeRow& outcome : OutcomeTable()) {
-            const bool isInTable = outcome.outcome == Outcome::Paid ||
-                                   outcome.outcome == Outcome::NotDispensable ||
-                                   outcome.outcome == Outcome::Overpaid;
+            const bool isInTable =
+                outcome.outcome == Outcome::Paid || outcome.outcome == Outcome::Overpaid;
             const std::uint64_t count = summary.Count(outcome.outcome);
             if (!isInTable && count > 0) {
-                parts.push_back(std::to_string(count) + " " + outcome.words);
+                (IsRefusal(outcome.outcome) ? refusals : parts)
+                    .push_back(std::to_string(count) + " " + PartWords(outcome));
             }
+        }
+        if (summary.Refused() != summary.Count(Outcome::NotDispensable)) {
+            parts.push_back(std::to_string(summary.Refused()) + " refused (" +
+                            Join(refusals, ", ") + ")");
         }
         if (summary.isGivenUp) {
             parts.push_back(GivenUpText(summary, answers.demand));

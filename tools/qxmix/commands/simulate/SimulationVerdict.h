@@ -30,4 +30,8 @@ std::vector<Finding> FindingsOf(const SimulationQuestions& questions,
 std::vector<std::string> RemarksOn(const SimulationAnswers& answers,
                                    const std::vector<SimulationRow>& rows);
 
+/// How people call an outcome where "refused" stands for all withdrawals with nothing paid: then a
+/// refusal of the module is one of its parts and needs a name of its own.
+const char* PartWords(const OutcomeRow& row);
+
 }  // namespace qxmix

@@ -93,8 +93,66 @@ TEST(LintQX507, FindsTheSlowestAnswer) {
 
 TEST(LintQX508, FindsMixesThatPayNothing) {
     EXPECT_EQ(Said(LintOf("EUR:50x10,20x10").Mixes({1, 6}).Amounts({20, 30}), "QX508"),
-              (Lines{"/mix: mix 6 pays nothing here"}));
+              (Lines{"/mix: mix 6 pays nothing here: no cassette serves: 50 EUR counts 10, the "
+                     "minimum is 100, 20 EUR counts 10, the minimum is 100"}));
     EXPECT_EQ(Said(LintOf("EUR:50x10").Amounts({20, 50}), "QX508"), Lines{});
+}
+
+TEST(LintQX508, SaysWhyAndWhatWouldHelp) {
+    const auto saidAndAdvised = [](const LintOf& lint) {
+        const LintFinding finding = lint.Findings("QX508").front();
+        return finding.message.substr(finding.message.find(": ") + 2) + " / " + finding.advice;
+    };
+    EXPECT_EQ(saidAndAdvised(LintOf("USD:20x0:empty").Amounts({20, 40})),
+              "no cassette serves: 20 USD is empty / load 20 USD: 2000 in cassette 0 would do");
+    EXPECT_EQ(saidAndAdvised(LintOf("EUR:50x10:inoperative,20x5:missing").Amounts({50, 70})),
+              "no cassette serves: 50 EUR is inoperative, 20 EUR is missing / bring cassette 0, "
+              "50 EUR, into service: that would pay 1 of 2");
+    EXPECT_EQ(saidAndAdvised(LintOf("EUR:50x10,20x10").Amounts({10, 15})),
+              "all are below the smallest note, 20 EUR / see QX502");
+    EXPECT_EQ(saidAndAdvised(LintOf("EUR:50x10,20x10").Limit(1).Amounts({30, 100})),
+              "1 are over the limit of 1, 1 are refused / see QX504, QX512");
+    EXPECT_EQ(saidAndAdvised(LintOf("EUR:USD50x10").Amounts({50})),
+              "no cassette serves: 50 USD is not EUR / load 50 EUR: 2000 in one more cassette "
+              "would do");
+}
+
+TEST(LintQX512, FindsWhatIsRefusedThoughTheLimitAllowsIt) {
+    const LintOf lint = LintOf("EUR:100x500,50x500").Mixes({1, 5}).Amounts({40, 50, 60, 70, 4100});
+    EXPECT_EQ(Said(lint, "QX512"), (Lines{"/amounts: mix 1 refuses 2 of 5 amounts: 60, 70",
+                                          "/amounts: mix 5 refuses 2 of 5 amounts: 60, 70"}));
+    EXPECT_EQ(lint.Findings("QX512").front().severity, Severity::Warning);
+    EXPECT_EQ(lint.Findings("QX512").front().advice,
+              "load 20 EUR: 2000 in one more cassette would do");
+    EXPECT_EQ(Said(LintOf(lint).Amounts({40, 50, 4100}), "QX512"), Lines{}) << "below, over";
+}
+
+TEST(LintQX512, IsANoteWhereNobodyNamedTheAmounts) {
+    LintOf lint = LintOf("EUR:100x500,50x500").Amounts({60});
+    lint.isRangeNamed = false;
+    EXPECT_EQ(lint.Findings("QX512").front().severity, Severity::Note);
+}
+
+TEST(LintQX512, OffersTheCheapestCures) {
+    const auto advice = [](const LintOf& lint) { return lint.Findings("QX512").front().advice; };
+    EXPECT_EQ(advice(LintOf("EUR:50x10,20x10:low,20x0:empty").Mixes({5}).Amounts({50, 70})),
+              "mixes 1 2 3 10 pay it; or load 20 EUR: 2000 in cassette 1 would do");
+    EXPECT_EQ(advice(LintOf("EUR:100x300,50x300,10x0:empty").Amounts({100, 160, 170})),
+              "load 10 EUR: 2000 in cassette 2 would do");
+    EXPECT_EQ(advice(LintOf("EUR:100x300,50x300,10x30:missing").Amounts({100, 160, 170})),
+              "bring cassette 2, 10 EUR, into service: that would do");
+    EXPECT_EQ(advice(LintOf("EUR:100x9,50x9,50x9,100x9,50x9,50x9").Amounts({100, 160, 170})),
+              "load 20 EUR: 2000 in cassette 5 instead would do");
+}
+
+TEST(LintQX504, OffersTheCheapestCure) {
+    const auto advice = [](const LintOf& lint) { return lint.Findings("QX504").front().advice; };
+    EXPECT_EQ(advice(LintOf("EUR:50x10,20x10").Limit(5).Amounts({30, 60, 330})),
+              "a limit of 9 would do");
+    EXPECT_EQ(advice(LintOf("EUR:50x10,20x10").Limit(2).Amounts({50, 200})),
+              "load 200 EUR: 2000 in one more cassette would do; or a limit of 4 would do");
+    EXPECT_EQ(advice(LintOf("EUR:500x10,200x100,20x500").Limit(5).Amounts({600})).substr(0, 5),
+              "mixes");
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include "LintOf.h"
 #include "requests/Request.h"
-#include "units/FirstFitProof.h"
 
 namespace qxmix {
 namespace {
@@ -59,29 +58,19 @@ TEST(LintQX402, FindsMissedDeadlinesAndProvesThem) {
     EXPECT_EQ(Said(LintOf(kFourNotes).Mixes({4}).Amounts({50}), "QX402"), Lines{});
 }
 
-std::vector<Unit> Kept(const char* dispenser, std::uint16_t mix = 4) {
-    return Units(BuildRequest(ReadInlineDispenser(dispenser), 0, mix), 0).Kept();
-}
-
-TEST(FirstFitProof, NeedsARestThatThePowerOfTwoDoesNotDivide) {
-    // 50 leads: 60 leaves 10, and what 20, 100 and 200 pay is a multiple of 4.
-    EXPECT_TRUE(IsFirstFitEndless(Kept(kFourNotes), 60));
-    EXPECT_TRUE(IsFirstFitEndless(Kept(kFourNotes), 51));
-    EXPECT_FALSE(IsFirstFitEndless(Kept(kFourNotes), 54));
-    EXPECT_FALSE(IsFirstFitEndless(Kept(kFourNotes), 50));
-}
-
-TEST(FirstFitProof, CountsWhatTheLeadingUnitsHold) {
-    // There are two of 5000: 10050 leaves 50, and 20, 40 and 80 pay multiples of 4.
-    EXPECT_TRUE(IsFirstFitEndless(Kept("EUR:5000x2,80x9,40x9,20x9"), 10050));
-    EXPECT_FALSE(IsFirstFitEndless(Kept("EUR:5000x2,80x9,40x9,20x9"), 15000));
-}
-
-TEST(FirstFitProof, LooksAtAllOfThreeUnitsAndAtNoFewer) {
-    EXPECT_TRUE(IsFirstFitEndless(Kept("EUR:100x9,40x9,20x9"), 110));
-    EXPECT_FALSE(IsFirstFitEndless(Kept("EUR:100x9,50x9,20x9"), 110));
-    EXPECT_FALSE(IsFirstFitEndless(Kept("EUR:100x9,20x9"), 110));
-    EXPECT_FALSE(IsFirstFitEndless(Kept("EUR:640x9,320x9,160x9,80x9,40x9,20x9"), 110));
+TEST(LintQX402, KnowsWithoutACallWhatTheModuleNeverAnswers) {
+    Asker asker(QXMIX_MODULE, RegistryOf({}));
+    for (const char* const inlined :
+         {kFourNotes, "EUR:5000x2,80x9,40x9,20x9", "EUR:100x9,40x9,20x9", "EUR:100x9,20x9",
+          "EUR:640x9,320x9,160x9,80x9,40x9,20x9", "EUR:50x10,20x3"}) {
+        const Dispenser dispenser = ReadInlineDispenser(inlined);
+        const Units units(BuildRequest(dispenser, 0, 4), 0);
+        for (std::uint32_t amount = 10; amount <= 310; amount += 50) {
+            const Reply reply = asker.Ask(BuildRequest(dispenser, amount, 4), Milliseconds(200));
+            EXPECT_EQ(units.NeverAnswers(amount), reply.ending.kind == Ending::Kind::NoAnswer)
+                << inlined << " " << amount;
+        }
+    }
 }
 
 TEST(LintQX403, FindsASecondUnitThatHoldsNearlyEverything) {

@@ -22,6 +22,7 @@ struct LintOf {
     std::vector<std::uint32_t> amounts = {100};
     std::string registry;  // empty: the dispenser's values beside the start content
     std::string registryFile;
+    bool isRangeNamed = true;
     Milliseconds deadline{50};
 
     LintOf& Mixes(std::vector<std::uint16_t> asked) {
@@ -69,6 +70,7 @@ struct LintOf {
         questions.map.deadline = deadline;
         questions.registry = registry.empty() ? RegistryOf(dispenser.registry) : registry;
         questions.registryFile = registryFile;
+        questions.isRangeNamed = isRangeNamed;
         const OpenOrder order{QXMIX_MODULE, questions.registry};
         Asker asker(order.library, order.registry);
         return AskLint(questions, order, asker, nullptr, [](const WorkProgress&) {});
