@@ -2,6 +2,7 @@
 
 #include "CMixAlgorithm.h"
 #include "CashUnitCodes.h"
+#include "FirstFitDecision.h"
 
 #include <algorithm>
 
@@ -70,6 +71,11 @@ Answer ModuleSearch::Ask() {
     const std::int32_t returned = Run();
     const unsigned units = table_.usCount;
     return {returned, {notes_.aulNotes, notes_.aulNotes + units}, true};
+}
+
+bool ModuleSearch::NeverEnds() const noexcept {
+    return search_ == CMixAlgorithm::CalcFirstFitEmptying &&
+           DecideFirstFit(SearchUnits(request_, table_)).ending == FirstFitDecision::Ending::Never;
 }
 
 ReferenceSearch::ReferenceSearch(Algorithm algorithm,

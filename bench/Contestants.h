@@ -35,6 +35,9 @@ public:
     std::int32_t Run() noexcept { return search_(request_, table_, notes_); }
     Answer Ask();
 
+    /// First-fit emptying decides so before it would run for ever: then Run must not be called.
+    bool NeverEnds() const noexcept;
+
 private:
     std::int32_t (*search_)(const MixRequest&, const LcuTable&, LcuNotes&) noexcept;
     MixRequest request_{};

@@ -59,6 +59,13 @@ void EnterModule(const std::string& set,
            kRepetitions);
 }
 
+void EnterDecision(const std::string& set, std::size_t index, const Question& question) {
+    const auto search = std::make_shared<ModuleSearch>(Algorithm::FirstFitEmptying, question);
+    Repeat(Register(NameOf("first fit never ends", set, index, "module"),
+                    [search] { return search->NeverEnds(); }),
+           kRepetitions);
+}
+
 void EnterReference(const std::string& set,
                     std::size_t index,
                     Algorithm algorithm,

@@ -16,6 +16,9 @@ void EnterModule(const std::string& set,
                  Algorithm algorithm,
                  const Question& question);
 
+/// For a question of first-fit emptying that never ends: how soon that is known.
+void EnterDecision(const std::string& set, std::size_t index, const Question& question);
+
 /// @param stepBudget  one above kStepBudget is run once only.
 void EnterReference(const std::string& set,
                     std::size_t index,

@@ -23,13 +23,18 @@ void EnterSearches(Algorithm algorithm, const QuestionSet& set) {
     }
 }
 
-/// First-fit emptying may not end at all: only what the reference gets to the end of is asked.
+/// First-fit emptying may not end at all: of such a question the decision is timed.
 void EnterFirstFit(const QuestionSet& set) {
     constexpr Algorithm kFirstFit = Algorithm::FirstFitEmptying;
-    for (std::size_t index = 0; index < kComparedQuestions; ++index) {
+    for (std::size_t index = 0; index < set.questions.size(); ++index) {
         const Question question = InOrderOf(kFirstFit, set.questions[index]);
-        if (Agree(set.name, kFirstFit, question)) {
-            EnterModule(set.name, index, kFirstFit, question);
+        if (ModuleSearch(kFirstFit, question).NeverEnds()) {
+            EnterDecision(set.name, index, question);
+            continue;
+        }
+        EnterModule(set.name, index, kFirstFit, question);
+        if (index < kComparedQuestions) {
+            Agree(set.name, kFirstFit, question);
             EnterReference(set.name, index, kFirstFit, question, kStepBudget);
         }
     }

@@ -1,17 +1,13 @@
 #include "CMixAlgorithm.h"
 #include "Cassettes.h"
 #include "Failure.h"
+#include "FitAmount.h"
 #include "MixPlans.h"
 #include "Numbers.h"
 #include "ResultCodes.h"
 #include "Trace.h"
 
-#include <cfloat>
 #include <cstring>
-
-// The total below decides borderline amounts by its rounding: each step must round to single
-// precision on every processor.
-static_assert(FLT_EVAL_METHOD == 0);
 
 namespace {
 
@@ -25,33 +21,6 @@ bool IsBelowSmallestNote(const MixPlan& plan,
     const unsigned smallest =
         plan.smallestNote == SmallestNote::FirstUnit ? 0U : table.usCount - 1U;
     return request.ulAmount < table.aLCUs[smallest].ulValues;
-}
-
-float TotalHeld(const LcuTable& table) noexcept {
-    const unsigned count = table.usCount;
-    float total = 0.0F;
-    for (unsigned index = 0; index < count; ++index) {
-        const LogicalCashUnit& unit = table.aLCUs[index];
-        const float product = SingleOf(unit.ulCount) * SingleOf(unit.ulValues);
-        total += product;
-    }
-    return total;
-}
-
-/// Holds the amount to what the units hold; with a partial amount allowed it is lowered to that.
-///
-/// @return whether there is an amount to search for.
-bool FitAmount(MixRequest& request, const LcuTable& table) noexcept {
-    const float total = TotalHeld(table);
-    if (!(total < SingleOf(request.ulAmount))) {
-        return true;
-    }
-    if (request.bAllowPartial != 1) {
-        return false;
-    }
-    request.ulAmount = TruncateToU32(static_cast<double>(total));
-    request.ulRemainder = 0;
-    return true;
 }
 
 /// What of the amount the result does not pay.

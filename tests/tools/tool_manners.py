@@ -48,7 +48,8 @@ def check_interrupts(tool, checks):
     checks.equal("Ctrl-C: says so", errors, b"qxmix: interrupted\n")
     checks.check("Ctrl-C: the child is gone", not is_alive(child))
 
-    # No answer to 156 by mix 4, nor to any amount around it: two seconds are spent on asking.
+    # No answer to 156 by mix 4, nor to any amount around it: two seconds are spent on asking, since
+    # counts of 2^31 leave it to the call to find out.
     status, output, errors = tool.interrupt(
         ["explain", "endless.json", "--amount", "156", "--deadline", "100ms"], 1.2)
     checks.equal("Ctrl-C while explaining: exit status", status, 130)

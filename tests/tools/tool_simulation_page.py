@@ -16,7 +16,7 @@ LABELS = (HOSTILE, "1", "C")
 NAMES = (HOSTILE, "50 EUR (1)", "C")
 MIXES = (1, 2, 4)
 WORDS = {"paid": "paid", "notDispensable": "not dispensable", "nothingPaid": "nothing paid",
-         "noAnswer": "no answer within 100 ms"}
+         "noAnswer": "never answers"}
 LETTERS = {"paid": ".", "notDispensable": "r", "nothingPaid": "n", "overpaid": "O", "noAnswer": "X"}
 
 

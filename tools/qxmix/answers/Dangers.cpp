@@ -14,8 +14,14 @@ const std::vector<Danger>& Dangers() {
     return dangers;
 }
 
-std::vector<Finding>
-DangerFindings(std::uint16_t mix, const OutcomeCounts& count, const std::string& all) {
+const char* DoingOf(const Danger& danger, bool isProved) {
+    return danger.outcome == Outcome::NoAnswer && isProved ? "never answers" : danger.doing;
+}
+
+std::vector<Finding> DangerFindings(std::uint16_t mix,
+                                    const OutcomeCounts& count,
+                                    const std::string& all,
+                                    bool isProved) {
     std::vector<Finding> findings;
     for (const Danger& danger : Dangers()) {
         const std::uint64_t times = count(danger.outcome);
@@ -27,9 +33,12 @@ DangerFindings(std::uint16_t mix, const OutcomeCounts& count, const std::string&
         finding.severity = Severity::Error;
         finding.mix = mix;
         finding.pointer = "/mix";
-        finding.message = "mix " + std::to_string(mix) + " " + danger.doing + " on " +
+        finding.message = "mix " + std::to_string(mix) + " " + DoingOf(danger, isProved) + " on " +
                           std::to_string(times) + " of " + all;
         finding.advice = danger.advice;
+        if (danger.outcome == Outcome::NoAnswer) {
+            finding.isProved = isProved;
+        }
         findings.push_back(finding);
     }
     return findings;

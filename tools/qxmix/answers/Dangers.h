@@ -22,10 +22,18 @@ const std::vector<Danger>& Dangers();
 
 using OutcomeCounts = std::function<std::uint64_t(Outcome)>;
 
+/// What a mix does, for people.
+///
+/// @param isProved  whether none of the answers that are missing will ever come.
+const char* DoingOf(const Danger& danger, bool isProved);
+
 /// A finding for each danger that a mix has: "mix 4 overpays on 20 of 100 amounts".
 ///
-/// @param all  what was asked: "100 amounts".
-std::vector<Finding>
-DangerFindings(std::uint16_t mix, const OutcomeCounts& count, const std::string& all);
+/// @param all       what was asked: "100 amounts".
+/// @param isProved  as for DoingOf.
+std::vector<Finding> DangerFindings(std::uint16_t mix,
+                                    const OutcomeCounts& count,
+                                    const std::string& all,
+                                    bool isProved);
 
 }  // namespace qxmix

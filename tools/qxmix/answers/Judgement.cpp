@@ -72,6 +72,7 @@ Judgement Judge(const Dispenser& dispenser, std::uint32_t amount, const Reply& r
     if (reply.ending.kind != Ending::Kind::Answered) {
         judgement.outcome =
             reply.ending.kind == Ending::Kind::Crashed ? Outcome::Crashed : Outcome::NoAnswer;
+        judgement.isProved = reply.ending.kind == Ending::Kind::Endless;
         return judgement;
     }
     AssignItems(dispenser, reply.calculation.result, judgement);

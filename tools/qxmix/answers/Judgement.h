@@ -18,7 +18,8 @@ struct Judgement {
     std::uint64_t notes = 0;  ///< items that count as notes, those of no known cassette included
     std::uint64_t coins = 0;
     std::array<std::uint32_t, kMaxCashUnits> taken{};  ///< by cassette of the dispenser
-    bool isHeld = true;  ///< whether no cassette gives more than it holds
+    bool isHeld = true;     ///< whether no cassette gives more than it holds
+    bool isProved = false;  ///< NoAnswer: whether it is known that none ever comes
 
     std::uint64_t Items() const { return notes + coins; }
 

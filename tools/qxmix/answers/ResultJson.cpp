@@ -14,24 +14,28 @@ Json ValuesJson(const MixResult& result) {
     return values;
 }
 
-Json UnansweredJson(const Dispenser& dispenser, const Judgement& judgement) {
-    return {{"outcome", RowOf(judgement.outcome).name},
-            {"asked", judgement.asked.Text(AmountDecimals(dispenser))},
-            {"paid", nullptr},
-            {"items", {{"notes", nullptr}, {"coins", nullptr}}},
-            {"values", Json(kMaxCashUnits, nullptr)},
-            {"returned", nullptr},
-            {"errorCode", nullptr},
-            {"registry", nullptr},
-            {"remainder", nullptr},
-            {"amountAfter", nullptr}};
+Json UnansweredJson(const Dispenser& dispenser, const Judgement& judgement, const Reply& reply) {
+    Json json = {{"outcome", RowOf(judgement.outcome).name},
+                 {"asked", judgement.asked.Text(AmountDecimals(dispenser))},
+                 {"paid", nullptr},
+                 {"items", {{"notes", nullptr}, {"coins", nullptr}}},
+                 {"values", Json(kMaxCashUnits, nullptr)},
+                 {"returned", nullptr},
+                 {"errorCode", nullptr},
+                 {"registry", WrittenCodeJson(reply.calculation)},
+                 {"remainder", nullptr},
+                 {"amountAfter", nullptr}};
+    if (judgement.outcome == Outcome::NoAnswer) {
+        json["proved"] = judgement.isProved;
+    }
+    return json;
 }
 
 }  // namespace
 
 Json ResultJson(const Dispenser& dispenser, const Judgement& judgement, const Reply& reply) {
     if (!judgement.IsAnswered()) {
-        return UnansweredJson(dispenser, judgement);
+        return UnansweredJson(dispenser, judgement, reply);
     }
     const Calculation& calculation = reply.calculation;
     const char* const outcome = RowOf(judgement.outcome).name;

@@ -61,12 +61,16 @@ std::string FindingsText(const std::vector<Finding>& findings, bool quiet, const
 }
 
 Json FindingJson(const Finding& finding) {
-    return {{"id", finding.id},
-            {"severity", RowOf(finding.severity).name},
-            {"mix", finding.mix ? Json(*finding.mix) : Json()},
-            {"pointer", finding.pointer.empty() ? Json() : Json(finding.pointer)},
-            {"message", finding.message},
-            {"advice", finding.advice.empty() ? Json() : Json(finding.advice)}};
+    Json json = {{"id", finding.id},
+                 {"severity", RowOf(finding.severity).name},
+                 {"mix", finding.mix ? Json(*finding.mix) : Json()},
+                 {"pointer", finding.pointer.empty() ? Json() : Json(finding.pointer)},
+                 {"message", finding.message},
+                 {"advice", finding.advice.empty() ? Json() : Json(finding.advice)}};
+    if (finding.isProved) {
+        json["proved"] = *finding.isProved;
+    }
+    return json;
 }
 
 Json FindingsJson(const std::vector<Finding>& findings) {

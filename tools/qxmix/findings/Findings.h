@@ -20,7 +20,8 @@ struct Finding {
     std::optional<std::uint16_t> mix;
     std::string pointer;  ///< field of the dispenser file; empty: about no field
     std::string message;
-    std::string advice;  ///< empty: nothing to do
+    std::string advice;            ///< empty: nothing to do
+    std::optional<bool> isProved;  ///< QX402: whether it is known that no answer ever comes
 };
 
 /// Columns before the message of a finding.

@@ -21,6 +21,16 @@ std::string AsFile(const std::string& named) {
     return fs::absolute(named).string();
 }
 
+std::string OwnLibrary() {
+    for (const std::string& file : LibraryPlaces()) {
+        std::error_code error;
+        if (fs::exists(file, error)) {
+            return file;
+        }
+    }
+    return kLibraryFile;
+}
+
 }  // namespace
 
 std::string FindLibrary(const std::string& named) {
@@ -31,13 +41,11 @@ std::string FindLibrary(const std::string& named) {
     if (configured != nullptr && *configured != '\0') {
         return AsFile(configured);
     }
-    for (const std::string& file : LibraryPlaces()) {
-        std::error_code error;
-        if (fs::exists(file, error)) {
-            return file;
-        }
-    }
-    return kLibraryFile;
+    return OwnLibrary();
+}
+
+bool IsOwnLibrary(const std::string& file) {
+    return file == OwnLibrary();
 }
 
 std::string FileNameOf(const std::string& path) {

@@ -11,6 +11,10 @@ namespace qxmix {
 /// @throw WorkError when a named file is not there.
 std::string FindLibrary(const std::string& named);
 
+/// Whether a library is the one that the tool finds by itself when none is named: the module whose
+/// operations are a part of it.
+bool IsOwnLibrary(const std::string& file);
+
 /// The last part of a file name: what answers call the library.
 std::string FileNameOf(const std::string& path);
 

@@ -1,5 +1,6 @@
 #include "ModuleLibrary.h"
 
+#include "LibrarySearch.h"
 #include "SharedLibrary.h"
 #include "errors/Errors.h"
 
@@ -33,7 +34,7 @@ std::int32_t ModuleHost::OnObjectCreated(IMixAlgorithm* object) noexcept {
     return 0;
 }
 
-ModuleLibrary::ModuleLibrary(const std::string& file) {
+ModuleLibrary::ModuleLibrary(const std::string& file) : isOwn_(IsOwnLibrary(file)) {
     void* const library = OpenSharedLibrary(file);
     using CreateFunction = IMixAlgorithm* (*)(MixAlgorithmHost*);
     void* const create = RequireExport(library, file, "CreateMixAlgorithm");

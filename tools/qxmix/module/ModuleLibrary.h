@@ -29,6 +29,9 @@ public:
     /// @throw WorkError "NAME: why it cannot be used".
     explicit ModuleLibrary(const std::string& library);
 
+    /// Whether the tool knows without a call which calls it never answers.
+    bool IsOwn() const { return isOwn_; }
+
     /// The object that a service provider calls.
     IMixAlgorithm& Algorithm() const { return *algorithm_; }
 
@@ -38,6 +41,7 @@ public:
 private:
     ModuleHost host_;
     IMixAlgorithm* algorithm_ = nullptr;
+    bool isOwn_;
 };
 
 }  // namespace qxmix

@@ -65,7 +65,7 @@ class MixRow {
         };
     }
 
-    /** The deadline that an amount without an answer was given. */
+    /** The deadline that an amount without an answer was given; "0s": it is never answered. */
     deadlineAt(index) {
         const miss = this.cells[index];
         let before = 0;
@@ -95,10 +95,15 @@ function describe(row, index) {
     const outcome = outcomes[row.cells[index]];
     const asked = withCurrency(askedText(amountAt(index)));
     const known = row.answerAt(index);
-    let what = asked + ", mix " + row.mix + ": " + outcome.words;
+    let what = asked + ", mix " + row.mix + ": ";
+    if (known === null && outcome.name === "noAnswer") {
+        const deadline = row.deadlineAt(index);
+        what += deadline === "0s" ? "never answers"
+            : outcome.words + " within " + durationWords(deadline);
+    } else {
+        what += outcome.words;
+    }
     if (known === null) {
-        const isMiss = outcome.name === "noAnswer";
-        what += isMiss ? " within " + durationWords(row.deadlineAt(index)) : "";
         return [what, "Nobody knows what it would take.", ""];
     }
     if (["overpaid", "overdrawn", "paidInPart"].includes(outcome.name)) {

@@ -111,11 +111,14 @@ function describe(row, index) {
     const items = row.items(index);
     const parts = items.map((count, at) => (count > 0 ? cassetteItems(count, at) : ""))
         .filter((part) => part !== "");
-    let what = before + outcome.words;
+    const isMiss = outcome.name === "noAnswer";
+    const isEndless = isMiss && answer.warnings.some((finding) =>
+        finding.id === "QX402" && finding.mix === row.mix && finding.proved);
+    let what = before + (isEndless ? "never answers" : outcome.words);
     if (["overpaid", "overdrawn", "paidInPart"].includes(outcome.name)) {
         what += ", " + withCurrency(worthText(items));
     }
-    if (outcome.name === "noAnswer") {
+    if (isMiss && !isEndless) {
         what += " within " + durationWords(answer.input.deadline);
     }
     const isSafe = parts.length === 0 || row.isTaken(index);

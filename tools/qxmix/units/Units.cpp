@@ -1,11 +1,9 @@
 #include "Units.h"
 
-#include "FirstFitDecision.h"
 #include "HostControl.h"
 #include "MixPlans.h"
 #include "Numbers.h"
 #include "OrderingRules.h"
-#include "SearchUnits.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -148,32 +146,6 @@ std::vector<Unit> Units::Kept() const {
         }
     }
     return kept;
-}
-
-bool Units::NeverAnswers(std::uint32_t asked) const {
-    const MixPlan* const plan = FindMixPlan(request_.usMixNumber);
-    const bool isSearched = plan != nullptr && plan->search == &Mix::CalcFirstFitEmptying &&
-                            kept_.usCount >= 2 && kept_.usCount <= kMaxSearchUnits;
-    if (!isSearched || !HoldsSurely(SearchedAmount(asked))) {
-        return false;
-    }
-    MixRequest request = request_;
-    request.ulAmount = SearchedAmount(asked);
-    const SearchUnits units(request, kept_);
-    return !units.HaveZeroValue() &&
-           DecideFirstFit(units).ending == FirstFitDecision::Ending::Never;
-}
-
-/// Whether the units hold an amount, and a millionth more: the module rounds their total.
-bool Units::HoldsSurely(std::uint32_t amount) const {
-    constexpr int kRounding = -6;
-    Money held;
-    for (unsigned place = 0; place < kept_.usCount; ++place) {
-        held += Money::Of(kept_.aLCUs[place].ulValues, 0).Times(kept_.aLCUs[place].ulCount);
-    }
-    Money needed = Money::Of(amount, 0);
-    needed += Money::Of(amount, kRounding);
-    return !(held < needed);
 }
 
 std::optional<std::uint32_t> Units::ValueToReach() const {

@@ -47,10 +47,6 @@ public:
     /// Another amount, as the mix searches for it.
     std::uint32_t SearchedAmount(std::uint32_t asked) const;
 
-    /// Whether it is known, without a call, that the mix never answers an amount: no combination
-    /// ends its search.
-    bool NeverAnswers(std::uint32_t asked) const;
-
     /// The value that the amount must reach; none when the mix does not ask, or keeps no unit.
     std::optional<std::uint32_t> ValueToReach() const;
 
@@ -65,7 +61,6 @@ public:
     MixRequest OneCassettePerUnit() const;
 
 private:
-    bool HoldsSurely(std::uint32_t amount) const;
     void ReadDrops(const std::vector<std::string>& lines);
 
     MixRequest request_;

@@ -23,7 +23,7 @@ Reply Asker::Ask(const MixRequest& request, Milliseconds deadline, Tracing traci
     }
     Reply reply = OpenWorker().Calculate(request, deadline,
                                          tracing == Tracing::Heard ? trace_ : nullptr, tick);
-    if (reply.ending.kind != Ending::Kind::Answered) {
+    if (!reply.ending.LeavesWorker()) {
         worker_.reset();
     }
     return reply;

@@ -1,6 +1,7 @@
 #include "ModuleCall.h"
 
 #include "HostControl.h"
+#include "module/NeverAnswers.h"
 #include "module/RegistryImage.h"
 
 #include <chrono>
@@ -19,14 +20,25 @@ std::chrono::nanoseconds ThreadTime() {
 
 }  // namespace
 
-Calculation CallModule(const ModuleLibrary& library, const MixRequest& request) {
+Calculation CallModule(const ModuleLibrary& library,
+                       const MixRequest& request,
+                       TraceListener listener,
+                       void* context) {
+    const MixAlgorithmFields* const fields = library.Configuration();
     Calculation calculation;
     calculation.request = request;
+    calculation.isEndless =
+        library.IsOwn() && fields != nullptr && NeverAnswers(request, fields->ulCstMinimum4Mix6);
+    const TraceListening listening(listener, context);
     const std::optional<StoredValue> before = TakeErrorCode();
-    const std::chrono::nanoseconds start = ThreadTime();
-    calculation.returned =
-        library.Algorithm().MixCalculate(&calculation.request, &calculation.result);
-    calculation.took = ThreadTime() - start;
+    if (calculation.isEndless) {
+        LeaveAsEndlessCall(request, fields->ulCstMinimum4Mix6);
+    } else {
+        const std::chrono::nanoseconds start = ThreadTime();
+        calculation.returned =
+            library.Algorithm().MixCalculate(&calculation.request, &calculation.result);
+        calculation.took = ThreadTime() - start;
+    }
     calculation.written = ErrorCodeBytes();
     if (calculation.written.empty()) {
         RestoreErrorCode(before);
@@ -34,7 +46,7 @@ Calculation CallModule(const ModuleLibrary& library, const MixRequest& request) 
     return calculation;
 }
 
-TraceListening::TraceListening(Listener listener, void* context) {
+TraceListening::TraceListening(TraceListener listener, void* context) {
     QxmixSetTraceListener(listener, context);
 }
 

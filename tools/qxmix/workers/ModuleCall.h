@@ -5,22 +5,29 @@
 
 namespace qxmix {
 
-/// One calculation in this process, in the stand-in's registry as it is.
-///
-/// An error code that stood there before is set aside, so that it shows whether this call writes
-/// one; it stays when the call does not.
-Calculation CallModule(const ModuleLibrary& library, const MixRequest& request);
+using TraceListener = void (*)(void* context, const char* line);
 
 /// Hears the module's lines as long as it lives.
 class TraceListening {
 public:
-    using Listener = void (*)(void* context, const char* line);
-
     /// @param listener  null: nobody hears them, and none are made.
-    TraceListening(Listener listener, void* context);
+    TraceListening(TraceListener listener, void* context);
     TraceListening(const TraceListening&) = delete;
     TraceListening& operator=(const TraceListening&) = delete;
     ~TraceListening();
 };
+
+/// One calculation in this process, in the stand-in's registry as it is.
+///
+/// An error code that stood there before is set aside, so that it shows whether this call writes
+/// one; it stays when the call does not.
+///
+/// A call that is known never to end is not made.
+///
+/// @param listener  hears the module's lines during the call, see TraceListening.
+Calculation CallModule(const ModuleLibrary& library,
+                       const MixRequest& request,
+                       TraceListener listener,
+                       void* context);
 
 }  // namespace qxmix

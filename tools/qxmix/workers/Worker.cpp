@@ -3,6 +3,8 @@
 #include "WorkerLoop.h"
 #include "errors/Errors.h"
 
+#include <utility>
+
 namespace qxmix {
 
 namespace {
@@ -18,6 +20,13 @@ constexpr Milliseconds kTick{100};
 constexpr unsigned kMostLines = 1000;
 
 }  // namespace
+
+Reply ReplyWith(Calculation calculation) {
+    Reply reply;
+    reply.ending.kind = calculation.isEndless ? Ending::Kind::Endless : Ending::Kind::Answered;
+    reply.calculation = std::move(calculation);
+    return reply;
+}
 
 Worker::Worker(const OpenOrder& order, const TraceSink& trace) : child_(&RunWorker) {
     Message answer;
@@ -45,7 +54,7 @@ Reply Worker::Calculate(const MixRequest& request,
     Reply reply;
     reply.ending = Exchange(ToMessage(order), deadline, trace, answer, tick);
     if (reply.ending.kind == Ending::Kind::Answered) {
-        reply.calculation = ReadCalculation(answer);
+        reply = ReplyWith(ReadCalculation(answer));
     }
     return reply;
 }
@@ -75,10 +84,7 @@ std::optional<Reply> Worker::Finish(const TraceSink& trace) {
     if (state == Channel::State::Waiting || KindOf(answer) == MessageKind::TraceLine) {
         return std::nullopt;
     }
-    Reply reply;
-    reply.ending.kind = Ending::Kind::Answered;
-    reply.calculation = ReadCalculation(answer);
-    return reply;
+    return ReplyWith(ReadCalculation(answer));
 }
 
 Reply Worker::GiveUp() {

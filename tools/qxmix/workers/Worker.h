@@ -14,16 +14,29 @@ using Milliseconds = std::chrono::milliseconds;
 
 /// How one call of the module came to its end.
 struct Ending {
-    enum class Kind { Answered, NoAnswer, Crashed };
+    enum class Kind {
+        Answered,
+        NoAnswer,  ///< not within the deadline
+        Endless,   ///< it was not made, since it is known never to end
+        Crashed,
+    };
+
+    /// Whether who was called is of further use.
+    bool LeavesWorker() const { return kind == Kind::Answered || kind == Kind::Endless; }
+
     Kind kind = Kind::NoAnswer;
     std::string crash;  ///< Crashed: "signal 11 (Segmentation fault)"
 };
 
-/// A calculation and how it ended; the calculation's content counts only when it was answered.
+/// A calculation and how it ended; the calculation's content counts only when it was answered, the
+/// code that it has left also when it never ends.
 struct Reply {
     Ending ending;
     Calculation calculation{};  ///< all zero without an answer
 };
+
+/// What a worker has sent as a reply.
+Reply ReplyWith(Calculation calculation);
 
 /// Takes the module's trace lines one by one.
 using TraceSink = std::function<void(const std::string& line)>;

@@ -47,8 +47,8 @@ Message CarryOut(ModuleLibrary& library, const Message& order, Channel& channel)
     switch (KindOf(order)) {
     case MessageKind::Calculate: {
         const CalculateOrder calculate = ReadCalculateOrder(order);
-        const TraceListening listening(calculate.trace ? &SendTraceLine : nullptr, &channel);
-        return ToMessage(CallModule(library, calculate.request));
+        return ToMessage(CallModule(library, calculate.request,
+                                    calculate.trace ? &SendTraceLine : nullptr, &channel));
     }
     case MessageKind::ListTypes:
         return ToMessage(ListTypes(library));

@@ -33,7 +33,7 @@ Message ToMessage(const CalculateOrder& order) {
 Message ToMessage(const Calculation& calculation) {
     ByteWriter writer;
     writer.Put(calculation.returned).Put(calculation.request).Put(calculation.result);
-    writer.PutText(calculation.written).Put(calculation.took);
+    writer.PutText(calculation.written).Put(calculation.took).Put(calculation.isEndless);
     return ToMessage(MessageKind::Calculated, writer.Bytes());
 }
 
@@ -75,6 +75,7 @@ Calculation ReadCalculation(const Message& message) {
     calculation.result = reader.Take<MixResult>();
     calculation.written = reader.TakeText();
     calculation.took = reader.Take<std::chrono::nanoseconds>();
+    calculation.isEndless = reader.Take<bool>();
     return calculation;
 }
 

@@ -51,6 +51,7 @@ struct Calculation {
     MixResult result;     ///< as it came back
     std::string written;  ///< error code that the call left in the registry; empty: none
     std::chrono::nanoseconds took{0};  ///< processor time of the call
+    bool isEndless = false;  ///< it was not made, since it never ends; only `written` counts
 };
 
 /// One entry of the list of mixes.

@@ -37,7 +37,7 @@ void WorkerPool::Run(const Source& source, const Sink& sink) {
             if (!reply) {
                 continue;
             }
-            if (reply->ending.kind != Ending::Kind::Answered) {
+            if (!reply->ending.LeavesWorker()) {
                 place.worker.reset();
             }
             sink(*std::exchange(place.task, std::nullopt), *reply);

@@ -141,10 +141,8 @@ private:
         static const std::vector<StoredValue> none;
         const ModuleLibrary& module =
             modules_.For(setting_.replacesRegistry ? none : asked.dispenser.registry);
-        const TraceListening listening(setting_.traces ? &PrintTraceLine : nullptr, nullptr);
-        Reply reply;
-        reply.calculation = CallModule(module, asked.request);
-        reply.ending.kind = Ending::Kind::Answered;
+        Reply reply = ReplyWith(CallModule(module, asked.request,
+                                           setting_.traces ? &PrintTraceLine : nullptr, nullptr));
         mark_.line = 0;
         return reply;
     }

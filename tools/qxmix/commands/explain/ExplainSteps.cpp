@@ -113,7 +113,9 @@ private:
 
     void AddSearch(bool decides) {
         const Judgement& judgement = story_.answer.judgement;
-        if (judgement.outcome == Outcome::NoAnswer) {
+        if (judgement.isProved) {
+            AddSearched("goes round for ever", "never ends");
+        } else if (judgement.outcome == Outcome::NoAnswer) {
             AddSearched("no end within " + DurationWords(questions_.deadline), "given up");
         } else if (judgement.outcome == Outcome::Crashed) {
             AddSearched("the module crashed", "crashed here");

@@ -137,7 +137,8 @@ std::string OthersText(const MixQuestions& questions, const Explanation& story) 
                         (around.dangerous.size() == 1 ? " takes too much" : " take too much"));
     }
     if (!around.unanswered.empty()) {
-        parts.push_back(MixesText(around.unanswered) + " gave no answer");
+        parts.push_back(MixesText(around.unanswered) +
+                        (around.unanswered.size() == 1 ? " gives no answer" : " give no answer"));
     }
     const std::string line = Join(parts, "; ");
     const bool fits = line.size() + 10 <= kPlainWidth;

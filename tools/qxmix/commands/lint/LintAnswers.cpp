@@ -12,29 +12,6 @@ namespace qxmix {
 
 namespace {
 
-/// What is known of the mixes of a case without asking them.
-class KnownEndless {
-public:
-    explicit KnownEndless(const LintCase& lint) {
-        for (const auto* mixes : {&lint.mixes, &lint.unasked}) {
-            for (const LintMix& mix : *mixes) {
-                if (IsFirstFit(mix.mix)) {
-                    firstFit_.push_back(mix);
-                }
-            }
-        }
-    }
-
-    bool operator()(std::uint16_t number, std::uint32_t amount) const {
-        const auto mix = std::find_if(firstFit_.begin(), firstFit_.end(),
-                                      [number](const auto& one) { return one.mix == number; });
-        return mix != firstFit_.end() && mix->units.NeverAnswers(amount);
-    }
-
-private:
-    std::vector<LintMix> firstFit_;
-};
-
 /// All ten mixes, without answers.
 void AddMixes(LintCase& lint) {
     for (const std::uint16_t mix : AllMixes()) {
@@ -69,7 +46,6 @@ LintCase AskLint(const LintQuestions& questions,
     lint.taken = asker.Open();
     lint.slow = questions.slow;
     AddMixes(lint);
-    lint.questions.neverAnswers = KnownEndless(lint);
     lint.questions.mostMisses = kMissesToGiveUp;
     const MapAnswers answers = AskMap(lint.questions, order, trace, progress);
     lint.isComplete = answers.isComplete;

@@ -44,6 +44,10 @@ bool HasBetterMix(const LintCase& lint, const LintMix& mix) {
     });
 }
 
+bool IsProved(const LintAnswer& answer) {
+    return answer.cell.deadline.count() == 0;
+}
+
 std::vector<std::uint16_t> FirstFitMixesWith(const LintCase& lint, std::size_t leastUnits) {
     return MixesWhere(lint, [leastUnits](const LintMix& mix) {
         return IsFirstFit(mix.mix) && mix.kept.size() >= leastUnits &&
@@ -71,18 +75,15 @@ void CheckTooMuch(const LintCase& lint, LintReport& report) {
 void CheckNoAnswer(const LintCase& lint, LintReport& report) {
     for (const LintMix& mix : lint.mixes) {
         const auto missed = AnswersWith(lint, mix, Outcome::NoAnswer);
-        const auto isProved = [&mix](const LintAnswer& answer) {
-            return mix.units.NeverAnswers(answer.amount);
-        };
-        const auto proved = std::count_if(missed.begin(), missed.end(), isProved);
+        const auto proved = std::count_if(missed.begin(), missed.end(), IsProved);
+        const bool areAll = proved == static_cast<std::ptrdiff_t>(missed.size());
         LintAnswersText text;
-        text.before = "mix " + std::to_string(mix.mix) + " gives no answer";
-        text.after = (proved == 0 ? "" : ", " + std::to_string(proved) + " proved") +
+        text.before =
+            "mix " + std::to_string(mix.mix) + (areAll ? " never answers" : " gives no answer");
+        text.after = (proved == 0 || areAll ? "" : ", " + std::to_string(proved) + " proved") +
                      (lint.IsGivenUp(mix) ? ", given up at the last" : std::string());
         text.tell = [&lint](const LintAnswer& answer) { return AmountText(lint, answer.amount); };
-        text.details = [&isProved](const LintAnswer& answer) {
-            return Json{{"proved", isProved(answer)}};
-        };
+        text.details = [](const LintAnswer& answer) { return Json{{"proved", IsProved(answer)}}; };
         report.AddAnswers(mix, missed, text);
     }
 }

@@ -62,7 +62,6 @@ private:
     void AskWithoutLimit(LintMix& mix) {
         MapQuestions unlimited = lint_.questions;
         unlimited.dispenser.maxDispenseItems = kNoLimit;
-        unlimited.neverAnswers = nullptr;  // what is known holds for the limit
         unlimited.mixes = {mix.mix};
         unlimited.listed = AmountsWhere(lint_, mix, [](const LintAnswer& answer) {
             return answer.cell.outcome == Outcome::NotDispensable;

@@ -27,7 +27,7 @@ public:
     }
 
     std::optional<WorkerPool::Task> NextTask() override {
-        while (next_ < questions_.CellCount() && IsKnown(next_)) {
+        while (next_ < questions_.CellCount() && IsPassedOver(next_)) {
             ++next_;
         }
         if (next_ == questions_.CellCount()) {
@@ -45,23 +45,19 @@ public:
 
     void Take(const WorkerPool::Task& task, const Reply& reply) override {
         const Outcome outcome = Judge(questions_.dispenser, AmountOf(task.number), reply).outcome;
-        const bool isMiss = outcome == Outcome::NoAnswer;
+        const bool isMiss = reply.ending.kind == Ending::Kind::NoAnswer;
         deadlines_[RowOf(task.number)].Note(isMiss);
         CountDone(1, isMiss ? 1 : 0);
         Keep(task.number, CellOf(reply, outcome, task.deadline));
     }
 
 private:
-    /// Keeps what needs no question: nothing of a mix that was given up, and no answer where it is
-    /// known that none comes.
-    bool IsKnown(std::uint64_t number) {
-        const std::size_t row = RowOf(number);
-        const bool isEndless = !IsGivenUp(row) && questions_.neverAnswers != nullptr &&
-                               questions_.neverAnswers(questions_.mixes[row], AmountOf(number));
-        if (!IsGivenUp(row) && !isEndless) {
+    /// Nothing is asked, and nothing kept, of a mix that was given up.
+    bool IsPassedOver(std::uint64_t number) {
+        if (!IsGivenUp(RowOf(number))) {
             return false;
         }
-        CountDone(1, isEndless ? 1 : 0);
+        CountDone(1, 0);
         Keep(number, MapCell());
         return true;
     }

@@ -4,7 +4,6 @@
 #include "workers/Worker.h"
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <vector>
 
@@ -24,10 +23,6 @@ struct MapQuestions {
 
     /// Missed deadlines after which a mix is given up: its row ends there. None: never.
     std::optional<std::uint64_t> mostMisses;
-
-    /// Whether it is known that a mix never answers an amount; such a cell is not asked and has a
-    /// deadline of 0. Empty: nothing is known.
-    std::function<bool(std::uint16_t mix, std::uint32_t amount)> neverAnswers;
 
     std::uint64_t AmountCount() const {
         return listed.empty() ? (to - from) / step + std::uint64_t{1} : listed.size();

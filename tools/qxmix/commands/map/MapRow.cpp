@@ -1,5 +1,6 @@
 #include "MapRow.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace qxmix {
@@ -7,7 +8,7 @@ namespace qxmix {
 MapCell CellOf(const Reply& reply, Outcome outcome, Milliseconds deadline) {
     MapCell cell;
     cell.outcome = outcome;
-    cell.deadline = deadline;
+    cell.deadline = reply.ending.kind == Ending::Kind::Endless ? Milliseconds{0} : deadline;
     if (cell.IsAnswered()) {
         for (std::size_t slot = 0; slot < kMaxCashUnits; ++slot) {
             cell.values[slot] = reply.calculation.result.aulNotes[slot];
@@ -23,8 +24,9 @@ MapCell CellOf(const Reply& reply, Outcome outcome, Milliseconds deadline) {
 Reply ReplyOf(const MapCell& cell) {
     Reply reply;
     if (!cell.IsAnswered()) {
-        reply.ending.kind =
-            cell.outcome == Outcome::Crashed ? Ending::Kind::Crashed : Ending::Kind::NoAnswer;
+        reply.ending.kind = cell.outcome == Outcome::Crashed ? Ending::Kind::Crashed
+                            : cell.deadline.count() == 0     ? Ending::Kind::Endless
+                                                             : Ending::Kind::NoAnswer;
         return reply;
     }
     reply.ending.kind = Ending::Kind::Answered;
@@ -70,6 +72,11 @@ std::uint64_t MapRow::Count(Outcome outcome) const {
         count += run.outcome == outcome ? run.length : 0;
     }
     return count;
+}
+
+bool MapRow::AreMissesProved() const {
+    return std::all_of(deadlines_.begin(), deadlines_.end(),
+                       [](const DeadlineRun& run) { return run.deadline.count() == 0; });
 }
 
 std::uint32_t MapRow::PlaceOf(const Step& step) {

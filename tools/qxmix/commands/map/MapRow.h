@@ -21,7 +21,7 @@ struct MapCell {
     std::uint32_t remainder = 0;
     std::int32_t returned = 0;
     std::string code;                  ///< error code left in the registry; empty: none
-    Milliseconds deadline{0};          ///< what it was given
+    Milliseconds deadline{0};          ///< what it was given; 0: it is known never to end
     std::chrono::nanoseconds took{0};  ///< processor time; a row keeps the longest
 
     /// False for a missed deadline and a crash: nothing but outcome and deadline counts then.
@@ -58,7 +58,7 @@ public:
         }
     };
 
-    /// Missed deadlines in a row that were as long.
+    /// Missed deadlines in a row that were as long; 0 where a call is known never to end.
     struct DeadlineRun {
         Milliseconds deadline;
         std::uint64_t length;
@@ -74,6 +74,9 @@ public:
 
     std::uint64_t Size() const { return path_.size(); }
     std::uint64_t Count(Outcome outcome) const;
+
+    /// Whether none of the answers that are missing will ever come.
+    bool AreMissesProved() const;
 
     const std::vector<Run>& Runs() const { return runs_; }
     const std::vector<Step>& Steps() const { return steps_; }

@@ -86,6 +86,11 @@ std::string LegendText(const MapAnswers& answers, std::uint64_t stretch, const P
     std::sort(seen.begin(), seen.end(), [](const OutcomeRow& left, const OutcomeRow& right) {
         return left.badness < right.badness;
     });
+    const bool isProved = std::all_of(answers.rows.begin(), answers.rows.end(),
+                                      [](const MapRow& cells) { return cells.AreMissesProved(); });
+    for (OutcomeRow& row : seen) {
+        row.words = row.outcome == Outcome::NoAnswer && isProved ? "never answers" : row.words;
+    }
     std::vector<std::string> parts;
     for (const OutcomeRow& row : seen) {
         parts.push_back(std::string(1, row.letter) + " " + row.words);

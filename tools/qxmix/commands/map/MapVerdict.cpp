@@ -29,7 +29,8 @@ std::string DangersText(const MapQuestions& questions, const MapAnswers& answers
         for (const Danger& danger : Dangers()) {
             const std::uint64_t count = answers.rows[row].Count(danger.outcome);
             if (count > 0) {
-                parts.push_back(MixText(questions.mixes[row]) + " " + danger.doing + " on " +
+                const char* const doing = DoingOf(danger, answers.rows[row].AreMissesProved());
+                parts.push_back(MixText(questions.mixes[row]) + " " + doing + " on " +
                                 std::to_string(count) + " of " +
                                 (parts.empty() ? AmountsText(all) : std::to_string(all)));
             }
@@ -154,7 +155,8 @@ std::vector<Finding> FindingsOf(const MapQuestions& questions, const MapAnswers&
             return answers.rows[row].Count(outcome);
         };
         const std::vector<Finding> found =
-            DangerFindings(questions.mixes[row], count, AmountsText(answers.amountCount));
+            DangerFindings(questions.mixes[row], count, AmountsText(answers.amountCount),
+                           answers.rows[row].AreMissesProved());
         findings.insert(findings.end(), found.begin(), found.end());
     }
     return findings;

@@ -50,6 +50,9 @@ std::string Advice(const std::vector<std::string>& payers, const std::string& am
 }
 
 std::string MessageOf(const Judgement& judgement, Milliseconds deadline) {
+    if (judgement.isProved) {
+        return "this amount is never answered: do not call this mix without a watchdog";
+    }
     if (judgement.outcome == Outcome::NoAnswer) {
         return "no answer within " + DurationWords(deadline) +
                ": never call this mix without a watchdog";
@@ -67,6 +70,9 @@ Finding DangerOf(std::uint16_t mix, const Judgement& judgement, Milliseconds dea
     finding.mix = mix;
     finding.pointer = "/mix";
     finding.message = MessageOf(judgement, deadline);
+    if (judgement.outcome == Outcome::NoAnswer) {
+        finding.isProved = judgement.isProved;
+    }
     return finding;
 }
 

@@ -52,6 +52,9 @@ Headline HeadlineOf(const MixQuestions& questions, const MixAnswer& answer) {
     const std::string paid = PaidText(questions, answer.judgement) + ", " + mix;
     switch (answer.judgement.outcome) {
     case Outcome::NoAnswer:
+        if (answer.judgement.isProved) {
+            return {"NEVER ANSWERS", AskedText(questions) + ", " + mix};
+        }
         return {"NO ANSWER", "within " + DurationWords(questions.deadline) + " for " +
                                  AskedText(questions) + ", " + mix};
     case Outcome::Crashed:
@@ -71,10 +74,11 @@ Headline HeadlineOf(const MixQuestions& questions, const MixAnswer& answer) {
     }
 }
 
-std::vector<std::string> MixesWith(const MixAnswers& answers, Outcome outcome) {
+std::vector<std::string>
+MixesWith(const MixAnswers& answers, Outcome outcome, bool isProved = false) {
     std::vector<std::string> mixes;
     for (const MixAnswer& answer : answers.answers) {
-        if (answer.judgement.outcome == outcome) {
+        if (answer.judgement.outcome == outcome && answer.judgement.isProved == isProved) {
             mixes.push_back(std::to_string(answer.mix));
         }
     }
@@ -85,18 +89,20 @@ std::vector<std::string> MixesWith(const MixAnswers& answers, Outcome outcome) {
 std::string DangersText(const MixAnswers& answers) {
     struct Danger {
         Outcome outcome;
+        bool isProved;
         const char* one;
         const char* several;
     };
     static const Danger dangers[] = {
-        {Outcome::NoAnswer, "gives no answer", "give no answer"},
-        {Outcome::Crashed, "crashes", "crash"},
-        {Outcome::Overpaid, "pays more than asked", "pay more than asked"},
-        {Outcome::Overdrawn, "takes more than allowed", "take more than allowed"},
+        {Outcome::NoAnswer, true, "never answers", "never answer"},
+        {Outcome::NoAnswer, false, "gives no answer", "give no answer"},
+        {Outcome::Crashed, false, "crashes", "crash"},
+        {Outcome::Overpaid, false, "pays more than asked", "pay more than asked"},
+        {Outcome::Overdrawn, false, "takes more than allowed", "take more than allowed"},
     };
     std::vector<std::string> parts;
     for (const Danger& danger : dangers) {
-        const std::vector<std::string> mixes = MixesWith(answers, danger.outcome);
+        const std::vector<std::string> mixes = MixesWith(answers, danger.outcome, danger.isProved);
         if (!mixes.empty()) {
             const bool isOne = mixes.size() == 1;
             parts.push_back((isOne ? "mix " : "mixes ") + Join(mixes, " ") + " " +

@@ -98,10 +98,15 @@ Table CassetteTable(const Dispenser& dispenser,
 
 /// "returned 0 (success), remainder 0, no error code written"
 std::string ModuleText(const MixAnswer& answer) {
+    const Calculation& calculation = answer.reply.calculation;
+    if (answer.judgement.isProved) {
+        return calculation.written.empty()
+                   ? "never returns, no error code left"
+                   : "never returns, error code " + Printable(calculation.written) + " left";
+    }
     if (!answer.judgement.IsAnswered()) {
         return "returned ?, remainder ?, error code ?";
     }
-    const Calculation& calculation = answer.reply.calculation;
     return "returned " + std::to_string(calculation.returned) + " (" +
            ReturnedText(calculation.returned) + "), remainder " +
            RemainderText(calculation.request.ulRemainder) + ", " +

@@ -23,14 +23,15 @@ void Simulation::Take(const Reply& reply) {
     const Judgement judgement = Judge(dispenser_, asked.amount, reply);
     SimulationStep step;
     step.outcome = judgement.outcome;
+    step.isProved = judgement.isProved;
     if (step.IsTaken() || judgement.IsDangerous()) {
         step.items = judgement.taken;
     }
     if (step.IsTaken()) {
         TakeItems(dispenser_, step.items);
     }
-    misses_ += step.outcome == Outcome::NoAnswer ? 1U : 0U;
-    if (judgement.IsAnswered() && !reply.calculation.written.empty()) {
+    misses_ += step.outcome == Outcome::NoAnswer && !step.isProved ? 1U : 0U;
+    if (reply.ending.LeavesWorker() && !reply.calculation.written.empty()) {
         lastCode_ = reply.calculation.written;
     }
     steps_.push_back(step);

@@ -16,6 +16,7 @@ namespace qxmix {
 /// What became of one withdrawal.
 struct SimulationStep {
     Outcome outcome = Outcome::NoAnswer;
+    bool isProved = false;  ///< NoAnswer: none will ever come
     CassetteItems items{};  ///< as answered; 0 where the answer was a refusal or none
 
     /// Whether the items left the machine; dangerous answers are never carried out.

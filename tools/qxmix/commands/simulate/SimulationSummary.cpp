@@ -34,6 +34,7 @@ public:
     void Add(const SimulationStep& step) {
         const std::size_t withdrawal = summary_.asked++;
         ++summary_.counts[static_cast<std::size_t>(step.outcome)];
+        summary_.misses += step.outcome == Outcome::NoAnswer && !step.isProved ? 1U : 0U;
         if (step.IsTaken()) {
             Pay(step.items, withdrawal);
         } else if (!summary_.firstRefusal) {
@@ -48,7 +49,7 @@ public:
         }
         summary_.left = ValueHeld(now_);
         summary_.spread = SpreadOf(before_, now_);
-        summary_.isGivenUp = summary_.Count(Outcome::NoAnswer) >= kMissesToGiveUp;
+        summary_.isGivenUp = summary_.misses >= kMissesToGiveUp;
         return std::move(summary_);
     }
 

@@ -28,6 +28,7 @@ struct SimulationSummary {
 
     std::array<std::uint64_t, kOutcomes> counts{};  ///< withdrawals by outcome
     std::size_t asked = 0;                          ///< withdrawals; fewer than all if given up
+    std::uint64_t misses = 0;                       ///< answers missing that may yet come
     bool isGivenUp = false;
     std::uint64_t notes = 0;  ///< taken
     std::uint64_t coins = 0;

@@ -119,7 +119,11 @@ std::vector<Finding> FindingsOf(const SimulationQuestions& questions,
             }
             return sum;
         };
-        const std::vector<Finding> found = DangerFindings(questions.mixes[place], count, all);
+        const bool isProved =
+            std::all_of(answers.runs.begin(), answers.runs.end(),
+                        [place](const auto& run) { return run[place].misses == 0; });
+        const std::vector<Finding> found =
+            DangerFindings(questions.mixes[place], count, all, isProved);
         findings.insert(findings.end(), found.begin(), found.end());
     }
     return findings;
@@ -137,8 +141,10 @@ std::vector<std::string> RemarksOn(const SimulationAnswers& answers,
                 outcome.outcome == Outcome::Paid || outcome.outcome == Outcome::Overpaid;
             const std::uint64_t count = summary.Count(outcome.outcome);
             if (!isInTable && count > 0) {
+                const bool isProved = outcome.outcome == Outcome::NoAnswer && summary.misses == 0;
                 (IsRefusal(outcome.outcome) ? refusals : parts)
-                    .push_back(std::to_string(count) + " " + PartWords(outcome));
+                    .push_back(std::to_string(count) + " " +
+                               (isProved ? "never answered" : PartWords(outcome)));
             }
         }
         if (summary.Refused() != summary.Count(Outcome::NotDispensable)) {

@@ -132,7 +132,7 @@ TEST(Explanation, FindsTheSearch) {
 TEST(Explanation, FindsTheSearchThatDoesNotEnd) {
     const Asked asked = Ask("EUR:50x1000,20x900,100x100,200x40", 60, 4);
     EXPECT_EQ(asked.story.decidedBy, DecidedBy::Search);
-    EXPECT_TRUE(Says(asked, "no end within 200 ms"));
+    EXPECT_TRUE(Says(asked, "goes round for ever"));
 }
 
 TEST(Explanation, FindsACassetteThatIsWorthNothing) {
