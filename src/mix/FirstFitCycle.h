@@ -41,8 +41,9 @@ public:
     ///   found, the last one of the cycle.
     /// @return false when there is none in the whole cycle: the loops never end.
     bool Find(Counts& found, Refusal& refusal) const noexcept {
-        // More items than these lie not between a first line and one below 0, and no more of the
-        // last but one unit run past 0 on a last line.
+        // All items that there are cannot lift the outer unit's total above 0 on later lines than
+        // these, and only what the last but one unit runs past 0 can hold it down to the limit on
+        // the last ones, where it has wrapped.
         std::uint64_t firstLines = 1;
         for (unsigned unit = 0; unit < units_.n; ++unit) {
             firstLines += units_.counts[unit];
