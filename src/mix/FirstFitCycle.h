@@ -70,8 +70,10 @@ public:
     }
 
 private:
+    // NOLINTBEGIN(bugprone-dynamic-static-initializers) taken wrongly for what is made at run time
     static constexpr std::uint64_t kWords = std::uint64_t{1} << kWordBits;
     static constexpr std::uint64_t kToNextRun = kWords - 1;
+    // NOLINTEND(bugprone-dynamic-static-initializers)
 
     /// One turn of the loop over the outer count.
     struct Line {
