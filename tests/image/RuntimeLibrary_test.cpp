@@ -132,8 +132,8 @@ TEST_P(RuntimeLibrary, DoublesOfSinglesAreTheirs) {
 TEST_P(RuntimeLibrary, SinglesCompareAsNumbers) {
     for (const std::uint32_t left : Singles()) {
         for (const std::uint32_t right : Singles()) {
-            EXPECT_EQ(BitsAs<float>(left) > BitsAs<float>(right) ? 1U : 0U,
-                      Call("__aeabi_fcmpgt", {left, right}))
+            EXPECT_EQ(BitsAs<float>(left) < BitsAs<float>(right) ? 1U : 0U,
+                      Call("__aeabi_fcmplt", {left, right}))
                 << std::hex << left << ' ' << right;
         }
     }

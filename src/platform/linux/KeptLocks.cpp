@@ -1,5 +1,7 @@
 #include "KeptLocks.h"
 
+#include "RegistryStore.h"
+
 #include <pthread.h>
 
 namespace {
@@ -8,6 +10,9 @@ namespace {
 std::mutex locks[static_cast<unsigned>(Kept::Memory) + 1];
 
 void TakeAll() {
+    // A fork amid the first call would leave it half made in the child. It is not made at load: a
+    // host with registry functions of its own never needs it.
+    RegistryStore::Instance();
     for (std::mutex& lock : locks) {
         lock.lock();
     }

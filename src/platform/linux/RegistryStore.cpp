@@ -49,14 +49,6 @@ RegistryStore& RegistryStore::Instance() {
     return store;
 }
 
-namespace {
-
-// Made when the library is loaded: a fork amid the first call would leave it half made in the
-// child.
-[[maybe_unused]] const RegistryStore& madeAtLoad = RegistryStore::Instance();
-
-}  // namespace
-
 /// Finds what a handle stands for, whether or not its key is still there.
 /// @return null for a handle that is no open key.
 const RegistryStore::OpenKey* RegistryStore::FindOpenKey(HKEY key) const noexcept {

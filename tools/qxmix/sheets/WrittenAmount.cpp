@@ -44,8 +44,10 @@ bool AreGroups(const std::vector<std::string>& parts) {
            ((first <= kGroup && haveSize(kGroup)) || (first <= 2 && haveSize(2)));
 }
 
+/// With no other mark among them.
 bool IsGrouped(const std::string& whole, char mark) {
-    return AreGroups(Split(whole, mark));
+    const std::vector<std::string> parts = Split(whole, mark);
+    return std::all_of(parts.begin(), parts.end(), IsDigits) && AreGroups(parts);
 }
 
 char OtherMark(char mark) {
@@ -83,7 +85,7 @@ Money WrittenAmount::Value(char decimalMark) const {
             digits += character;
         }
     }
-    return *Money::Parse(digits);
+    return Money::Parse(digits).value();
 }
 
 std::optional<WrittenAmount> ParseWrittenAmount(const std::string& text) {

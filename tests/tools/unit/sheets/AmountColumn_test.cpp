@@ -75,6 +75,28 @@ TEST(AmountColumn, GuessesNothing) {
               "2 (1,234.00)");
 }
 
+TEST(AmountColumn, TakesNoMarksWithinAGroup) {
+    for (const char* text : {"1.0,0,00", "1,0.0.00", "1'0.0'000", "1,2'3,000"}) {
+        EXPECT_NE(ErrorOf({text}).find("is not allowed"), std::string::npos) << text;
+    }
+}
+
+TEST(AmountColumn, ReadsOrRefusesWhateverMarksThereAre) {
+    const std::string characters = "10.,'";
+    constexpr unsigned kMost = 7;
+    std::vector<std::string> texts = {""};
+    for (std::size_t next = 0; next < texts.size(); ++next) {
+        const std::string text = texts[next];
+        ErrorOf({text});  // anything but an amount or this kind of error ends the test
+        for (const char character : characters) {
+            if (text.size() < kMost) {
+                texts.push_back(text + character);
+            }
+        }
+    }
+    EXPECT_EQ(texts.size(), 97656U);
+}
+
 TEST(AmountColumn, RefusesMoneyThatCannotBePaid) {
     EXPECT_EQ(ErrorOf({"50.50"}),
               "list.csv:2: amount: 50.50 cannot be paid; expected a multiple of 1 EUR");
