@@ -3,18 +3,12 @@
 #include "FirstFitDecision.h"
 #include "FitAmount.h"
 #include "MixPlans.h"
+#include "NoHost.h"
 #include "Numbers.h"
 
 namespace qxmix {
 
 namespace {
-
-/// A host that is told of the object and minds nothing.
-class NoHost final : public MixAlgorithmHost {
-public:
-    void Reserved() noexcept override {}
-    std::int32_t OnObjectCreated(IMixAlgorithm*) noexcept override { return 0; }
-};
 
 /// One object for all: each leaves a key of the registry open.
 CMixAlgorithm& AlgorithmWith(std::uint32_t minimum) {

@@ -4,6 +4,7 @@
 #include "MixPlans.h"
 #include "Numbers.h"
 #include "OrderingRules.h"
+#include "module/NoHost.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -12,13 +13,6 @@
 namespace qxmix {
 
 namespace {
-
-/// A host that is told of the object and minds nothing.
-class NoHost final : public MixAlgorithmHost {
-public:
-    void Reserved() noexcept override {}
-    std::int32_t OnObjectCreated(IMixAlgorithm*) noexcept override { return 0; }
-};
 
 /// Collects the lines of this process's module while it lives.
 class LineCollector {
