@@ -27,10 +27,9 @@ void TellCaptured(fuzz::Input& input) {
 
 void ReadLine(const std::string& text) {
     static qxmix::RequestReader reader{qxmix::AskOptions{}, std::nullopt};
-    try {
-        qxmix::ReadRecordedLine(text, "f", 1, reader);
-    } catch (const qxmix::InputError& error) {
-        qxmix::BatchErrorText(1, {}, error);
+    const qxmix::TraceLine line = qxmix::ReadTraceLine(text, "f", 1, false, reader);
+    if (const auto* bad = std::get_if<qxmix::LineError>(&line)) {
+        qxmix::LineErrorJson(*bad).dump(-1, ' ', false, qxmix::Json::error_handler_t::replace);
     }
 }
 

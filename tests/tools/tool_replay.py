@@ -18,6 +18,10 @@ def write(tool, *lines):
     (tool.folder / "trace.ndjson").write_text(text)
 
 
+def bad_line(line, pointer, message, **ids):
+    return {**ids, "error": {"line": line, "pointer": pointer, "message": message}}
+
+
 def replay(tool, *words):
     status, output, errors = tool.run(["replay", "trace.ndjson", "--json", *words])
     return status, json.loads(output)["result"] if output else None, errors
@@ -83,21 +87,24 @@ def check_named_files(tool, checks):
         {"value": 50, "count": 9}]}))
     write(tool, {"request": request(50, "request.json"), "answer": {"outcome": "paid"}})
     checks.equal("a line that names a file", replay(tool)[1]["same"], 1)
-    checks.equal("--no-files", replay(tool, "--no-files"),
-                 (2, None, "qxmix: trace.ndjson:1: /request/dispenser: \"request.json\" is not "
-                           "allowed; expected an object or a dispenser such as "
-                           "\"EUR:50x10,20x10\"\n"))
-    write(tool, {"request": request(50, "pipe"), "answer": {"outcome": "paid"}})
-    checks.equal("a pipe is not waited for", replay(tool),
-                 (2, None, "qxmix: trace.ndjson:1: /request/dispenser: pipe: no regular file; "
-                           "expected one\n"))
+    checks.equal("--no-files", replay(tool, "--no-files")[1]["badLines"],
+                 [bad_line(1, "/request/dispenser", "\"request.json\" is not allowed; expected an "
+                           "object or a dispenser such as \"EUR:50x10,20x10\"")])
+    good = {"request": request(280), "answer": {"outcome": "paid"}}
+    write(tool, {"request": request(50, "pipe"), "answer": {"outcome": "paid"}}, good,
+          {"request": request(50, "missing.json"), "answer": {"outcome": "paid"}}, good)
+    checks.equal("a pipe is not waited for, nor a file that is not there", replay(tool)[:2],
+                 (2, {"requests": 2, "same": 2, "differences": [], "badLines": [
+                     bad_line(1, "/request/dispenser", "pipe: no regular file; expected one"),
+                     bad_line(3, "/request/dispenser",
+                              "missing.json: cannot be opened: No such file or directory")]}))
 
 
 def check_fields(tool, checks):
     now = json.loads(tool.run(["mix", EURO, "--amount", "280", "--json"])[1])["result"]
     write(tool, {"request": request(280), "answer": now})
     checks.equal("a whole result", replay(tool)[:2],
-                 (0, {"requests": 1, "same": 1, "differences": []}))
+                 (0, {"requests": 1, "same": 1, "differences": [], "badLines": []}))
     others = {"outcome": "overpaid", "asked": "281", "paid": "0", "values": [1, 2, 3, 4, 5, 6],
               "items": {"notes": 1, "coins": 0}, "returned": -14, "errorCode": "failed",
               "registry": "971A2", "remainder": 7, "amountAfter": 3}
@@ -129,12 +136,39 @@ BAD = [
 
 
 def check_bad_lines(tool, checks):
+    good = {"request": request(280), "answer": {"outcome": "paid"}}
     for line, message in BAD:
-        write(tool, line)
-        status, result, errors = replay(tool)
-        checks.equal(f"{line}: exit status, nothing shown", (status, result), (2, None))
+        write(tool, line, good)
+        status, output, errors = tool.run(["replay", "trace.ndjson"])
+        checks.equal(f"{line}: passed over", (status, output),
+                     (2, "1 request is answered as recorded\n1 bad line was passed over\n"))
         checks.check(f"{line}: said", errors.startswith(f"qxmix: trace.ndjson:{message}") and
                      errors.count("\n") == 1, errors)
+    write(tool, *[line for line, _ in BAD])
+    status, result, errors = replay(tool)
+    checks.equal("all bad: all are counted, and nothing is said twice",
+                 (status, result["requests"], errors), (2, 0, ""))
+    checks.equal("all bad: each in its place", [bad["error"]["line"] for bad in result["badLines"]],
+                 list(range(1, len(BAD) + 1)))
+
+
+def check_bad_among_good(tool, checks):
+    other = {"id": "other", "request": request(280), "answer": {"paid": "0"}}
+    write(tool, {"id": 1, "request": request(280), "answer": {"outcome": "paid"}},
+          {"id": "bad", "request": {"amount": 5}, "answer": {}}, '{"request":', other, "[", other)
+    answers = tool.run(["batch"], stdin=b'{"id":"bad","amount":5}\n{"request":\n[\n')[1].splitlines()
+    messages = [json.loads(answer)["error"]["message"] for answer in answers]
+    bad = [bad_line(2, "/request/currency", messages[0], id="bad"), bad_line(3, None, messages[1]),
+           bad_line(5, None, messages[2])]
+    status, result, _ = replay(tool)
+    checks.equal("bad among good: totals", (status, result["requests"], result["same"]), (2, 3, 1))
+    checks.equal("bad among good: as batch says it", result["badLines"], bad)
+    status, result, _ = replay(tool, "--stop")
+    checks.equal("--stop: stops at a difference, not at a bad line",
+                 (status, result["requests"], result["badLines"]), (2, 2, bad[:2]))
+    status, output, errors = tool.run(["replay", "trace.ndjson"])
+    checks.equal("bad among good: for people", (output.splitlines()[:2], errors.count("\n")),
+                 (["2 of 3 requests are answered differently", "3 bad lines were passed over"], 3))
 
 
 def check_odd_files(tool, checks):
@@ -148,13 +182,21 @@ def check_odd_files(tool, checks):
     path.write_bytes(good)
     checks.equal("no line end at the end", replay(tool)[1]["requests"], 1)
     path.write_bytes(good + b"\n\n" + b" " * ((1 << 20) - len(good)) + good + b"\r\n")
-    checks.equal("a line too long", replay(tool)[::2],
-                 (2, "qxmix: trace.ndjson:3: more than 1048576 bytes; expected a shorter line\n"))
+    too_long = "more than 1048576 bytes; expected a shorter line"
+    checks.equal("a line too long", replay(tool)[1]["badLines"], [bad_line(3, None, too_long)])
+    for more in (1, 2, 100000):
+        path.write_bytes(good + b"\n" + b" " * ((1 << 20) + more) + b"\n" + good + b"\n{")
+        result = replay(tool)[1]
+        checks.equal(f"a line {more} too long, the next one is whole",
+                     (result["same"], [bad["error"]["line"] for bad in result["badLines"]]), (2, [2, 4]))
+        path.write_bytes(good + b"\n" + b" " * ((1 << 20) + more))
+        checks.equal(f"a line {more} too long at the end",
+                     [bad["error"]["line"] for bad in replay(tool)[1]["badLines"]], [2])
     path.write_bytes(good + b"\n\n" + b" " * ((1 << 20) - len(good)) + good + b"\n")
     checks.equal("a line as long as can be", replay(tool)[1]["requests"], 2)
     status, _, errors = tool.run(["replay", "/dev/zero"])
     checks.equal("a line without end", (status, errors),
-                 (2, "qxmix: /dev/zero:1: more than 1048576 bytes; expected a shorter line\n"))
+                 (2, "qxmix: /dev/zero:1: more than 268435456 bytes; expected a line end\n"))
 
 
 def check_libraries(tool, checks):
@@ -218,5 +260,5 @@ def check_interrupt(tool, checks):
 
 
 run_parts(check_recorded, check_recorded_side_by_side, check_recorded_behind_another,
-          check_named_files, check_record_behind_an_open_line, check_fields, check_bad_lines,
+          check_named_files, check_record_behind_an_open_line, check_fields, check_bad_lines, check_bad_among_good,
           check_odd_files, check_libraries, check_registry, check_many, check_interrupt)

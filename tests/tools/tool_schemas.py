@@ -54,6 +54,7 @@ ANSWERS = [
     "compare examples/rappen.json --library fake.so --library examples/../fake.so --to 300",
     "replay examples/trace.ndjson",
     "replay examples/trace.ndjson --stop",
+    "replay short-request.ndjson",
     "replay examples/trace.ndjson --library fake.so --library examples/../fake.so",
     "types",
     "registry examples/device.reg",

@@ -2,6 +2,7 @@
 
 #include "answers/Envelope.h"
 #include "answers/Judgement.h"
+#include "answers/LineError.h"
 #include "answers/ResultJson.h"
 #include "commands/mix/MixFindings.h"
 #include "dispenser/DispenserJson.h"
@@ -73,17 +74,7 @@ std::string BatchAnswerText(const BatchSetting& setting,
 }
 
 std::string BatchErrorText(std::uint64_t line, const Json& id, const InputError& error) {
-    Json pointer;
-    std::string message = error.what();
-    if (const auto* field = dynamic_cast<const FieldError*>(&error)) {
-        pointer = field->Pointer().empty() ? Json() : Json(field->Pointer());
-        message = field->Wrong();
-    } else if (const auto* syntax = dynamic_cast<const SyntaxError*>(&error)) {
-        message = "column " + std::to_string(syntax->Column()) + ": " + syntax->Wrong();
-    }
-    Json answer = WithId(id);
-    answer["error"] = {{"line", line}, {"pointer", pointer}, {"message", message}};
-    return LineOf(answer);
+    return LineOf(LineErrorJson(LineError(line, id, error)));
 }
 
 }  // namespace qxmix

@@ -10,12 +10,11 @@ namespace qxmix {
 namespace {
 
 /// A syntax error names the line of the file, not that of the text.
-Json ParseLine(const std::string& text, const Place& place) {
+Json ParseLine(const std::string& text, const std::string& file, std::uint64_t number) {
     try {
-        return ParseJson(text, place.File());
+        return ParseJson(text, file);
     } catch (const SyntaxError& error) {
-        throw InputError(place.File() + ":" + std::to_string(error.Column()) + ": " +
-                         error.Wrong());
+        throw SyntaxError(file, static_cast<long>(number), error.Column(), error.Wrong());
     }
 }
 
@@ -69,19 +68,10 @@ void CheckAnswer(const Json& answer, const Place& place) {
     }
 }
 
-}  // namespace
-
-RecordedLine ReadRecordedLine(const std::string& text,
-                              const std::string& file,
-                              std::uint64_t number,
-                              RequestReader& reader) {
-    const Place place(file + ":" + std::to_string(number));
-    const Json json = ParseLine(text, place);
+RecordedLine ReadFields(const Json& json, const Place& place, RequestReader& reader) {
     const JsonFields fields(json, place, {"id", "request", "answer"});
     const Json& request = fields.Required("request", "2120 hex digits or a request");
     RecordedLine line;
-    line.number = number;
-    line.id = ReadId(json, place);
     line.asked = request.is_string() ? RequestReader::ReadCaptured(request.get<std::string>(),
                                                                    place.Below("request"))
                                      : reader.Read(request, place.Below("request"));
@@ -90,6 +80,31 @@ RecordedLine ReadRecordedLine(const std::string& text,
         line.answer = *answer;
     }
     return line;
+}
+
+}  // namespace
+
+TraceLine ReadTraceLine(const std::string& text,
+                        const std::string& file,
+                        std::uint64_t number,
+                        bool needsAnswer,
+                        RequestReader& reader) {
+    Json id;
+    try {
+        const Json json = ParseLine(text, file, number);
+        const Place place(file + ":" + std::to_string(number));
+        id = ReadId(json, place);
+        RecordedLine line = ReadFields(json, place, reader);
+        if (needsAnswer && line.answer.is_null()) {
+            throw place.Below("answer").Error(
+                "missing; expected what was answered, or two libraries");
+        }
+        line.number = number;
+        line.id = id;
+        return line;
+    } catch (const InputError& error) {
+        return LineError(number, id, error);
+    }
 }
 
 }  // namespace qxmix

@@ -43,19 +43,27 @@ ReplayAnswers Replay(const TraceSource& source,
                      std::vector<AskerPool>& libraries,
                      Milliseconds deadline,
                      bool stops,
-                     const ProgressListener& listen) {
+                     const ProgressListener& listen,
+                     const BadLineListener& listenToBad) {
     ReplayAnswers answers;
     std::uint64_t number = 0;
     try {
         while (!answers.isStopped) {
             // Should Ctrl-C come while it is read, the line is the one behind the last.
             ++number;
-            const std::optional<RecordedLine> line = source();
-            if (!line) {
+            const std::optional<TraceLine> next = source();
+            if (!next) {
                 break;
             }
-            number = line->number;
-            std::optional<ReplayDifference> difference = Compare(*line, libraries, deadline);
+            if (const auto* bad = std::get_if<LineError>(&*next)) {
+                number = bad->line;
+                answers.badLines.push_back(*bad);
+                listenToBad(*bad);
+                continue;
+            }
+            const auto& line = std::get<RecordedLine>(*next);
+            number = line.number;
+            std::optional<ReplayDifference> difference = Compare(line, libraries, deadline);
             ++answers.requests;
             listen({answers.requests, 0});
             if (difference) {

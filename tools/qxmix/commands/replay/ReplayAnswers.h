@@ -23,13 +23,17 @@ struct ReplayDifference {
 struct ReplayAnswers {
     std::uint64_t requests = 0;
     std::vector<ReplayDifference> differences;
+    std::vector<LineError> badLines;  ///< passed over
     bool isStopped = false;           ///< --stop: the rest of the trace was not asked
     bool isComplete = true;           ///< false: Ctrl-C came before the end
     std::uint64_t interruptedAt = 0;  ///< line
 };
 
-/// The next recorded line; none at the end.
-using TraceSource = std::function<std::optional<RecordedLine>()>;
+/// The next line; none at the end.
+using TraceSource = std::function<std::optional<TraceLine>()>;
+
+/// Hears of a bad line when it comes.
+using BadLineListener = std::function<void(const LineError&)>;
 
 /// Asks one library again and holds its answers to the recorded ones, or asks two and holds them to
 /// one another.
@@ -41,6 +45,7 @@ ReplayAnswers Replay(const TraceSource& source,
                      std::vector<AskerPool>& libraries,
                      Milliseconds deadline,
                      bool stops,
-                     const ProgressListener& listen);
+                     const ProgressListener& listen,
+                     const BadLineListener& listenToBad);
 
 }  // namespace qxmix

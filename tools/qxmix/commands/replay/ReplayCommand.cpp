@@ -20,6 +20,7 @@ Milliseconds DeadlineOf(const CommonOptions& options) {
 
 ExitStatus StatusOf(const ReplayAnswers& answers) {
     return !answers.isComplete           ? ExitStatus::Interrupted
+           : !answers.badLines.empty()   ? ExitStatus::BadInput
            : answers.differences.empty() ? ExitStatus::Well
                                          : ExitStatus::HonestNo;
 }
@@ -33,6 +34,14 @@ Json DifferencesJson(const ReplayAnswers& answers, bool isBetweenLibraries) {
                                {isBetweenLibraries ? "b" : "now", difference.second}});
     }
     return differences;
+}
+
+Json BadLinesJson(const ReplayAnswers& answers) {
+    Json lines = Json::array();
+    for (const LineError& line : answers.badLines) {
+        lines.push_back(LineErrorJson(line));
+    }
+    return lines;
 }
 
 }  // namespace
@@ -64,7 +73,14 @@ ExitStatus ReplayCommand::Run(const CommonOptions& options) {
     Progress progress(Info().name, std::nullopt, options.quiet || options.trace);
     const ReplayAnswers answers =
         Replay([&trace] { return trace.Next(); }, libraries, DeadlineOf(options), stops_,
-               [&progress](const WorkProgress& now) { progress.Show(now); });
+               [&progress](const WorkProgress& now) { progress.Show(now); },
+               [&progress, &options](const LineError& line) {
+                   // In JSON they stand in the answer.
+                   if (!options.json) {
+                       progress.Wipe();
+                       Complain(line.text);
+                   }
+               });
     progress.Wipe();
     OutputFiles files;
     if (!options.registryOut.empty()) {
@@ -91,7 +107,8 @@ std::string ReplayCommand::EnvelopeTextOf(const ReplayAnswers& answers,
                       {"deadline", DurationText(DeadlineOf(options))}};
     envelope.result = {{"requests", answers.requests},
                        {"same", answers.requests - answers.differences.size()},
-                       {"differences", DifferencesJson(answers, libraries.size() > 1)}};
+                       {"differences", DifferencesJson(answers, libraries.size() > 1)},
+                       {"badLines", BadLinesJson(answers)}};
     envelope.exitStatus = StatusOf(answers);
     return EnvelopeText(envelope);
 }

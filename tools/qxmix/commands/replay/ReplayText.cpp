@@ -25,6 +25,13 @@ std::string Headline(const ReplayAnswers& answers, bool isBetweenLibraries) {
            " answered differently" + (answers.isStopped ? "; the rest was not asked" : "");
 }
 
+std::string BadLinesText(const ReplayAnswers& answers) {
+    const std::size_t bad = answers.badLines.size();
+    return bad == 0   ? ""
+           : bad == 1 ? "1 bad line was passed over\n"
+                      : std::to_string(bad) + " bad lines were passed over\n";
+}
+
 std::string ValueText(const Json& value, bool isAnswered) {
     if (value.is_null()) {
         return isAnswered ? "-" : "?";
@@ -80,7 +87,7 @@ std::string DifferenceText(const ReplayDifference& difference,
 std::string ReplayText(const ReplayAnswers& answers,
                        const std::vector<std::string>& libraries,
                        const Painter& painter) {
-    std::string text = Headline(answers, libraries.size() > 1) + "\n";
+    std::string text = Headline(answers, libraries.size() > 1) + "\n" + BadLinesText(answers);
     std::size_t shown = 0;
     for (const ReplayDifference& difference : answers.differences) {
         if (shown++ == kMostShown) {

@@ -1,6 +1,7 @@
 #include "TraceFile.h"
 
 #include "errors/Errors.h"
+#include "errors/Place.h"
 #include "files/InputFile.h"
 
 #include <cerrno>
@@ -13,7 +14,7 @@ TraceFile::TraceFile(const std::string& name,
                      bool needsAnswers,
                      std::optional<Milliseconds> deadline)
     : name_(name == "-" ? "standard input" : name), needsAnswers_(needsAnswers),
-      lines_(name == "-" ? std::cin : file_), buffer_(kLongestLine + 1),
+      lines_(name == "-" ? std::cin : file_), buffer_(kLongestLine + 2),
       reader_(AskOptions{}, deadline) {
     if (name != "-") {
         errno = 0;
@@ -26,20 +27,21 @@ TraceFile::TraceFile(const std::string& name,
     }
 }
 
-std::optional<RecordedLine> TraceFile::Next() {
+std::optional<TraceLine> TraceFile::Next() {
     while (const std::optional<std::string> text = NextText()) {
-        if (text->find_first_not_of(" \t\r") == std::string::npos) {
-            continue;
+        if (text->size() > kLongestLine) {
+            hasLines_ = true;
+            return LineError(number_, {},
+                             Place(name_ + ":" + std::to_string(number_))
+                                 .Error("more than " + std::to_string(kLongestLine) +
+                                        " bytes; expected a shorter line"));
         }
-        hasRequests_ = true;
-        RecordedLine line = ReadRecordedLine(*text, name_, number_, reader_);
-        if (needsAnswers_ && line.answer.is_null()) {
-            throw InputError(name_ + ":" + std::to_string(number_) +
-                             ": /answer: missing; expected what was answered, or two libraries");
+        if (text->find_first_not_of(" \t\r") != std::string::npos) {
+            hasLines_ = true;
+            return ReadTraceLine(*text, name_, number_, needsAnswers_, reader_);
         }
-        return line;
     }
-    if (!hasRequests_) {
+    if (!hasLines_) {
         throw InputError(name_ + ": no requests; expected a recorded one a line");
     }
     return std::nullopt;
@@ -53,14 +55,24 @@ std::optional<std::string> TraceFile::NextText() {
     }
     ++number_;
     if (lines_.fail() && size > 0) {
-        throw InputError(name_ + ":" + std::to_string(number_) + ": more than " +
-                         std::to_string(kLongestLine) + " bytes; expected a shorter line");
+        PassOverRest();
+        return std::string(buffer_.data(), size);
     }
     if (lines_.fail()) {
         return std::nullopt;
     }
     // What ended the line was counted, too, but not the end of the file.
     return std::string(buffer_.data(), lines_.eof() ? size : size - 1);
+}
+
+/// A device may go on for ever without a line end.
+void TraceFile::PassOverRest() {
+    lines_.clear();
+    lines_.ignore(static_cast<std::streamsize>(kLargestInput), '\n');
+    if (static_cast<std::size_t>(lines_.gcount()) == kLargestInput) {
+        throw InputError(name_ + ":" + std::to_string(number_) + ": more than " +
+                         std::to_string(kLargestInput) + " bytes; expected a line end");
+    }
 }
 
 }  // namespace qxmix

@@ -20,13 +20,14 @@ public:
 
     /// The next line; none at the end. Blank lines are passed over.
     ///
-    /// @throw InputError for a wrong line, and where there is no line at all: nothing would have
-    ///   been compared.
-    std::optional<RecordedLine> Next();
+    /// @throw InputError when the file cannot be read, and where there is no line at all: nothing
+    ///   would have been compared.
+    std::optional<TraceLine> Next();
 
 private:
-    /// The next line, blank or not.
+    /// The next line, blank or not; of one that is too long the beginning, and a byte too many.
     std::optional<std::string> NextText();
+    void PassOverRest();
 
     std::string name_;  // as it stands in errors
     bool needsAnswers_;
@@ -34,7 +35,7 @@ private:
     std::istream& lines_;
     std::vector<char> buffer_;  // the line being read
     std::uint64_t number_ = 0;
-    bool hasRequests_ = false;
+    bool hasLines_ = false;
     RequestReader reader_;
 };
 
