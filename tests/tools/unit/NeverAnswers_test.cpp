@@ -14,6 +14,7 @@ namespace {
 struct Decided {
     unsigned compared = 0;
     unsigned never = 0;
+    unsigned ends = 0;
     unsigned withCode = 0;
 };
 
@@ -36,6 +37,9 @@ void Compare(property::RandomCase random, Decided& decided) {
     }
     ++decided.compared;
     ASSERT_EQ(NeverAnswers(request, object.cstMinimum), outcome.neverEnds);
+    const CallEnding ending = DecideEnding(request, object.cstMinimum);
+    ASSERT_NE(ending, outcome.neverEnds ? CallEnding::Ends : CallEnding::Never);
+    decided.ends += ending == CallEnding::Ends ? 1U : 0U;
     if (outcome.neverEnds) {
         TakeErrorCode();
         LeaveAsEndlessCall(request, object.cstMinimum);
@@ -59,6 +63,7 @@ TEST(NeverAnswers, KnowsWhichCallsNeverEndAndWhatTheyLeave) {
     }
     EXPECT_GT(decided.compared, 15000U);
     EXPECT_GT(decided.never, 300U);
+    EXPECT_GT(decided.ends, 12000U);
     EXPECT_GT(decided.withCode, 30U);
 }
 

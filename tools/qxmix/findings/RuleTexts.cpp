@@ -32,6 +32,7 @@ constexpr RuleText kRuleTexts[] = {
     {"QX403", Severity::Error,   "choose another mix"},
     {"QX404", Severity::Warning, "check what is paid before money moves"},
     {"QX405", Severity::Warning, "ask without it"},
+    {"QX406", Severity::Warning, "find out which of the two the dispenser has, and ask that one"},
     {"QX501", Severity::Error,   ""},
     {"QX502", Severity::Note,    "read the remainder"},
     {"QX503", Severity::Warning, "take it off"},

@@ -19,43 +19,52 @@ CMixAlgorithm& AlgorithmWith(std::uint32_t minimum) {
 }
 
 /// The road of a request as far as its search, which is decided and not run.
-bool IsEndless(const MixRequest& request, std::uint32_t minimum, bool recordsCode) {
-    const MixPlan* const plan = FindMixPlan(request.usMixNumber);
-    if (plan == nullptr || plan->search != &Mix::CalcFirstFitEmptying) {
-        return false;  // the other searches always end
+CallEnding Decide(const MixRequest& request, std::uint32_t minimum, bool recordsCode) {
+    if (!HasEndlessCalls(request.usMixNumber)) {
+        return CallEnding::Ends;
     }
     MixRequest searched = request;
     if (searched.sExponent > 0) {
         searched.ulAmount = ScaleByPowerOfTen(searched.ulAmount, searched.sExponent);
     }
     LcuTable table;
-    (AlgorithmWith(minimum).*plan->order)(searched, table);
-    constexpr unsigned kLeastUnits = 3;  // with fewer the loops end by themselves
+    (AlgorithmWith(minimum).*FindMixPlan(request.usMixNumber)->order)(searched, table);
+    constexpr unsigned kLeastUnits = 2;  // one alone needs no search
     if (table.usCount < kLeastUnits || !HasSearchableSize(table) || !FitAmount(searched, table)) {
-        return false;
+        return CallEnding::Ends;
     }
     const SearchUnits units(searched, table);
     if (units.HaveZeroValue()) {
-        return false;
+        return CallEnding::Ends;
     }
     const FirstFitDecision decision = DecideFirstFit(units);
     if (decision.ending != FirstFitDecision::Ending::Never) {
-        return false;
+        return decision.ending == FirstFitDecision::Ending::Unknown ? CallEnding::Unknown
+                                                                    : CallEnding::Ends;
     }
     if (recordsCode) {
         decision.refusal.Record(searched, table, units);
     }
-    return true;
+    return CallEnding::Never;
 }
 
 }  // namespace
 
+CallEnding DecideEnding(const MixRequest& request, std::uint32_t minimum) {
+    return Decide(request, minimum, false);
+}
+
+bool HasEndlessCalls(std::uint16_t mix) {
+    const MixPlan* const plan = FindMixPlan(mix);
+    return plan != nullptr && plan->search == &Mix::CalcFirstFitEmptying;
+}
+
 bool NeverAnswers(const MixRequest& request, std::uint32_t minimum) {
-    return IsEndless(request, minimum, false);
+    return DecideEnding(request, minimum) == CallEnding::Never;
 }
 
 void LeaveAsEndlessCall(const MixRequest& request, std::uint32_t minimum) {
-    IsEndless(request, minimum, true);
+    Decide(request, minimum, true);
 }
 
 }  // namespace qxmix

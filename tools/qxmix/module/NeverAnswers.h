@@ -6,10 +6,21 @@
 
 namespace qxmix {
 
-/// Calls that the module would never answer, as its own operations decide it: nobody needs to make
-/// them.
-///
+/// How a call of the module would end, as its own operations decide it without the call.
+enum class CallEnding : std::uint8_t {
+    Ends,
+    Never,
+    Unknown,  ///< only the call can tell
+};
+
 /// @param minimum  most items of a unit that mixes 6 to 9 pass over.
+CallEnding DecideEnding(const MixRequest& request, std::uint32_t minimum);
+
+/// Whether there are calls of a mix that never end.
+bool HasEndlessCalls(std::uint16_t mix);
+
+/// Calls that the module would never answer: nobody needs to make them.
+///
 /// @return false also where only the call can tell: no answer may come there either.
 bool NeverAnswers(const MixRequest& request, std::uint32_t minimum);
 

@@ -3,6 +3,14 @@
 namespace qxmix {
 
 // The module's own operations are not part of this tool: the library is called, with a deadline.
+CallEnding DecideEnding(const MixRequest&, std::uint32_t) {
+    return CallEnding::Unknown;
+}
+
+bool HasEndlessCalls(std::uint16_t) {
+    return false;
+}
+
 bool NeverAnswers(const MixRequest&, std::uint32_t) {
     return false;
 }

@@ -1,6 +1,7 @@
 #include "LintAnswers.h"
 
 #include "LintSecondRound.h"
+#include "commands/map/MapDifferences.h"
 #include "errors/Errors.h"
 #include "options/MixList.h"
 #include "requests/Request.h"
@@ -19,6 +20,17 @@ void AddMixes(LintCase& lint) {
         const MixRequest request = BuildRequest(lint.TheDispenser(), 0, mix);
         const bool isAsked = std::count(asked.begin(), asked.end(), mix) != 0;
         (isAsked ? lint.mixes : lint.unasked).emplace_back(mix, Units(request, lint.taken.minimum));
+    }
+}
+
+/// Notes where another library than the tool's own behaves otherwise.
+void CompareWithOwnModule(LintCase& lint, const OpenOrder& order) {
+    OwnDecisions decisions(order.library, lint.taken.minimum);
+    for (LintMix& mix : lint.mixes) {
+        FindDifferences(lint.questions, mix.mix, mix.row, decisions,
+                        [&mix](std::uint32_t amount, LibraryDifference difference) {
+                            mix.differences[amount] = difference;
+                        });
     }
 }
 
@@ -56,6 +68,7 @@ LintCase AskLint(const LintQuestions& questions,
     }
     try {
         if (lint.isComplete) {
+            CompareWithOwnModule(lint, order);
             AskSecondRound(lint, order, asker);
         }
     } catch (const Interruption&) {

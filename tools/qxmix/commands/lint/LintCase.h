@@ -1,6 +1,7 @@
 #pragma once
 
 #include "LintCures.h"
+#include "answers/OwnDecisions.h"
 #include "commands/map/MapQuestions.h"
 #include "commands/map/MapRow.h"
 #include "units/Units.h"
@@ -36,6 +37,7 @@ struct LintMix {
     std::set<std::uint32_t> paidWithoutLimit;        ///< refused, and paid with a limit of 65535
     std::map<std::uint32_t, WhyTooMuch> whyTooMuch;  ///< of the first that it took too much for
     std::set<std::size_t> shortUnits;  ///< places in units of those that gave too little
+    std::map<std::uint32_t, LibraryDifference> differences;  ///< from the tool's own module
 
     LintCures forRefused;    ///< of what it refuses although no limit stops it
     LintCures forOverLimit;  ///< of what the limit stops

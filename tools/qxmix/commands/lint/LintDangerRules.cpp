@@ -124,4 +124,24 @@ void CheckPartialFirstFit(const LintCase& lint, LintReport& report) {
     }
 }
 
+void CheckOtherLibrary(const LintCase& lint, LintReport& report) {
+    for (const LintMix& mix : lint.mixes) {
+        for (const LibraryDifference difference :
+             {LibraryDifference::Answers, LibraryDifference::NoAnswer}) {
+            LintAnswersText text;
+            text.before = MixText(mix) + ": " + WordsOf(difference);
+            text.tell = AmountsOf(lint);
+            report.AddAnswers(mix,
+                              AnswersWhere(lint, mix,
+                                           [&](const LintAnswer& answer) {
+                                               const auto known =
+                                                   mix.differences.find(answer.amount);
+                                               return known != mix.differences.end() &&
+                                                      known->second == difference;
+                                           }),
+                              text);
+        }
+    }
+}
+
 }  // namespace qxmix

@@ -29,6 +29,7 @@ const std::vector<LintRule>& LintRules() {
         {"QX403", CheckEndlessPair},
         {"QX404", CheckCleanFirstFit},
         {"QX405", CheckPartialFirstFit},
+        {"QX406", CheckOtherLibrary},
         {"QX501", CheckTooLittle},
         {"QX502", CheckNothingPaid},
         {"QX503", CheckButtons},

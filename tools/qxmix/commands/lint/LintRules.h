@@ -54,6 +54,7 @@ void CheckNoAnswer(const LintCase& lint, LintReport& report);
 void CheckEndlessPair(const LintCase& lint, LintReport& report);
 void CheckCleanFirstFit(const LintCase& lint, LintReport& report);
 void CheckPartialFirstFit(const LintCase& lint, LintReport& report);
+void CheckOtherLibrary(const LintCase& lint, LintReport& report);
 
 // ... LintAnswerRules.cpp ...
 void CheckTooLittle(const LintCase& lint, LintReport& report);

@@ -1,6 +1,7 @@
 #include "MapCommand.h"
 
 #include "MapCsv.h"
+#include "MapDifferences.h"
 #include "MapJson.h"
 #include "MapPage.h"
 #include "MapSize.h"
@@ -47,8 +48,10 @@ ExitStatus MapCommand::Run(const CommonOptions& options) {
     AskedModule module(options.Library(), options, questions.dispenser);
     module.Open();
     Progress progress(Info().name, questions.CellCount(), options.quiet);
-    const MapAnswers answers = AskMap(questions, module.order, options.Trace(),
-                                      [&progress](const WorkProgress& now) { progress.Show(now); });
+    MapAnswers answers = AskMap(questions, module.order, options.Trace(),
+                                [&progress](const WorkProgress& now) { progress.Show(now); });
+    OwnDecisions decisions(module.order.library, module.asker.Open().minimum);
+    const std::vector<Finding> differences = DifferencesOf(questions, answers, decisions);
     progress.Wipe();
     if (answers.amountCount == 0 && !options.json) {
         throw Interruption();
@@ -57,13 +60,14 @@ ExitStatus MapCommand::Run(const CommonOptions& options) {
     Envelope envelope = EnvelopeBy(module.asker, Info().name);
     envelope.complete = answers.isComplete;
     envelope.warnings = FindingsOf(questions, answers);
+    envelope.warnings.insert(envelope.warnings.end(), differences.begin(), differences.end());
     envelope.exitStatus = ExitStatusOf(answers);
     if (options.json || NeedsResult(form)) {
         envelope.input = MapInputJson(questions);
         envelope.result = MapResultJson(questions, answers);
     }
     const AnswerForms forms{
-        [&](const Painter& painter) { return MapText(questions, answers, painter); },
+        [&](const Painter& painter) { return MapText(questions, answers, differences, painter); },
         [&] { return MapCsv(questions, answers); },
         [&] { return MapPage(questions, answers, envelope, CommandLine(questions, options)); }};
     return output_.Write(options, envelope, forms,

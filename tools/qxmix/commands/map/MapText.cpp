@@ -119,8 +119,10 @@ std::string InterruptionText(const MapQuestions& questions, const MapAnswers& an
 
 }  // namespace
 
-std::string
-MapText(const MapQuestions& questions, const MapAnswers& answers, const Painter& painter) {
+std::string MapText(const MapQuestions& questions,
+                    const MapAnswers& answers,
+                    const std::vector<Finding>& differences,
+                    const Painter& painter) {
     const MapVerdict verdict = VerdictOf(questions, answers);
     const std::size_t before = verdict.word.size() + 2;
     std::vector<std::string> parts;
@@ -139,7 +141,8 @@ MapText(const MapQuestions& questions, const MapAnswers& answers, const Painter&
     for (std::size_t row = 0; row < answers.rows.size(); ++row) {
         text += RowLine(questions.mixes[row], WorstOf(answers.rows[row], stretch), painter);
     }
-    return text + LegendText(answers, stretch, painter) + InterruptionText(questions, answers);
+    return text + LegendText(answers, stretch, painter) +
+           FindingsText(differences, false, painter) + InterruptionText(questions, answers);
 }
 
 }  // namespace qxmix

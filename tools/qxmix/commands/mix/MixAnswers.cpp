@@ -29,6 +29,9 @@ MixAnswers AskMixes(const MixQuestions& questions, Asker& asker, bool keepsRegis
             }
         }
         known.findings = DangersOf(questions, known.answers, asker);
+        for (const Finding& finding : DifferencesOf(questions, known.answers, asker)) {
+            known.findings.push_back(finding);
+        }
     } catch (const Interruption&) {
         known.isComplete = false;
     }

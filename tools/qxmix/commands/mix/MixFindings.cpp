@@ -1,7 +1,9 @@
 #include "MixFindings.h"
 
+#include "answers/OwnDecisions.h"
 #include "dispenser/ReadableMoney.h"
 #include "findings/RuleTexts.h"
+#include "module/LibrarySearch.h"
 #include "options/MixList.h"
 #include "text/Duration.h"
 #include "text/TextList.h"
@@ -97,6 +99,29 @@ DangersOf(const MixQuestions& questions, const std::vector<MixAnswer>& answers, 
             finding.message = "mix " + std::to_string(answer.mix) + ": " + finding.message;
         }
         finding.advice = advice;
+        findings.push_back(finding);
+    }
+    return findings;
+}
+
+std::vector<Finding>
+DifferencesOf(const MixQuestions& questions, const std::vector<MixAnswer>& answers, Asker& asker) {
+    if (IsOwnLibrary(asker.Library())) {
+        return {};
+    }
+    OwnDecisions decisions(asker.Library(), asker.Open().minimum);
+    std::vector<Finding> findings;
+    for (const MixAnswer& answer : answers) {
+        const LibraryDifference difference = decisions.Of(answer.request, answer.reply.ending.kind);
+        if (difference == LibraryDifference::None) {
+            continue;
+        }
+        Finding finding = FindingOf("QX406");
+        finding.mix = answer.mix;
+        finding.pointer = "/mix";
+        finding.message =
+            (questions.asksList ? "mix " + std::to_string(answer.mix) + ": " : std::string()) +
+            WordsOf(difference);
         findings.push_back(finding);
     }
     return findings;

@@ -15,4 +15,9 @@ Finding DangerOf(std::uint16_t mix, const Judgement& judgement, Milliseconds dea
 std::vector<Finding>
 DangersOf(const MixQuestions& questions, const std::vector<MixAnswer>& answers, Asker& asker);
 
+/// Where a library other than the tool's own answers or does not answer, and the tool's own module
+/// decides otherwise.
+std::vector<Finding>
+DifferencesOf(const MixQuestions& questions, const std::vector<MixAnswer>& answers, Asker& asker);
+
 }  // namespace qxmix
