@@ -89,5 +89,16 @@ TEST(LintQX405, WarnsOfPartialAmounts) {
     EXPECT_EQ(Said(LintOf("EUR:50x10,20x10,10x10").Mixes({4}), "QX405"), Lines{});
 }
 
+TEST(LintQX406, TellsWhereAnotherLibraryDiffersFromTheModule) {
+    const LintOf lint = LintOf(kFourNotes).Mixes({1, 4}).Amounts({50, 60, 1002});
+    EXPECT_EQ(
+        Said(LintOf(lint).Library(QXMIX_FAKE_MODULE), "QX406"),
+        (Lines{"/mix: mix 1: the library gives no answer, where the tool's own module ends on "
+               "1 amount: 1002",
+               "/mix: mix 4: the library answers, where the tool's own module never does on 1 "
+               "amount: 60"}));
+    EXPECT_EQ(Said(lint, "QX406"), Lines{}) << "the module itself";
+}
+
 }  // namespace
 }  // namespace qxmix

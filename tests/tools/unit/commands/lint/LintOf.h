@@ -24,6 +24,7 @@ struct LintOf {
     std::string registryFile;
     bool isRangeNamed = true;
     Milliseconds deadline{50};
+    std::string library = QXMIX_MODULE;
 
     LintOf& Mixes(std::vector<std::uint16_t> asked) {
         mixes = std::move(asked);
@@ -55,6 +56,11 @@ struct LintOf {
         return *this;
     }
 
+    LintOf& Library(const char* asked) {
+        library = asked;
+        return *this;
+    }
+
     /// A value of REG_SZ.
     LintOf& Minimum(const std::string& text) {
         dispenser.registry.push_back({kCstMinimum4Mix6, kRegSz, TextBytes(text)});
@@ -71,7 +77,7 @@ struct LintOf {
         questions.registry = registry.empty() ? RegistryOf(dispenser.registry) : registry;
         questions.registryFile = registryFile;
         questions.isRangeNamed = isRangeNamed;
-        const OpenOrder order{QXMIX_MODULE, questions.registry};
+        const OpenOrder order{library, questions.registry};
         Asker asker(order.library, order.registry);
         return AskLint(questions, order, asker, nullptr, [](const WorkProgress&) {});
     }
