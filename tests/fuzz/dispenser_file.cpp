@@ -8,6 +8,7 @@
 #include "dispenser/DispenserReader.h"
 #include "dispenser/InlineDispenser.h"
 #include "errors/Errors.h"
+#include "json/Json.h"
 #include "json/JsonText.h"
 
 namespace {

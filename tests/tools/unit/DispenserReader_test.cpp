@@ -4,6 +4,7 @@
 #include "NumberedName.h"
 #include "dispenser/DispenserJson.h"
 #include "dispenser/StoredValues.h"
+#include "json/Json.h"
 #include "json/JsonText.h"
 
 #include <gtest/gtest.h>

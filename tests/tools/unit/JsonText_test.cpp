@@ -1,6 +1,7 @@
 #include "json/JsonText.h"
 
 #include "ErrorText.h"
+#include "json/Json.h"
 
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+#include "json/Json.h"
 #include "pages/PageParts.h"
 
 #include <gtest/gtest.h>

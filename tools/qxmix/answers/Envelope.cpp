@@ -1,6 +1,7 @@
 #include "Envelope.h"
 
 #include "ToolVersion.h"
+#include "json/Json.h"
 #include "module/LibrarySearch.h"
 
 namespace qxmix {

@@ -1,5 +1,6 @@
 #include "ResultJson.h"
 
+#include "json/Json.h"
 #include "terminal/Terminal.h"
 
 namespace qxmix {

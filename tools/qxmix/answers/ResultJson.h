@@ -3,7 +3,7 @@
 #include "Dangers.h"
 #include "Judgement.h"
 #include "dispenser/Dispenser.h"
-#include "json/Json.h"
+#include "json/JsonName.h"
 #include "workers/Worker.h"
 
 #include <string>

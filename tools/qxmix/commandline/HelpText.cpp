@@ -3,6 +3,7 @@
 #include "terminal/Table.h"
 #include "text/TextList.h"
 
+#include <CLI/App.hpp>
 #include <CLI/Option.hpp>
 #include <utility>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "options/Command.h"
+#include "options/Parser.h"
 
-#include <CLI/App.hpp>
 #include <memory>
 #include <string>
 #include <vector>

@@ -3,6 +3,7 @@
 #include "ToolVersion.h"
 #include "answers/Envelope.h"
 #include "files/Output.h"
+#include "json/Json.h"
 #include "module/LibrarySearch.h"
 #include "terminal/Terminal.h"
 

@@ -2,6 +2,7 @@
 
 #include "RecordedDemand.h"
 #include "files/InputFile.h"
+#include "json/Json.h"
 #include "json/JsonFields.h"
 #include "json/JsonText.h"
 #include "sheets/SheetText.h"

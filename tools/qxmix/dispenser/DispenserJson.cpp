@@ -2,6 +2,7 @@
 
 #include "StoredValues.h"
 #include "UnitNames.h"
+#include "json/Json.h"
 
 namespace qxmix {
 

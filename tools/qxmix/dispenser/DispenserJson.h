@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Dispenser.h"
-#include "json/Json.h"
+#include "json/JsonName.h"
 
 namespace qxmix {
 

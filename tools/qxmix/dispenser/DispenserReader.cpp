@@ -4,6 +4,7 @@
 #include "StoredValues.h"
 #include "UnitNames.h"
 #include "errors/NearestName.h"
+#include "json/Json.h"
 #include "json/JsonFields.h"
 #include "json/JsonText.h"
 

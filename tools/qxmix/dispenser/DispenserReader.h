@@ -2,8 +2,8 @@
 
 #include "Dispenser.h"
 #include "files/InputFile.h"
-#include "json/Json.h"
 #include "json/JsonFields.h"
+#include "json/JsonName.h"
 
 #include <functional>
 #include <string>

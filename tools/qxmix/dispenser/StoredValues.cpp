@@ -1,5 +1,6 @@
 #include "StoredValues.h"
 
+#include "json/Json.h"
 #include "json/JsonText.h"
 #include "text/Hex.h"
 

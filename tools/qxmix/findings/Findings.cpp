@@ -1,5 +1,6 @@
 #include "Findings.h"
 
+#include "json/Json.h"
 #include "terminal/WrappedText.h"
 #include "text/TextList.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "errors/Errors.h"
-#include "json/Json.h"
+#include "json/JsonName.h"
 #include "terminal/Terminal.h"
 
 #include <cstdint>

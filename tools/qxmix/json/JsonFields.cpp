@@ -1,5 +1,6 @@
 #include "JsonFields.h"
 
+#include "Json.h"
 #include "JsonText.h"
 #include "errors/NearestName.h"
 

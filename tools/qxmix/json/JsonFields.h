@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Json.h"
+#include "JsonName.h"
 #include "errors/Place.h"
 
 #include <cstdint>

@@ -1,5 +1,6 @@
 #include "JsonText.h"
 
+#include "Json.h"
 #include "errors/Place.h"
 
 #include <algorithm>

@@ -1,5 +1,7 @@
 #include "StepPath.h"
 
+#include "Json.h"
+
 #include <string>
 
 namespace qxmix {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Json.h"
+#include "JsonName.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,5 +1,7 @@
 #include "options/SystemOptions.h"
 
+#include <CLI/App.hpp>
+
 namespace qxmix {
 
 void LimitOptions(CLI::App&) {

@@ -4,6 +4,8 @@
 #include "CommonOptions.h"
 #include "errors/Errors.h"
 
+#include <CLI/App.hpp>
+
 namespace qxmix {
 
 AmountRange AmountRangeOptions::RangeOf(const Dispenser& dispenser) const {

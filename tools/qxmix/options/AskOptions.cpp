@@ -8,6 +8,7 @@
 #include "json/JsonFields.h"
 #include "text/ParseWhole.h"
 
+#include <CLI/App.hpp>
 #include <algorithm>
 
 namespace qxmix {

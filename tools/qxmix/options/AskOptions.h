@@ -1,8 +1,8 @@
 #pragma once
 
+#include "Parser.h"
 #include "dispenser/Dispenser.h"
 
-#include <CLI/App.hpp>
 #include <cstdint>
 #include <optional>
 #include <string>

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "CommonOptions.h"
+#include "Parser.h"
 #include "errors/Errors.h"
 
-#include <CLI/App.hpp>
 #include <memory>
 #include <string>
 #include <vector>

@@ -6,6 +6,7 @@
 #include "text/Duration.h"
 #include "text/ParseWhole.h"
 
+#include <CLI/App.hpp>
 #include <cstdio>
 #include <map>
 

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "Parser.h"
 #include "dispenser/Dispenser.h"
 #include "terminal/Terminal.h"
 #include "workers/Asker.h"
 
-#include <CLI/App.hpp>
 #include <cstdint>
 #include <functional>
 #include <optional>

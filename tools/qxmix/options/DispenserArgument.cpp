@@ -3,6 +3,8 @@
 #include "dispenser/DispenserReader.h"
 #include "errors/Errors.h"
 
+#include <CLI/App.hpp>
+
 namespace qxmix {
 
 void AddDispenserArgument(CLI::App& command, std::string& name) {

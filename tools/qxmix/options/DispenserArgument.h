@@ -1,8 +1,8 @@
 #pragma once
 
 #include "AskOptions.h"
+#include "Parser.h"
 
-#include <CLI/App.hpp>
 #include <string>
 
 namespace qxmix {

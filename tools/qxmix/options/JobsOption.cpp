@@ -2,6 +2,7 @@
 
 #include "CommonOptions.h"
 
+#include <CLI/App.hpp>
 #include <algorithm>
 #include <thread>
 

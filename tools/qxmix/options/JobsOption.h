@@ -1,6 +1,7 @@
 #pragma once
 
-#include <CLI/App.hpp>
+#include "Parser.h"
+
 #include <cstddef>
 
 namespace qxmix {

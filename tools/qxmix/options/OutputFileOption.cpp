@@ -2,6 +2,8 @@
 
 #include "errors/Errors.h"
 
+#include <CLI/App.hpp>
+
 namespace qxmix {
 
 void AddOutputFileOption(CLI::App& command,

@@ -3,6 +3,8 @@
 #include "OutputFileOption.h"
 #include "files/Output.h"
 
+#include <CLI/App.hpp>
+
 namespace qxmix {
 
 void OutputOption::AddTo(CLI::App& command, const std::string& answer) {

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "CommonOptions.h"
+#include "Parser.h"
 #include "answers/AnswerForms.h"
 #include "files/OutputForm.h"
 
-#include <CLI/App.hpp>
 #include <optional>
 #include <string>
 

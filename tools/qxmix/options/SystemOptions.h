@@ -1,6 +1,6 @@
 #pragma once
 
-#include <CLI/App.hpp>
+#include "Parser.h"
 
 namespace qxmix {
 

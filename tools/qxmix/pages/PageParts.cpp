@@ -3,6 +3,7 @@
 #include "PageHtml.h"
 #include "Pages.h"
 #include "ToolVersion.h"
+#include "json/Json.h"
 #include "terminal/Terminal.h"
 
 #include <map>

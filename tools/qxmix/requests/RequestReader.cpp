@@ -4,6 +4,7 @@
 #include "dispenser/DispenserReader.h"
 #include "dispenser/InlineDispenser.h"
 #include "files/RegularFile.h"
+#include "json/Json.h"
 #include "json/JsonText.h"
 #include "text/Hex.h"
 

@@ -3,7 +3,7 @@
 #include "Records.h"
 #include "dispenser/Dispenser.h"
 #include "errors/Place.h"
-#include "json/Json.h"
+#include "json/JsonName.h"
 #include "options/AskOptions.h"
 #include "workers/FileReader.h"
 

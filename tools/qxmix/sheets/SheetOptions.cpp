@@ -5,6 +5,7 @@
 #include "options/ShellWords.h"
 #include "text/TextList.h"
 
+#include <CLI/App.hpp>
 #include <algorithm>
 
 namespace qxmix {

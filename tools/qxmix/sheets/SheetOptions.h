@@ -2,8 +2,8 @@
 
 #include "SheetColumns.h"
 #include "SheetTime.h"
+#include "options/Parser.h"
 
-#include <CLI/App.hpp>
 #include <optional>
 #include <string>
 #include <vector>

@@ -2,6 +2,7 @@
 
 #include "errors/Errors.h"
 
+#include <CLI/App.hpp>
 #include <initializer_list>
 
 namespace qxmix {

@@ -6,6 +6,7 @@
 #include "answers/ResultJson.h"
 #include "commands/mix/MixFindings.h"
 #include "dispenser/DispenserJson.h"
+#include "json/Json.h"
 #include "module/LibrarySearch.h"
 #include "text/Duration.h"
 

@@ -7,6 +7,8 @@
 #include "terminal/Console.h"
 #include "terminal/Progress.h"
 
+#include <CLI/App.hpp>
+
 namespace qxmix {
 
 const CommandInfo& BatchCommand::Info() const {

@@ -2,6 +2,7 @@
 
 #include "BatchAnswer.h"
 #include "files/InputFile.h"
+#include "json/Json.h"
 #include "json/JsonText.h"
 #include "module/RegistryImage.h"
 #include "terminal/Terminal.h"

@@ -11,6 +11,7 @@
 #include "options/DispenserArgument.h"
 #include "terminal/Progress.h"
 
+#include <CLI/App.hpp>
 #include <algorithm>
 #include <numeric>
 

@@ -2,6 +2,7 @@
 
 #include "answers/ResultJson.h"
 #include "dispenser/DispenserJson.h"
+#include "json/Json.h"
 #include "text/Duration.h"
 
 namespace qxmix {

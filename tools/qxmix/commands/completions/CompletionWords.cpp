@@ -3,6 +3,7 @@
 #include "options/MixList.h"
 #include "text/TextList.h"
 
+#include <CLI/App.hpp>
 #include <map>
 
 namespace qxmix {

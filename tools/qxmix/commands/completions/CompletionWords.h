@@ -1,6 +1,7 @@
 #pragma once
 
-#include <CLI/App.hpp>
+#include "options/Parser.h"
+
 #include <string>
 #include <vector>
 

@@ -4,6 +4,7 @@
 #include "answers/Envelope.h"
 #include "files/Output.h"
 
+#include <CLI/App.hpp>
 #include <map>
 
 namespace qxmix {

@@ -9,10 +9,12 @@
 #include "dispenser/DispenserReader.h"
 #include "files/InputFile.h"
 #include "files/Output.h"
+#include "json/Json.h"
 #include "options/AskedModule.h"
 #include "requests/Request.h"
 #include "text/Duration.h"
 
+#include <CLI/App.hpp>
 #include <optional>
 
 namespace qxmix {

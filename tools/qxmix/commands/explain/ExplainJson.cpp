@@ -2,6 +2,7 @@
 
 #include "answers/ResultJson.h"
 #include "dispenser/UnitNames.h"
+#include "json/Json.h"
 
 namespace qxmix {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Explanation.h"
-#include "json/Json.h"
+#include "json/JsonName.h"
 
 namespace qxmix {
 

@@ -2,6 +2,7 @@
 
 #include "LintReport.h"
 #include "dispenser/DispenserJson.h"
+#include "json/Json.h"
 #include "options/MixList.h"
 #include "terminal/Terminal.h"
 #include "text/TextList.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "LintCase.h"
-#include "json/Json.h"
+#include "json/JsonName.h"
 
 #include <string>
 

@@ -1,6 +1,7 @@
 #include "CashUnitCodes.h"
 #include "LintRules.h"
 #include "answers/Judgement.h"
+#include "json/Json.h"
 #include "options/MixList.h"
 #include "terminal/Terminal.h"
 #include "text/TextList.h"

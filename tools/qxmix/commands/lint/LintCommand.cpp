@@ -14,6 +14,7 @@
 #include "terminal/Progress.h"
 #include "text/Duration.h"
 
+#include <CLI/App.hpp>
 #include <algorithm>
 
 namespace qxmix {

@@ -1,5 +1,6 @@
 #include "LintRules.h"
 #include "answers/Judgement.h"
+#include "json/Json.h"
 #include "options/MixList.h"
 
 #include <algorithm>

@@ -1,6 +1,7 @@
 #include "LintJson.h"
 
 #include "dispenser/DispenserJson.h"
+#include "json/Json.h"
 #include "text/Duration.h"
 
 namespace qxmix {

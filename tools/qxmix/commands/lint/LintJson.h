@@ -1,7 +1,7 @@
 #pragma once
 
 #include "LintReport.h"
-#include "json/Json.h"
+#include "json/JsonName.h"
 
 #include <vector>
 

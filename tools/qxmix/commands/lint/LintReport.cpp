@@ -3,6 +3,7 @@
 #include "LintAdvice.h"
 #include "answers/Judgement.h"
 #include "dispenser/ReadableMoney.h"
+#include "json/Json.h"
 #include "options/MixList.h"
 
 #include <algorithm>

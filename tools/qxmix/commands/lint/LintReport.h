@@ -2,6 +2,7 @@
 
 #include "LintCase.h"
 #include "findings/Findings.h"
+#include "json/Json.h"
 
 #include <functional>
 #include <optional>

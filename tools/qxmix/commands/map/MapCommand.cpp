@@ -15,6 +15,8 @@
 #include "terminal/Progress.h"
 #include "text/Duration.h"
 
+#include <CLI/App.hpp>
+
 namespace qxmix {
 
 namespace {

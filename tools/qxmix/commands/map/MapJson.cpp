@@ -3,6 +3,7 @@
 #include "answers/Judgement.h"
 #include "answers/ResultJson.h"
 #include "dispenser/DispenserJson.h"
+#include "json/Json.h"
 #include "json/StepPath.h"
 #include "terminal/Terminal.h"
 #include "text/Duration.h"

@@ -3,6 +3,8 @@
 #include "errors/Errors.h"
 #include "options/DispenserArgument.h"
 
+#include <CLI/App.hpp>
+
 namespace qxmix {
 
 MixQuestions AmountArguments::Questions() const {

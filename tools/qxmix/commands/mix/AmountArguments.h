@@ -3,8 +3,8 @@
 #include "MixAnswers.h"
 #include "options/AskOptions.h"
 #include "options/MixChoice.h"
+#include "options/Parser.h"
 
-#include <CLI/App.hpp>
 #include <string>
 
 namespace qxmix {

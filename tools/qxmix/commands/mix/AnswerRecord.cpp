@@ -2,6 +2,7 @@
 
 #include "answers/ResultJson.h"
 #include "files/LineFile.h"
+#include "json/Json.h"
 #include "requests/Request.h"
 #include "text/Hex.h"
 

@@ -9,11 +9,14 @@
 #include "dispenser/DispenserReader.h"
 #include "files/InputFile.h"
 #include "files/Output.h"
+#include "json/Json.h"
 #include "options/AskedModule.h"
 #include "options/OutputFileOption.h"
 #include "requests/Request.h"
 #include "text/Duration.h"
 #include "text/Hex.h"
+
+#include <CLI/App.hpp>
 
 namespace qxmix {
 

@@ -6,6 +6,7 @@
 #include "dispenser/StoredValues.h"
 #include "errors/NearestName.h"
 #include "files/Output.h"
+#include "json/Json.h"
 #include "json/JsonFields.h"
 #include "module/LibrarySearch.h"
 #include "module/RegistryImage.h"
@@ -14,6 +15,7 @@
 #include "text/Hex.h"
 #include "text/ParseWhole.h"
 
+#include <CLI/App.hpp>
 #include <algorithm>
 
 namespace qxmix {

@@ -2,6 +2,7 @@
 
 #include "answers/Outcome.h"
 #include "errors/NearestName.h"
+#include "json/Json.h"
 #include "json/JsonFields.h"
 #include "json/JsonText.h"
 

@@ -2,6 +2,7 @@
 
 #include "answers/Judgement.h"
 #include "answers/ResultJson.h"
+#include "json/Json.h"
 
 namespace qxmix {
 

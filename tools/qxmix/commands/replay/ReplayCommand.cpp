@@ -4,9 +4,12 @@
 #include "TraceFile.h"
 #include "answers/Envelope.h"
 #include "files/Output.h"
+#include "json/Json.h"
 #include "module/LibrarySearch.h"
 #include "terminal/Progress.h"
 #include "text/Duration.h"
+
+#include <CLI/App.hpp>
 
 namespace qxmix {
 

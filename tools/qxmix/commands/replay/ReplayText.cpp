@@ -1,6 +1,7 @@
 #include "ReplayText.h"
 
 #include "dispenser/ReadableMoney.h"
+#include "json/Json.h"
 #include "terminal/Table.h"
 #include "text/TextList.h"
 

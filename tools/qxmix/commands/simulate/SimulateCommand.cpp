@@ -13,6 +13,8 @@
 #include "options/ShellWords.h"
 #include "terminal/Progress.h"
 
+#include <CLI/App.hpp>
+
 namespace qxmix {
 
 namespace {

@@ -3,6 +3,7 @@
 #include "SimulationRanking.h"
 #include "answers/ResultJson.h"
 #include "dispenser/DispenserJson.h"
+#include "json/Json.h"
 #include "json/StepPath.h"
 #include "text/Duration.h"
 

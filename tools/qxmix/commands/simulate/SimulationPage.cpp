@@ -3,6 +3,7 @@
 #include "SimulationRanking.h"
 #include "SimulationVerdict.h"
 #include "answers/Dangers.h"
+#include "json/Json.h"
 #include "options/ShellWords.h"
 #include "pages/PageHtml.h"
 #include "pages/PageParts.h"

@@ -2,9 +2,12 @@
 
 #include "answers/Envelope.h"
 #include "files/Output.h"
+#include "json/Json.h"
 #include "module/LibrarySearch.h"
 #include "terminal/Table.h"
 #include "text/Duration.h"
+
+#include <CLI/App.hpp>
 
 namespace qxmix {
 

@@ -5,6 +5,7 @@
 #include "commands/explain/ExplainJson.h"
 #include "commands/explain/ExplainText.h"
 #include "dispenser/InlineDispenser.h"
+#include "json/Json.h"
 #include "text/TextList.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 #include "LintOf.h"
+#include "json/Json.h"
 #include "requests/Request.h"
 
 namespace qxmix {

@@ -2,6 +2,7 @@
 #include "RandomDispenser.h"
 #include "answers/Judgement.h"
 #include "dispenser/DispenserJson.h"
+#include "json/Json.h"
 #include "options/MixList.h"
 #include "requests/Request.h"
 
