@@ -1,5 +1,5 @@
 // Calls the shared library with named requests and has callgrind dump each call's costs under the
-// request's name. Run under `valgrind --tool=callgrind`; scripts/count-instructions does.
+// request's name. Run under `valgrind --tool=callgrind`; scripts/lib/count-instructions does.
 
 #include "HostRequest.h"
 

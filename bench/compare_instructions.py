@@ -92,7 +92,7 @@ def read_stored(path):
 
 def store(path, counts):
     lines = ["# Instructions inside libQXMIX.so: of the whole call, and of the search in it.",
-             "# Written by scripts/count-instructions --store."]
+             "# Written by scripts/lib/count-instructions --store."]
     lines += [f"{name:<28} {whole:>7} {search:>7}" for name, (whole, search) in counts.items()]
     path.write_text("\n".join(lines) + "\n")
 

@@ -27,7 +27,7 @@ protected:
         const Bytes library = FileOf(PathOf(GetParam().library));
         if (library.empty()) {
             GTEST_SKIP() << "there is no " << PathOf(GetParam().library)
-                         << ": run scripts/build-dlls";
+                         << ": run scripts/lib/build-dlls";
         }
         library_ = ReadPe(library);
         std::string pattern = testing::TempDir() + "hostsXXXXXX";

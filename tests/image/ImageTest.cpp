@@ -33,7 +33,7 @@ void ImageTest::SetUp() {
     const std::string path = PathOf(TheTarget());
     const Bytes file = FileOf(path);
     if (file.empty()) {
-        GTEST_SKIP() << "there is no " << path << ": run scripts/build-dlls";
+        GTEST_SKIP() << "there is no " << path << ": run scripts/lib/build-dlls";
     }
     library_ = ReadPe(file);
     Reload();

@@ -14,7 +14,7 @@ enum class Target {
     Desktop,
 };
 
-/// Folder that scripts/build-dlls fills.
+/// Folder that scripts/lib/build-dlls fills.
 std::string DllFolder();
 
 /// The library file of a target, and the file's bytes.

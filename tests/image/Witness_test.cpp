@@ -118,7 +118,7 @@ class LibraryWitness : public Witness {
 protected:
     void AskAbout(Target target, const std::string& script) {
         if (FileOf(PathOf(target)).empty()) {
-            GTEST_SKIP() << "there is no " << PathOf(target) << ": run scripts/build-dlls";
+            GTEST_SKIP() << "there is no " << PathOf(target) << ": run scripts/lib/build-dlls";
         }
         DrawQuestions();
         Ask(script, target);

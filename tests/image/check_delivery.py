@@ -2,7 +2,7 @@
 
     check_delivery.py PROJECT LIBRARIES
 
-LIBRARIES is what scripts/build-dlls made. The second delivery comes from a copy of the sources in
+LIBRARIES is what scripts/lib/build-dlls made. The second delivery comes from a copy of the sources in
 another folder, built anew. Prints one line per thing that is wrong.
 """
 
@@ -37,7 +37,7 @@ def bytes_of(folder):
 def make(project, *arguments):
     """With rights that a careful user takes from all new files: a delivery is for everybody."""
     return subprocess.run(
-        [project / "scripts/make-dist", *arguments],
+        [project / "scripts/lib/make-dist", *arguments],
         capture_output=True, text=True, check=False, umask=0o077,
     )
 
@@ -175,7 +175,7 @@ def check_refusals(project, delivery, folder):
 def main():
     project, libraries = pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2])
     if not (libraries / "windows/QXMIX.dll").exists():
-        print(f"SKIPPED: there is no {libraries}/windows/QXMIX.dll: run scripts/build-dlls")
+        print(f"SKIPPED: there is no {libraries}/windows/QXMIX.dll: run scripts/lib/build-dlls")
         return 0
     with tempfile.TemporaryDirectory(prefix="qxmix-delivery-") as name:
         folder = pathlib.Path(name)

@@ -2,7 +2,7 @@
 
     check_library.py device|device-armv4t|windows FOLDER
 
-FOLDER is what scripts/build-dlls made for that target. Prints one line per thing that is wrong.
+FOLDER is what scripts/lib/build-dlls made for that target. Prints one line per thing that is wrong.
 """
 
 import pathlib
@@ -263,7 +263,7 @@ def main():
     target, folder = sys.argv[1], pathlib.Path(sys.argv[2])
     path = folder / "QXMIX.dll"
     if not path.exists():
-        print(f"SKIPPED: there is no {path}: run scripts/build-dlls")
+        print(f"SKIPPED: there is no {path}: run scripts/lib/build-dlls")
         return 0
     if target != "windows" and shutil.which("arm-none-eabi-objdump") is None:
         print("SKIPPED: binutils-arm-none-eabi is not installed")

@@ -57,10 +57,12 @@ expect_refusal() {
     expect_untouched "$*"
 }
 
-for script in scripts/*; do
-    [ -d "$script" ] || expect_help "$script"
-    [ -d "$script" ] || expect_refusal "$script" --unknown-word
-    [ -d "$script" ] || expect_refusal "$script" unknown-word
+for script in scripts/* scripts/lib/*; do
+    [ ! -f "$script" ] || [ ! -x "$script" ] || {
+        expect_help "$script"
+        expect_refusal "$script" --unknown-word
+        expect_refusal "$script" unknown-word
+    }
 done
 for script in tools/mutate/mutate tests/image/witness/make-wine-root; do
     expect_help "$script"
@@ -71,16 +73,16 @@ expect_refusal tests/image/witness/make-wine-root folder unknown-word
 # Behind words that are known.
 expect_refusal scripts/checks format unknown-word
 expect_refusal scripts/campaign proofs unknown-word
-expect_refusal scripts/digests host unknown-word
-expect_refusal scripts/prove residues unknown-word
-expect_refusal scripts/fuzz 20 unknown-word
-expect_refusal scripts/fuzz --merge any_request unknown-word
-expect_refusal scripts/coverage --without-tool unknown-word
-expect_refusal scripts/count-instructions --store unknown-word
+expect_refusal scripts/lib/digests host unknown-word
+expect_refusal scripts/lib/prove residues unknown-word
+expect_refusal scripts/lib/fuzz 20 unknown-word
+expect_refusal scripts/lib/fuzz --merge any_request unknown-word
+expect_refusal scripts/lib/coverage --without-tool unknown-word
+expect_refusal scripts/lib/count-instructions --store unknown-word
 expect_refusal scripts/bench --benchmark_filter=x unknown-word
-expect_refusal scripts/build-dlls --output folder unknown-word
-expect_refusal scripts/build-windows-tool --output folder unknown-word
-expect_refusal scripts/make-dist --output folder unknown-word
+expect_refusal scripts/lib/build-dlls --output folder unknown-word
+expect_refusal scripts/lib/build-windows-tool --output folder unknown-word
+expect_refusal scripts/lib/make-dist --output folder unknown-word
 
 # In the temporary folder others may have put a link of a name that can be guessed.
 cd "$source"

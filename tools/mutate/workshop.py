@@ -114,7 +114,7 @@ class Workshop:
                 return "killed", "tests do not compile"
             if self._fingerprint(test) != self.original[test] and not self._passes(test):
                 return "killed", test.name
-        if self.counts_instructions and self._run(["scripts/count-instructions"], check=False) != 0:
+        if self.counts_instructions and self._run(["scripts/lib/count-instructions"], check=False) != 0:
             return "work", "instruction counts"
         return "survived", ""
 
