@@ -4,8 +4,8 @@
 
 /// Narrows a walk to combinations whose counts differ by no more than the width of the band.
 ///
-/// The band is for units that SpreadBound fits: then the largest width times all values stays below
-/// 2^29, and the rest below 2^31, so that no sum here wraps.
+/// The band is for units that UnevennessBound fits: then the largest width times all values stays
+/// below 2^29, and the rest below 2^31, so that no sum here wraps.
 class Band {
 public:
     Band(const SearchUnits& units, std::uint32_t mostShortfall, std::uint32_t bandWidth) noexcept

@@ -1,15 +1,15 @@
 #include "Band.h"
 #include "CMixAlgorithm.h"
 #include "MostEven.h"
-#include "SpreadBound.h"
+#include "UnevennessBound.h"
 
 namespace {
 
 /// How unequal the numbers of items are: the sum of (k * n(i) - S)^2 over k units with S items in
 /// all, which is k * (k * sum of n(i)^2 - S^2). Everything wraps at 32 bits.
-class Spread {
+class Unevenness {
 public:
-    explicit Spread(const SearchUnits& units) noexcept
+    explicit Unevenness(const SearchUnits& units) noexcept
         : units_(units), mostItems_(units.HaveCoins() ? 2 * units.limit : units.limit) {}
 
     std::uint32_t Score(const Counts& combination) const noexcept {
@@ -24,7 +24,7 @@ public:
         return k * (k * squares - total * total);
     }
 
-    void Walk(const ExactWalk& walk, MostEven<Spread>& search) const noexcept;
+    void Walk(const ExactWalk& walk, MostEven<Unevenness>& search) const noexcept;
 
     /// Items that the limit allows, of both kinds together.
     std::uint32_t MostItems() const noexcept { return mostItems_; }
@@ -49,14 +49,14 @@ private:
 
 /// Shows only combinations within a band, and of those only what may score as low as the best so
 /// far.
-struct BandRule : WithinLimitRule<Spread> {
+struct BandRule : WithinLimitRule<Unevenness> {
     Band band;
-    SpreadBound spreadBound;
+    UnevennessBound unevennessBound;
     std::uint32_t aimedAt = 0;
 
-    BandRule(MostEven<Spread>& search, const ExactWalk& exactWalk, std::uint32_t width) noexcept
+    BandRule(MostEven<Unevenness>& search, const ExactWalk& exactWalk, std::uint32_t width) noexcept
         : WithinLimitRule(search, exactWalk), band(search.units, exactWalk.MostShortfall(), width),
-          spreadBound(search.units, search.evenness.MostItems(), exactWalk.MostShortfall()) {}
+          unevennessBound(search.units, search.evenness.MostItems(), exactWalk.MostShortfall()) {}
 
     void Narrow(unsigned level,
                 const Counts& combination,
@@ -72,16 +72,16 @@ struct BandRule : WithinLimitRule<Spread> {
         }
         if (aimedAt != most.best) {
             aimedAt = most.best;
-            spreadBound.AimAt(aimedAt);
+            unevennessBound.AimAt(aimedAt);
         }
-        return !spreadBound.IsAbove(level, combination, rest);
+        return !unevennessBound.IsAbove(level, combination, rest);
     }
 };
 
 /// Searches in a narrow band first and widens it until what lies outside could only score worse.
-void Spread::Walk(const ExactWalk& walk, MostEven<Spread>& search) const noexcept {
-    if (!IsTrue() || !SpreadBound::Fits(units_)) {
-        WithinLimitRule<Spread> rule(search, walk);
+void Unevenness::Walk(const ExactWalk& walk, MostEven<Unevenness>& search) const noexcept {
+    if (!IsTrue() || !UnevennessBound::Fits(units_)) {
+        WithinLimitRule<Unevenness> rule(search, walk);
         walk.Run<Direction::Downwards>(rule);
         return;
     }
@@ -112,5 +112,5 @@ std::int32_t CMixAlgorithm::CalcEqualNotes(const MixRequest& request,
     if (!HasSearchableSize(table)) {
         return Fail(Failure::TooManyUnits);
     }
-    return PayMostEvenly<Spread>(request, table, notes);
+    return PayMostEvenly<Unevenness>(request, table, notes);
 }

@@ -44,41 +44,40 @@ void TraceOutcome(const MixRequest& request, const MixResult& result) noexcept {
 
 }  // namespace
 
-std::int32_t CMixAlgorithm::MixCalculate(MixRequest* const caller, MixResult* const paid) noexcept {
-    MixRequest& request = *caller;
-    MixResult& result = *paid;
-    std::memset(&result, 0, sizeof(result));
+std::int32_t CMixAlgorithm::MixCalculate(MixRequest* const request,
+                                         MixResult* const result) noexcept {
+    std::memset(result, 0, sizeof(*result));
 
-    const unsigned mixNumber = request.usMixNumber;
+    const unsigned mixNumber = request->usMixNumber;
     const MixPlan* const plan = FindMixPlan(mixNumber);
     if (mixNumber < usFirstMixNumber || mixNumber > usLastMixNumber || plan == nullptr) {
         Trace("MixCalculate() : Invalid Mix Algorithm (%d).", TraceNumber(mixNumber));
         return Fail(Failure::InvalidMixNumber);
     }
-    if (request.sExponent > 0) {
-        request.ulAmount = ScaleByPowerOfTen(request.ulAmount, request.sExponent);
+    if (request->sExponent > 0) {
+        request->ulAmount = ScaleByPowerOfTen(request->ulAmount, request->sExponent);
     }
 
     LcuTable table;
-    (this->*plan->order)(request, table);
+    (this->*plan->order)(*request, table);
     if (table.usCount == 0) {
         return Fail(Failure::NotDispensable);
     }
-    if (IsBelowSmallestNote(*plan, request, table)) {
-        request.ulRemainder = request.ulAmount;
+    if (IsBelowSmallestNote(*plan, *request, table)) {
+        request->ulRemainder = request->ulAmount;
         return kSuccess;
     }
-    if (!FitAmount(request, table)) {
+    if (!FitAmount(*request, table)) {
         return Fail(Failure::NotDispensable);
     }
 
     LcuNotes notes{};
-    const std::int32_t searched = plan->search(request, table, notes);
+    const std::int32_t searched = plan->search(*request, table, notes);
     if (searched != kSuccess) {
         return searched;
     }
-    plan->spread(table, notes, result);
-    request.ulRemainder = RemainderOf(request, result);
-    TraceOutcome(request, result);
+    plan->spread(table, notes, *result);
+    request->ulRemainder = RemainderOf(*request, *result);
+    TraceOutcome(*request, *result);
     return kSuccess;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "CMixAlgorithm.h"
-#include "SpreadNotes.h"
+#include "SpreadLcuNotes.h"
 
 /// The unit whose value an amount must reach; below it nothing is paid, and that is a success.
 enum class SmallestNote {

@@ -12,7 +12,7 @@ claims = Claims("Evenness: scores, band and cycle")
 for k in range(2, 6):
     counts = reals(" ".join(f"n{i}" for i in range(k)))
     items = sum(counts)
-    claims.prove_identity(f"the spread of {k} units needs no sum of squared differences",
+    claims.prove_identity(f"the score of {k} units needs no sum of squared differences",
                           sum((k * n - items) * (k * n - items) for n in counts),
                           k * (k * sum(n * n for n in counts) - items * items))
     claims.prove_identity(f"and is that of all pairs of {k} units",
@@ -30,7 +30,7 @@ claims.prove_identity("and with x = k n - S, y = k m - S that difference is k (n
 for k in range(2, 6):
     counts = integers(" ".join(f"n{i}" for i in range(k)))
     items = sum(counts)
-    claims.prove(f"no spread of {k} units is above k k S S",
+    claims.prove(f"no score of {k} units is above k k S S",
                  k * (k * sum(n * n for n in counts) - items * items) <= k * k * items * items,
                  [And(n >= 0, n * n <= n * items) for n in counts] + [items >= 0])
 

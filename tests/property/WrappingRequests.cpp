@@ -3,7 +3,7 @@
 namespace property {
 namespace {
 
-/// Two kinds of which one is taken by the ten thousand: the spread of their counts wraps.
+/// Two kinds of which one is taken by the ten thousand: the score of their counts wraps.
 void FillManyItems(Draw& draw, RandomCase& random) {
     const std::uint32_t small = draw.Between(1, 3);
     const std::uint32_t amount = small * draw.Between(40000, 65000);

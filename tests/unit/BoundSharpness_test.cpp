@@ -5,8 +5,8 @@
 #include "ExactWalk.h"
 #include "LimitBound.h"
 #include "OverLimitWalk.h"
-#include "SpreadBound.h"
 #include "TableBuilder.h"
+#include "UnevennessBound.h"
 
 #include <gtest/gtest.h>
 
@@ -167,14 +167,14 @@ TEST(OverLimitWalk, EntersJustWhereTheSmallestItemsOfAKindBringItOverTheLimit) {
 
 constexpr double kTooMuch = 1e9;  // near the end of 32 bits
 
-/// The least spread score of all ways to go on with real numbers that pay `paid` and keep to the
-/// most items; kTooMuch where there is none.
-struct LeastSpread {
+/// The least unevenness score of all ways to go on with real numbers that pay `paid` and keep to
+/// the most items; kTooMuch where there is none.
+struct LeastUnevenness {
     double score;
     bool takesMostItems;
 };
 
-LeastSpread LeastSpreadOf(const Start& start, std::uint32_t mostItems, double paid) {
+LeastUnevenness LeastUnevennessOf(const Start& start, std::uint32_t mostItems, double paid) {
     const double k = start.units.n;
     double items = 0;
     double squares = 0;
@@ -214,22 +214,22 @@ LeastSpread LeastSpreadOf(const Start& start, std::uint32_t mostItems, double pa
     return {scoreWith(std::min(best, left)), left < best - 1e-6};
 }
 
-TEST(SpreadBound, IsAboveJustWhereRealNumbersScoreAbove) {
+TEST(UnevennessBound, IsAboveJustWhereRealNumbersScoreAbove) {
     Draws draws;
     int compared = 0;
     for (int draw = 0; draw < kDraws; ++draw) {
         const Start start = draws.Next();
         const SearchUnits& units = start.units;
         const std::uint32_t mostItems = units.HaveCoins() ? 2 * units.limit : units.limit;
-        const auto [least, takesMostItems] = LeastSpreadOf(start, mostItems, start.rest);
+        const auto [least, takesMostItems] = LeastUnevennessOf(start, mostItems, start.rest);
         if (least >= kTooMuch) {
             continue;
         }
         ++compared;
-        SpreadBound bound(units, mostItems, 0);
+        UnevennessBound bound(units, mostItems, 0);
         bound.AimAt(static_cast<std::uint32_t>(std::ceil(least - 1e-6)));
         ASSERT_FALSE(bound.IsAbove(start.level, start.combination, start.rest)) << "draw " << draw;
-        // Spreads are multiples of k, and of k * k where the number of items is free.
+        // Scores are multiples of k, and of k * k where the number of items is free.
         const double step = takesMostItems ? units.n : units.n * units.n;
         if (least > step) {
             bound.AimAt(static_cast<std::uint32_t>(least - step - 1e-6));
@@ -240,7 +240,7 @@ TEST(SpreadBound, IsAboveJustWhereRealNumbersScoreAbove) {
     EXPECT_GT(compared, kDraws / 2);
 }
 
-TEST(SpreadBound, LeavesTheShortfallUnpaidWhereThatIsMoreEven) {
+TEST(UnevennessBound, LeavesTheShortfallUnpaidWhereThatIsMoreEven) {
     Draws draws;
     int compared = 0;
     for (int draw = 0; draw < kDraws; ++draw) {
@@ -249,16 +249,18 @@ TEST(SpreadBound, LeavesTheShortfallUnpaidWhereThatIsMoreEven) {
         const std::uint32_t mostItems = units.HaveCoins() ? 2 * units.limit : units.limit;
         const std::uint32_t shortfall = 1 + draws.Below(100);
         const std::uint32_t leastPaid = start.rest > shortfall ? start.rest - shortfall : 0;
-        const double whole = LeastSpreadOf(start, mostItems, start.rest).score;
-        const double lowest = LeastSpreadOf(start, mostItems, leastPaid).score;
+        const double whole = LeastUnevennessOf(start, mostItems, start.rest).score;
+        const double lowest = LeastUnevennessOf(start, mostItems, leastPaid).score;
         // The more even payment is the one end, the other, or one between them.
-        const double fromWhole = LeastSpreadOf(start, mostItems, start.rest - 1e-3).score - whole;
-        const double fromLowest = LeastSpreadOf(start, mostItems, leastPaid + 1e-3).score - lowest;
+        const double fromWhole =
+            LeastUnevennessOf(start, mostItems, start.rest - 1e-3).score - whole;
+        const double fromLowest =
+            LeastUnevennessOf(start, mostItems, leastPaid + 1e-3).score - lowest;
         const double least = std::min(whole, lowest);
         if (std::max(whole, lowest) >= kTooMuch) {
             continue;
         }
-        SpreadBound bound(units, mostItems, shortfall);
+        UnevennessBound bound(units, mostItems, shortfall);
         bound.AimAt(static_cast<std::uint32_t>(std::ceil(least - 1e-6)));
         ASSERT_FALSE(bound.IsAbove(start.level, start.combination, start.rest)) << "draw " << draw;
         const double step = units.n * units.n;
@@ -276,9 +278,9 @@ TEST(SpreadBound, LeavesTheShortfallUnpaidWhereThatIsMoreEven) {
     EXPECT_GT(compared, kDraws / 2);
 }
 
-TEST(SpreadBound, FitsWhileAllValuesTimesTheLimitAreBelow2To26) {
+TEST(UnevennessBound, FitsWhileAllValuesTimesTheLimitAreBelow2To26) {
     const auto fits = [](unsigned limit, std::uint32_t first, std::uint32_t last) {
-        return SpreadBound::Fits(
+        return UnevennessBound::Fits(
             Table().Bill(first, 1).Bill(0x100, 1).Bill(last, 1).Limit(limit).Units());
     };
     EXPECT_TRUE(fits(0x100, 0x3FE00, 0xFF));

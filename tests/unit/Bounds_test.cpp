@@ -2,7 +2,7 @@
 
 #include "ExactWalk.h"
 #include "LimitBound.h"
-#include "SpreadBound.h"
+#include "UnevennessBound.h"
 
 #include <numeric>
 
@@ -73,26 +73,26 @@ TEST(LimitBound, LosesNoShortCombinationWithinTheLimit) {
     });
 }
 
-std::uint32_t SpreadOf(const SearchUnits& units, const Counts& combination) {
+std::uint32_t UnevennessOf(const SearchUnits& units, const Counts& combination) {
     std::int64_t total = 0;
     for (unsigned unit = 0; unit < units.n; ++unit) {
         total += combination[unit];
     }
-    std::int64_t spread = 0;
+    std::int64_t unevenness = 0;
     for (unsigned unit = 0; unit < units.n; ++unit) {
         const std::int64_t deviation = std::int64_t{units.n} * combination[unit] - total;
-        spread += deviation * deviation;
+        unevenness += deviation * deviation;
     }
-    return static_cast<std::uint32_t>(spread);
+    return static_cast<std::uint32_t>(unevenness);
 }
 
-TEST(SpreadBound, IsNeverAboveTheSpreadOfACombinationThatFollows) {
+TEST(UnevennessBound, IsNeverAboveTheUnevennessOfACombinationThatFollows) {
     ForEachSmallTable([](const SearchUnits& all) {
         ForEachLimit(all, [](const SearchUnits& units) {
-            SpreadBound bound(units, units.HaveCoins() ? 2 * units.limit : units.limit, 0);
+            UnevennessBound bound(units, units.HaveCoins() ? 2 * units.limit : units.limit, 0);
             for (const Counts& combination : WithinLimit(units, PlainLoops(units).Exact())) {
-                const std::uint32_t spread = SpreadOf(units, combination);
-                bound.AimAt(spread);
+                const std::uint32_t unevenness = UnevennessOf(units, combination);
+                bound.AimAt(unevenness);
                 std::uint32_t rest = units.amount;
                 for (unsigned level = 0; level + 1 < units.n; ++level) {
                     rest -= units.values[level] * combination[level];
@@ -103,17 +103,18 @@ TEST(SpreadBound, IsNeverAboveTheSpreadOfACombinationThatFollows) {
     });
 }
 
-TEST(SpreadBound, IsNeverAboveTheSpreadOfAShortCombinationThatFollows) {
+TEST(UnevennessBound, IsNeverAboveTheUnevennessOfAShortCombinationThatFollows) {
     ForEachSmallTable([](const SearchUnits& all) {
         ForEachLimit(all, [](const SearchUnits& units) {
             const std::uint32_t shortfall = ExactWalk::WithShortfall(units).MostShortfall();
-            SpreadBound bound(units, units.HaveCoins() ? 2 * units.limit : units.limit, shortfall);
+            UnevennessBound bound(units, units.HaveCoins() ? 2 * units.limit : units.limit,
+                                  shortfall);
             std::uint32_t divisor = 0;
             for (unsigned unit = 0; unit < units.n; ++unit) {
                 divisor = std::gcd(divisor, units.values[unit]);
             }
             for (const Counts& combination : WithinLimit(units, PlainLoops(units).Short())) {
-                bound.AimAt(SpreadOf(units, combination));
+                bound.AimAt(UnevennessOf(units, combination));
                 std::uint32_t rest = units.amount - units.amount % divisor;
                 for (unsigned level = 0; level + 1 < units.n; ++level) {
                     rest -= units.values[level] * combination[level];
@@ -124,10 +125,10 @@ TEST(SpreadBound, IsNeverAboveTheSpreadOfAShortCombinationThatFollows) {
     });
 }
 
-TEST(SpreadBound, SeesThatAnUnequalStartCannotBecomeEqual) {
+TEST(UnevennessBound, SeesThatAnUnequalStartCannotBecomeEqual) {
     const Table table = Table().Bill(50, 99).Bill(20, 99).Bill(10, 99).Amount(800);
     const SearchUnits units = table.Units();
-    const SpreadBound bound(units, units.limit, 0);
+    const UnevennessBound bound(units, units.limit, 0);
     EXPECT_TRUE(bound.IsAbove(0, Counts{16}, 0));     // 16 and then nothing more to pay
     EXPECT_FALSE(bound.IsAbove(0, Counts{10}, 300));  // 10, 10 and 10
     EXPECT_TRUE(bound.IsAbove(0, Counts{9}, 350));

@@ -32,7 +32,7 @@ TEST(CalcEqualNotes, NeverReportsTheLimitForOneUnit) {
     EXPECT_EQ(Pay(Table().Bill(20, 50).Amount(830).Limit(40).Partial()), kNotDispensed);
 }
 
-TEST(CalcEqualNotes, ChoosesTheSmallerSpread) {
+TEST(CalcEqualNotes, ChoosesTheLessUneven) {
     EXPECT_EQ(Pay(Table().Bill(50, 10).Bill(20, 10).Amount(100)), Chosen({2, 0}));  // not 0 and 5
     EXPECT_EQ(Pay(Table().Bill(50, 10).Bill(20, 10).Amount(140)), Chosen({2, 2}));  // not 0 and 7
     EXPECT_EQ(Pay(Table().Bill(50, 10).Bill(20, 10).Bill(10, 10).Amount(160)), Chosen({2, 2, 2}));
@@ -42,7 +42,7 @@ TEST(CalcEqualNotes, ChoosesTheSmallerSpread) {
               Chosen({2, 2, 2, 2, 2}));
 }
 
-TEST(CalcEqualNotes, KeepsTheFirstOfEqualSpreads) {
+TEST(CalcEqualNotes, KeepsTheFirstOfEquallyUneven) {
     EXPECT_EQ(Pay(Table().Bill(10, 9).Coin(10, 9).Amount(10)), Chosen({1, 0}));
     EXPECT_EQ(Pay(Table().Bill(10, 9).Coin(10, 9).Unit(5, 10, 9).Amount(10)), Chosen({1, 0, 0}));
     EXPECT_EQ(Pay(Table().Bill(9, 9).Bill(9, 9).Bill(9, 9).Bill(9, 9).Amount(18)),
@@ -51,7 +51,7 @@ TEST(CalcEqualNotes, KeepsTheFirstOfEqualSpreads) {
               Chosen({1, 1, 1, 0, 0}));
 }
 
-TEST(CalcEqualNotes, KeepsTheFirstOfEqualSpreadsEvenWhenItsCountsLieFurtherApart) {
+TEST(CalcEqualNotes, KeepsTheFirstOfEquallyUnevenEvenWhenItsCountsLieFurtherApart) {
     // As equal as 2 2 0 2 0, 4 1 4 1, and 2 1 4 5 1, whose counts lie closer together.
     EXPECT_EQ(Pay(Table().Bill(10, 6).Bill(9, 5).Bill(8, 1).Bill(6, 5).Bill(3, 1).Amount(50)),
               Chosen({3, 1, 1, 0, 1}));
@@ -167,7 +167,7 @@ TEST(CalcEqualNotes, SkipsRefusalsOfThreeUnitsWhenACountReaches2To31Too) {
               Chosen({1, 2, 1}, "971A3"));
 }
 
-TEST(CalcEqualNotes, KeepsTheFirstOfEqualSpreadsOfNotesAndCoins) {
+TEST(CalcEqualNotes, KeepsTheFirstOfEquallyUnevenOfNotesAndCoins) {
     // 0, 1, 0, 3 and 0, 0, 1, 3 are equally unequal, and nothing else that pays 29 is better.
     EXPECT_EQ(Pay(Table().Coin(10, 4).Coin(8, 1).Bill(8, 5).Coin(7, 6).Amount(29).Limit(6)),
               Chosen({0, 1, 0, 3}));
@@ -191,15 +191,15 @@ TEST(CalcEqualNotes, TakesTheMostEqualOfLargeValues) {
     EXPECT_EQ(Pay(Table(table).Amount(2000000)), Chosen({1, 1, 2}));
 }
 
-TEST(CalcEqualNotes, ComparesWrappedSpreadsOfThreeUnits) {
+TEST(CalcEqualNotes, ComparesWrappedScoresOfThreeUnits) {
     // 6 * 26755^2 is 2^32 + 12854: all from the first unit beats what is really more equal.
     const Table table = Table().Bill(1, 100000).Bill(200, 10).Bill(5000, 1).Limit(65535);
     EXPECT_EQ(Pay(Table(table).Amount(26755)), Chosen({26755, 0, 0}));
     EXPECT_EQ(Pay(Table(table).Amount(26754)), Chosen({19754, 10, 1}));
 }
 
-TEST(CalcEqualNotes, ComparesWrappedSpreads) {
-    // 2 * 46341^2 is 2^32 + 9266: as a spread of 9266 it beats all the more equal combinations that
+TEST(CalcEqualNotes, ComparesWrappedScores) {
+    // 2 * 46341^2 is 2^32 + 9266: as a score of 9266 it beats all the more equal combinations that
     // the hundred items of the second unit allow.
     EXPECT_EQ(Pay(Table().Bill(1, 100000).Bill(2, 100).Amount(46341).Limit(65535)),
               Chosen({46341, 0}));
@@ -207,15 +207,15 @@ TEST(CalcEqualNotes, ComparesWrappedSpreads) {
               Chosen({46140, 100}));
 }
 
-TEST(CalcEqualNotes, ComparesWrappedSpreadsOfManySmallItems) {
-    // By true spreads 9345, 2 and 7008 would be the most equal, and 12502, 2 and 9374; counts
+TEST(CalcEqualNotes, ComparesWrappedScoresOfManySmallItems) {
+    // By true scores 9345, 2 and 7008 would be the most equal, and 12502, 2 and 9374; counts
     // far apart wrap to less.
     const Table table = Table().Bill(5, 40000).Bill(3, 2).Bill(2, 40000).Limit(60000);
     EXPECT_EQ(Pay(Table(table).Amount(60747)), Chosen({1213, 0, 27341}));
     EXPECT_EQ(Pay(Table(table).Amount(81264)), Chosen({934, 0, 38297}));
 }
 
-TEST(CalcEqualNotes, TakesASpreadJustBelow2To32ForALargeOne) {
+TEST(CalcEqualNotes, TakesAScoreJustBelow2To32ForALargeOne) {
     // 48511 and 4698 wrap to 2^32 - 6, the only other combination to 4112634.
     const Table table = Table().Bill(1, 48518).Bill(7, 4698).Bill(1000000, 1).Amount(81397);
     EXPECT_EQ(Pay(Table(table).Limit(65535)), Chosen({48518, 4697, 0}));

@@ -1,4 +1,4 @@
-#include "SpreadNotes.h"
+#include "SpreadLcuNotes.h"
 
 #include "RequestBuilder.h"
 
@@ -119,7 +119,7 @@ TEST(SpreadRoundRobin, AddsWhereTwoCassettesShareAPosition) {
     EXPECT_EQ(RoundRobin(Request().Bill(10, 5).At(1).Bill(20, 4).At(1), {3, 2}), (Numbers{0, 4}));
 }
 
-TEST(SpreadNotes, TakesNothingFromWhatLiesBehindTheLastCassetteOfAUnit) {
+TEST(SpreadLcuNotes, TakesNothingFromWhatLiesBehindTheLastCassetteOfAUnit) {
     for (const Spread spread : {SpreadInOrder, SpreadRoundRobin}) {
         LcuTable table;
         CMixAlgorithm::BuildLCUTable(Request().Bill(10, 4).Bill(10, 3).Bill(10, 9).record, table);

@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Why SpreadBound never skips a combination that could win.
+"""Why UnevennessBound never skips a combination that could win.
 
 Chosen counts c: their number, `items` their sum, `squared` the sum of their squares. Free counts n,
 of units with values v: f units, s the sum of v, q that of v v; they take T items and pay P. The
@@ -9,7 +9,7 @@ from z3 import Real
 
 from claims import Claims, reals
 
-claims = Claims("The least spread that first counts allow")
+claims = Claims("The least score that first counts allow")
 
 for f in range(1, 5):
     v = reals(" ".join(f"v{i}" for i in range(f)))

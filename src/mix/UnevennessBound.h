@@ -5,11 +5,11 @@
 /// How even a combination can still become once its first counts are chosen. For searches whose
 /// scores do not wrap.
 ///
-/// The spread score of n(0) to n(k-1) with S items in all is k * (k * sum of n(i)^2 - S^2). Of the
+/// The score of n(0) to n(k-1) with S items in all is k * (k * sum of n(i)^2 - S^2). Of the
 /// counts still free only three things are used: that they pay the rest, that together with the
 /// chosen ones they keep within the limit, and that they are real numbers. The least score under
 /// these is one of a parabola in the number of items left to take, so it is exact in integers.
-class SpreadBound {
+class UnevennessBound {
 public:
     /// Whether every number below fits into 64 bits.
     static bool Fits(const SearchUnits& units) noexcept {
@@ -20,9 +20,9 @@ public:
         return sum * std::max(units.limit, 1U) < kLargestProduct;
     }
 
-    SpreadBound(const SearchUnits& units,
-                std::uint32_t mostItems,
-                std::uint32_t mostShortfall) noexcept
+    UnevennessBound(const SearchUnits& units,
+                    std::uint32_t mostItems,
+                    std::uint32_t mostShortfall) noexcept
         : n_(units.n), mostItems_(mostItems), mostShortfall_(mostShortfall) {
         std::int64_t sum = 0;
         std::int64_t square = 0;

@@ -1,4 +1,4 @@
-#include "SpreadNotes.h"
+#include "SpreadLcuNotes.h"
 
 #include "CashUnitCodes.h"
 
