@@ -78,7 +78,7 @@ private:
     }
 
     void KeepIfBetter() {
-        const std::uint32_t score = SpreadScore();
+        const std::uint32_t score = Unevenness();
         if (found_ && score >= best_) {
             return;
         }
@@ -89,7 +89,7 @@ private:
         }
     }
 
-    std::uint32_t SpreadScore() const {
+    std::uint32_t Unevenness() const {
         const std::uint32_t k = static_cast<std::uint32_t>(units_.size());
         std::uint32_t sum = 0;
         for (std::size_t i = 0; i < units_.size(); ++i) {
