@@ -41,7 +41,7 @@ jobs=$(nproc)
 # By purpose; a script names the groups that it needs.
 packages_build="g++ cmake ninja-build pkg-config libcli11-dev nlohmann-json3-dev"
 packages_test="$packages_build g++-i686-linux-gnu libgtest-dev libgmock-dev googletest binutils \
-  python3 python3-jsonschema parallel rsync scdoc zsh fish dpkg-dev file"
+  python3 python3-jsonschema python3-distributed parallel rsync scdoc zsh fish dpkg-dev file"
 packages_checks="clang clang-format clang-tidy libclang-rt-14-dev cppcheck valgrind"
 
 # Installs what is missing of the packages given, or says in one line how to.
