@@ -85,7 +85,7 @@ def put_tool(work):
     """A qxmix that tells which worker it runs for, and takes its time."""
     (work / "bin").mkdir()
     script = work / "bin/qxmix"
-    script.write_text(f'#!/bin/sh\necho "$WORKER" >>{work}/asked\nsleep 0.3\nexec {tool} "$@"\n',
+    script.write_text(f'#!/bin/sh\necho "$WORKER" >>"{work}/asked"\nsleep 0.3\nexec "{tool}" "$@"\n',
                       encoding="utf-8")
     script.chmod(0o755)
 
@@ -100,7 +100,8 @@ def main(work):
     scheduler = scheduler.rstrip(" &") + " --host 127.0.0.1 --port 0 --no-dashboard --scheduler-file at"
     worker = worker.rstrip(" &").replace("tcp://atm-lab-1:8786", "--scheduler-file at") + " --no-dashboard"
     ask = ask.replace("tcp://atm-lab-1:8786", "at").replace(
-        "requests.ndjson", f"requests.ndjson {PART}").replace("examples/", f"{source}/examples/")
+        "requests.ndjson", f"requests.ndjson {PART}").replace("examples/fleet/answer_requests.py",
+                                                      f"'{source}/examples/fleet/answer_requests.py'")
     asked = work / "asked"
     with contextlib.ExitStack() as cluster:
         cluster.enter_context(running(scheduler, work, "scheduler"))
