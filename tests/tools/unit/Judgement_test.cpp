@@ -1,4 +1,4 @@
-#include "answers/Judgement.h"
+#include "answers/Answer.h"
 
 #include "dispenser/InlineDispenser.h"
 
@@ -107,7 +107,7 @@ TEST(Judgement, GoesByTheAmountAsItWasAsked) {
 
 TEST(Judgement, AddsUpCountsThatAreNoThirtyTwoBitNumbersAnyMore) {
     Dispenser dispenser = ReadInlineDispenser("EUR:4294967295x4294967295,1x4294967295");
-    const Judgement judgement = Judge(dispenser, 10, Answered(0, {4294967295U, 4294967295U}));
+    const Answer judgement = Judge(dispenser, 10, Answered(0, {4294967295U, 4294967295U}));
     EXPECT_EQ(judgement.outcome, Outcome::Overpaid);
     EXPECT_EQ(judgement.paid.Text(), "18446744069414584320");
     EXPECT_EQ(judgement.notes, 8589934590U);
@@ -118,7 +118,7 @@ TEST(Judgement, HandsTheItemsOfASlotToTheCassetteOfThatPosition) {
     dispenser.cassettes[0].position = 1;
     dispenser.cassettes[1].position = 0;
     dispenser.cassettes[2].position = 9;
-    const Judgement judgement = Judge(dispenser, 110, Answered(0, {3, 1}));
+    const Answer judgement = Judge(dispenser, 110, Answered(0, {3, 1}));
     EXPECT_EQ(judgement.taken[0], 1U);
     EXPECT_EQ(judgement.taken[1], 3U);
     EXPECT_EQ(judgement.taken[2], 0U);

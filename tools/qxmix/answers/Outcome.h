@@ -40,4 +40,9 @@ const std::vector<OutcomeRow>& OutcomeTable();
 
 const OutcomeRow& RowOf(Outcome outcome);
 
+/// False for a missed deadline and a crash.
+inline bool IsAnswered(Outcome outcome) {
+    return outcome != Outcome::NoAnswer && outcome != Outcome::Crashed;
+}
+
 }  // namespace qxmix

@@ -7,61 +7,55 @@ namespace qxmix {
 
 namespace {
 
-Json ValuesJson(const MixResult& result) {
-    Json values = Json::array();
-    for (const u32le items : result.aulNotes) {
-        values.push_back(std::uint32_t{items});
-    }
-    return values;
+Json NumberOrNull(const std::optional<std::uint32_t>& number) {
+    return number ? Json(*number) : Json();
 }
 
-Json UnansweredJson(const Dispenser& dispenser, const Judgement& judgement, const Reply& reply) {
-    Json json = {{"outcome", RowOf(judgement.outcome).name},
-                 {"asked", judgement.asked.Text(AmountDecimals(dispenser))},
+Json UnansweredJson(const Dispenser& dispenser, const Answer& answer) {
+    Json json = {{"outcome", RowOf(answer.outcome).name},
+                 {"asked", answer.asked.Text(AmountDecimals(dispenser))},
                  {"paid", nullptr},
                  {"items", {{"notes", nullptr}, {"coins", nullptr}}},
                  {"values", Json(kMaxCashUnits, nullptr)},
                  {"returned", nullptr},
                  {"errorCode", nullptr},
-                 {"registry", WrittenCodeJson(reply.calculation)},
+                 {"registry", CodeJson(answer.code)},
                  {"remainder", nullptr},
                  {"amountAfter", nullptr}};
-    if (judgement.outcome == Outcome::NoAnswer) {
-        json["proved"] = judgement.isProved;
+    if (answer.outcome == Outcome::NoAnswer) {
+        json["proved"] = answer.isProved;
     }
     return json;
 }
 
 }  // namespace
 
-Json ResultJson(const Dispenser& dispenser, const Judgement& judgement, const Reply& reply) {
-    if (!judgement.IsAnswered()) {
-        return UnansweredJson(dispenser, judgement, reply);
+Json ResultJson(const Dispenser& dispenser, const Answer& answer) {
+    if (!answer.IsAnswered()) {
+        return UnansweredJson(dispenser, answer);
     }
-    const Calculation& calculation = reply.calculation;
-    const char* const outcome = RowOf(judgement.outcome).name;
+    const char* const outcome = RowOf(answer.outcome).name;
     const unsigned decimals = AmountDecimals(dispenser);
     return {{"outcome", outcome},
-            {"asked", judgement.asked.Text(decimals)},
-            {"paid", judgement.paid.Text(decimals)},
-            {"items", {{"notes", judgement.notes}, {"coins", judgement.coins}}},
-            {"values", ValuesJson(calculation.result)},
-            {"returned", calculation.returned},
-            {"errorCode", calculation.returned == 0 ? Json() : Json(outcome)},
-            {"registry", WrittenCodeJson(calculation)},
-            {"remainder", std::uint32_t{calculation.request.ulRemainder}},
-            {"amountAfter", std::uint32_t{calculation.request.ulAmount}}};
+            {"asked", answer.asked.Text(decimals)},
+            {"paid", answer.paid.Text(decimals)},
+            {"items", {{"notes", answer.notes}, {"coins", answer.coins}}},
+            {"values", answer.values},
+            {"returned", answer.returned},
+            {"errorCode", answer.returned == 0 ? Json() : Json(outcome)},
+            {"registry", CodeJson(answer.code)},
+            {"remainder", answer.remainder},
+            {"amountAfter", NumberOrNull(answer.amountAfter)}};
 }
 
-Json RecordedAnswer(const Reply& reply) {
-    if (reply.ending.kind != Ending::Kind::Answered) {
-        const bool isCrash = reply.ending.kind == Ending::Kind::Crashed;
-        return {{"outcome", RowOf(isCrash ? Outcome::Crashed : Outcome::NoAnswer).name}};
+Json RecordedAnswer(const Answer& answer) {
+    if (!answer.IsAnswered()) {
+        return {{"outcome", RowOf(answer.outcome).name}};
     }
-    return {{"returned", reply.calculation.returned},
-            {"values", ValuesJson(reply.calculation.result)},
-            {"remainder", std::uint32_t{reply.calculation.request.ulRemainder}},
-            {"registry", WrittenCodeJson(reply.calculation)}};
+    return {{"returned", answer.returned},
+            {"values", answer.values},
+            {"remainder", answer.remainder},
+            {"registry", CodeJson(answer.code)}};
 }
 
 Json CountsJson(const OutcomeCounts& count) {
@@ -77,8 +71,8 @@ Json CountsJson(const OutcomeCounts& count) {
     return counts;
 }
 
-Json WrittenCodeJson(const Calculation& calculation) {
-    return calculation.written.empty() ? Json() : Json(Printable(calculation.written));
+Json CodeJson(const std::string& code) {
+    return code.empty() ? Json() : Json(Printable(code));
 }
 
 }  // namespace qxmix

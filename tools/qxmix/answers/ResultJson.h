@@ -1,25 +1,25 @@
 #pragma once
 
+#include "Answer.h"
 #include "Dangers.h"
-#include "Judgement.h"
 #include "dispenser/Dispenser.h"
 #include "json/JsonName.h"
-#include "workers/Worker.h"
-
 #include <string>
 
 namespace qxmix {
 
-/// The result of one calculation; what a missing answer leaves unknown is null.
-Json ResultJson(const Dispenser& dispenser, const Judgement& judgement, const Reply& reply);
+/// An answer as a result; what is not known is null.
+///
+/// @param dispenser  the one that was asked.
+Json ResultJson(const Dispenser& dispenser, const Answer& answer);
 
-/// The answer of a calculation as a recorded line holds it.
-Json RecordedAnswer(const Reply& reply);
+/// An answer as a recorded line holds it.
+Json RecordedAnswer(const Answer& answer);
 
 /// How often each outcome occurs, those that do; what is paid comes first.
 Json CountsJson(const OutcomeCounts& count);
 
-/// The error code that a calculation left, or null.
-Json WrittenCodeJson(const Calculation& calculation);
+/// An error code that was left, or null.
+Json CodeJson(const std::string& code);
 
 }  // namespace qxmix

@@ -36,12 +36,12 @@ std::vector<std::uint32_t> SearchedItems(const Units& units,
     return taken;
 }
 
-std::vector<std::uint32_t> GivenItems(const Units& units, const Judgement& judgement) {
+std::vector<std::uint32_t> GivenItems(const Units& units, const Answer& answer) {
     std::vector<std::uint32_t> given;
     for (const Unit& unit : units.Kept()) {
         given.push_back(std::accumulate(unit.cassettes.begin(), unit.cassettes.end(), 0U,
-                                        [&judgement](std::uint32_t sum, std::size_t cassette) {
-                                            return sum + judgement.taken[cassette];
+                                        [&answer](std::uint32_t sum, std::size_t cassette) {
+                                            return sum + answer.taken[cassette];
                                         }));
     }
     return given;

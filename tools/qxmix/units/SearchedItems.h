@@ -1,8 +1,7 @@
 #pragma once
 
 #include "Units.h"
-#include "answers/Judgement.h"
-#include "workers/Asker.h"
+#include "answers/Answer.h"
 
 #include <cstdint>
 #include <optional>
@@ -21,6 +20,6 @@ std::vector<std::uint32_t> SearchedItems(const Units& units,
                                          std::optional<std::uint16_t> limit = std::nullopt);
 
 /// Items that the cassettes of each unit kept give, in the mix's order.
-std::vector<std::uint32_t> GivenItems(const Units& units, const Judgement& judgement);
+std::vector<std::uint32_t> GivenItems(const Units& units, const Answer& answer);
 
 }  // namespace qxmix

@@ -1,7 +1,6 @@
 #include "BatchAnswer.h"
 
 #include "answers/Envelope.h"
-#include "answers/Judgement.h"
 #include "answers/LineError.h"
 #include "answers/ResultJson.h"
 #include "commands/mix/MixFindings.h"
@@ -31,22 +30,21 @@ std::string LineOf(const Json& json) {
 
 Envelope EnvelopeOf(const BatchSetting& setting,
                     const AskedRequest& asked,
-                    const Judgement& judgement,
+                    const Answer& answer,
                     const Json& result) {
-    const std::uint16_t mix = asked.request.usMixNumber;
     Envelope envelope;
     envelope.module = setting.moduleVersion;
     envelope.library = FileNameOf(setting.order.library);
     envelope.command = setting.command;
     envelope.input = {{"dispenser", DispenserJson(asked.dispenser)},
                       {"amount", asked.amount},
-                      {"mix", mix},
+                      {"mix", answer.mix},
                       {"deadline", DurationText(setting.deadline)}};
     envelope.result = result;
-    if (judgement.IsDangerous()) {
-        envelope.warnings = {DangerOf(mix, judgement, setting.deadline)};
+    if (answer.IsDangerous()) {
+        envelope.warnings = {DangerOf(answer)};
     }
-    envelope.exitStatus = RowOf(judgement.outcome).exitStatus;
+    envelope.exitStatus = RowOf(answer.outcome).exitStatus;
     return envelope;
 }
 
@@ -56,11 +54,12 @@ std::string BatchAnswerText(const BatchSetting& setting,
                             const Json& id,
                             const AskedRequest& asked,
                             const Reply& reply) {
-    const Judgement judgement = Judge(asked.dispenser, asked.amount, reply);
-    Json result = ResultJson(asked.dispenser, judgement, reply);
+    const Answer answer =
+        Judge(asked.dispenser, {asked.amount, asked.request.usMixNumber, setting.deadline}, reply);
+    Json result = ResultJson(asked.dispenser, answer);
     Json line = WithId(id);
     if (setting.hasEnvelope) {
-        line.update(EnvelopeJson(EnvelopeOf(setting, asked, judgement, result)));
+        line.update(EnvelopeJson(EnvelopeOf(setting, asked, answer, result)));
         return LineOf(line);
     }
     for (const char* field : kFirstFields) {

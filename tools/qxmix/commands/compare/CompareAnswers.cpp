@@ -15,8 +15,7 @@ bool IsDangerous(const MapCell& cell) {
 
 /// "paid  1x50 1x10", "refused".
 std::string CellText(const Dispenser& dispenser, const MapCell& cell, bool tellsCassettes) {
-    const bool isEndless = cell.outcome == Outcome::NoAnswer && cell.deadline.count() == 0;
-    const std::string words = isEndless ? "never answers" : RowOf(cell.outcome).words;
+    const std::string words = cell.IsProved() ? "never answers" : RowOf(cell.outcome).words;
     const std::string notes =
         cell.IsAnswered() && cell.returned == 0 ? NotesText(dispenser, cell, tellsCassettes) : "";
     return notes.empty() ? words : words + "  " + notes;

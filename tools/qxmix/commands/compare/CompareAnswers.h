@@ -1,6 +1,5 @@
 #pragma once
 
-#include "answers/Judgement.h"
 #include "commands/map/MapAnswers.h"
 
 #include <cstdint>

@@ -13,11 +13,8 @@ Json SideJson(const Dispenser& dispenser,
               std::uint32_t amount,
               std::uint16_t mix,
               const MapCell& cell) {
-    const Reply reply = ReplyOf(cell);
     Json side = {{"mix", mix}};
-    side.update(ResultJson(dispenser, Judge(dispenser, amount, reply), reply));
-    // A cell does not keep it.
-    side["amountAfter"] = nullptr;
+    side.update(ResultJson(dispenser, AnswerOf(dispenser, amount, mix, cell)));
     return side;
 }
 

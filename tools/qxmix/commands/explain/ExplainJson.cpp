@@ -29,22 +29,15 @@ Json UnitJson(const Dispenser& dispenser, const Unit& unit) {
             {"unitStatus", status ? Json(*status) : Json(unit.status)}};
 }
 
-Json NeighbourJson(const std::optional<Neighbour>& neighbour) {
-    if (!neighbour) {
-        return {};
-    }
-    Json values = Json::array();
-    for (const u32le items : neighbour->reply.calculation.result.aulNotes) {
-        values.push_back(std::uint32_t{items});
-    }
-    return {{"amount", neighbour->amount}, {"values", values}};
+Json NeighbourJson(const std::optional<Answer>& neighbour) {
+    return neighbour ? Json{{"amount", neighbour->amount}, {"values", neighbour->values}} : Json();
 }
 
 }  // namespace
 
 Json ExplainJson(const MixQuestions& questions, const Explanation& story) {
     const Dispenser& dispenser = questions.dispenser;
-    Json json = ResultJson(dispenser, story.answer.judgement, story.answer.reply);
+    Json json = ResultJson(dispenser, story.answer);
     Json units = Json::array();
     for (const Unit& unit : story.units.All()) {
         units.push_back(UnitJson(dispenser, unit));

@@ -112,19 +112,19 @@ private:
     }
 
     void AddSearch(bool decides) {
-        const Judgement& judgement = story_.answer.judgement;
-        if (judgement.isProved) {
+        const Answer& answer = story_.answer;
+        if (answer.isProved) {
             AddSearched("goes round for ever", "never ends");
-        } else if (judgement.outcome == Outcome::NoAnswer) {
+        } else if (answer.outcome == Outcome::NoAnswer) {
             AddSearched("no end within " + DurationWords(questions_.deadline), "given up");
-        } else if (judgement.outcome == Outcome::Crashed) {
+        } else if (answer.outcome == Outcome::Crashed) {
             AddSearched("the module crashed", "crashed here");
         } else if (!decides) {
             AddSearched("adds up to " + SoughtText(), "passed");
-        } else if (judgement.IsDangerous()) {
-            AddSearched(Text(judgement.paid) + " for " + SoughtText(), "wrong here");
-        } else if (story_.answer.reply.calculation.returned == 0) {
-            AddSearched("only " + Text(judgement.paid) + " adds up", "paid in part");
+        } else if (answer.IsDangerous()) {
+            AddSearched(Text(answer.paid) + " for " + SoughtText(), "wrong here");
+        } else if (story_.answer.returned == 0) {
+            AddSearched("only " + Text(answer.paid) + " adds up", "paid in part");
         } else if (story_.HasWorthlessUnit()) {
             AddSearched("nothing can be divided by 0", "refused here");
         } else {
@@ -155,7 +155,7 @@ private:
             Add("limit", "at most " + limit, Refused(decides));
             return;
         }
-        if (decides && story_.answer.reply.calculation.returned == 0) {
+        if (decides && story_.answer.returned == 0) {
             Add("limit", "the whole takes more than " + limit, "paid in part");
             return;
         }
@@ -201,7 +201,7 @@ private:
     std::string SharesText(const Unit& unit) const {
         std::vector<std::string> shares;
         for (const std::size_t cassette : unit.cassettes) {
-            const std::uint32_t share = story_.answer.judgement.taken[cassette];
+            const std::uint32_t share = story_.answer.taken[cassette];
             if (share != 0) {
                 shares.push_back(std::to_string(share) + " from " +
                                  Printable(CassetteLabel(questions_.dispenser, cassette)));
@@ -228,21 +228,17 @@ const Steps::Step Steps::kAll[8] = {
 };
 
 /// What the module said: "-306 not dispensable, error code 971A2, nothing taken".
-std::string AnswerText(const MixAnswer& answer) {
-    if (!answer.judgement.IsAnswered()) {
+std::string AnswerText(const Answer& answer) {
+    if (!answer.IsAnswered()) {
         return "none";
     }
-    const Calculation& calculation = answer.reply.calculation;
-    const std::string code = calculation.written.empty()
-                                 ? "no error code"
-                                 : "error code " + Printable(calculation.written) +
-                                       (calculation.returned == 0 ? " left" : "");
+    const std::string code = answer.code.empty() ? "no error code"
+                                                 : "error code " + Printable(answer.code) +
+                                                       (answer.returned == 0 ? " left" : "");
     const std::string returned =
-        std::to_string(calculation.returned) + " " + ReturnedText(calculation.returned);
-    return returned + ", " + code + (answer.judgement.Items() == 0 ? ", nothing taken" : "") +
-           (calculation.returned == 0
-                ? ", remainder " + RemainderText(calculation.request.ulRemainder)
-                : "");
+        std::to_string(answer.returned) + " " + ReturnedText(answer.returned);
+    return returned + ", " + code + (answer.Items() == 0 ? ", nothing taken" : "") +
+           (answer.returned == 0 ? ", remainder " + RemainderText(answer.remainder) : "");
 }
 
 }  // namespace

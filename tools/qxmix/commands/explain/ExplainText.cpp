@@ -39,7 +39,7 @@ std::string ReasonText(const MixQuestions& questions, const Explanation& story) 
                : isOwn                  ? mix + " finds no combination of notes"
                                         : "no combination of notes makes it";
     default:
-        return "the module returned " + std::to_string(story.answer.reply.calculation.returned);
+        return "the module returned " + std::to_string(story.answer.returned);
     }
 }
 
@@ -68,9 +68,9 @@ std::string ShortfallText(const MixQuestions& questions, const Explanation& stor
 
 std::string
 HeadlineText(const MixQuestions& questions, const Explanation& story, const Painter& painter) {
-    const MixAnswer& answer = story.answer;
-    const OutcomeRow& row = RowOf(answer.judgement.outcome);
-    switch (answer.judgement.outcome) {
+    const Answer& answer = story.answer;
+    const OutcomeRow& row = RowOf(answer.outcome);
+    switch (answer.outcome) {
     case Outcome::NothingPaid:
     case Outcome::PaidInPart:
         return MixHeadline(questions, answer, painter) + "\n              " +
@@ -88,10 +88,10 @@ HeadlineText(const MixQuestions& questions, const Explanation& story, const Pain
 }
 
 /// "70 = 1x50 2x10"
-std::string NeighbourText(const Dispenser& dispenser, const Neighbour& neighbour) {
+std::string NeighbourText(const Dispenser& dispenser, const Answer& neighbour) {
     std::vector<std::pair<std::string, std::uint64_t>> items;
     for (std::size_t index = 0; index < dispenser.cassettes.size(); ++index) {
-        const std::uint32_t taken = neighbour.judgement.taken[index];
+        const std::uint32_t taken = neighbour.taken[index];
         const std::string worth = dispenser.cassettes[index].Worth().ShortText();
         const auto same = std::find_if(items.begin(), items.end(),
                                        [&worth](const auto& item) { return item.first == worth; });
@@ -101,7 +101,7 @@ std::string NeighbourText(const Dispenser& dispenser, const Neighbour& neighbour
             items.emplace_back(worth, taken);
         }
     }
-    std::string text = ReadableText(neighbour.judgement.asked, AmountDecimals(dispenser)) + " =";
+    std::string text = ReadableText(neighbour.asked, AmountDecimals(dispenser)) + " =";
     for (const auto& [worth, taken] : items) {
         text += " " + std::to_string(taken) + "x" + worth;
     }
@@ -112,7 +112,7 @@ std::string NearestText(const MixQuestions& questions, const Surroundings& aroun
     if (!around.below && !around.above) {
         return "nearest   no amount near it is paid\n";
     }
-    const auto side = [&questions](const std::optional<Neighbour>& neighbour, const char* none) {
+    const auto side = [&questions](const std::optional<Answer>& neighbour, const char* none) {
         return neighbour ? NeighbourText(questions.dispenser, *neighbour) : std::string(none);
     };
     const std::string below = "nearest   " + side(around.below, "none below");
@@ -123,7 +123,7 @@ std::string NearestText(const MixQuestions& questions, const Surroundings& aroun
 
 std::string OthersText(const MixQuestions& questions, const Explanation& story) {
     const Surroundings& around = story.around;
-    const bool isPaid = story.answer.judgement.outcome == Outcome::Paid;
+    const bool isPaid = story.answer.outcome == Outcome::Paid;
     const std::string asked = AskedText(questions);
     const std::string amount = asked.substr(0, asked.find(' '));
     const std::string payers = around.payers.size() == std::size_t{kLastMix} - kFirstMix
@@ -148,7 +148,7 @@ std::string OthersText(const MixQuestions& questions, const Explanation& story) 
 }  // namespace
 
 std::string AroundText(const MixQuestions& questions, const Explanation& story) {
-    const bool isPaid = story.answer.judgement.outcome == Outcome::Paid;
+    const bool isPaid = story.answer.outcome == Outcome::Paid;
     return (isPaid ? "" : NearestText(questions, story.around)) + OthersText(questions, story);
 }
 

@@ -95,7 +95,7 @@ Table UnitTable(const Dispenser& dispenser,
     std::vector<Cell> heading = {"cassettes", "note", "status", "counts as"};
     if (hasTaken) {
         columns.push_back({Align::Right, 2, 0});
-        const bool isRefused = story.answer.reply.calculation.returned != 0;
+        const bool isRefused = story.answer.returned != 0;
         heading.emplace_back(isRefused ? "needs" : "takes");
     }
     columns.push_back({Align::Left, 2, 0});

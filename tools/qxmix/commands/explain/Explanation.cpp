@@ -33,10 +33,9 @@ public:
         request.usMaxDispenseItems = kNoLimit;
         Dispenser dispenser = questions_.dispenser;
         dispenser.maxDispenseItems = kNoLimit;
-        const Judgement judgement = Judge(dispenser, questions_.amount, Ask(request));
-        return judgement.outcome == Outcome::Paid ||
-               (judgement.outcome == Outcome::PaidInPart &&
-                judgement.paid == SearchedMoney(dispenser, sought));
+        const Answer answer = AskSilently(asker_, dispenser, request, kDeadline);
+        return answer.outcome == Outcome::Paid || (answer.outcome == Outcome::PaidInPart &&
+                                                   answer.paid == SearchedMoney(dispenser, sought));
     }
 
     /// Whether the units hold less than the amount. With a partial amount allowed the module lowers
@@ -47,26 +46,22 @@ public:
             return false;
         }
         request.bAllowPartial = 1;
-        const Reply reply = Ask(request);
-        if (reply.ending.kind == Ending::Kind::Answered) {
-            return reply.calculation.request.ulAmount != units_.Amount();
+        const Answer answer = AskSilently(asker_, questions_.dispenser, request, kDeadline);
+        if (answer.amountAfter) {
+            return *answer.amountAfter != units_.Amount();
         }
         return Counted(questions_.dispenser, units_) <
                AskedMoney(questions_.dispenser, questions_.amount);
     }
 
 private:
-    Reply Ask(const MixRequest& request) const {
-        return asker_.Ask(request, kDeadline, Asker::Tracing::Silent);
-    }
-
     const MixQuestions& questions_;
     const Units& units_;
     Asker& asker_;
 };
 
 DecidedBy WhatRefused(const SecondQuestions& again, const Explanation& story) {
-    switch (story.answer.reply.calculation.returned) {
+    switch (story.answer.returned) {
     case kInvalidMixNumber:
         return DecidedBy::MixNumber;
     case kTooManyItems:
@@ -89,12 +84,12 @@ WhatPaid(const MixQuestions& questions, const SecondQuestions& again, const Expl
     if (smallest && story.units.Amount() < *smallest) {
         return DecidedBy::SmallestNote;
     }
-    const Judgement& judgement = story.answer.judgement;
+    const Answer& answer = story.answer;
     const Money searched = SearchedMoney(questions.dispenser, story.units.Amount());
-    if (!(judgement.asked == searched) && judgement.paid == searched) {
+    if (!(answer.asked == searched) && answer.paid == searched) {
         return DecidedBy::Amount;
     }
-    switch (judgement.outcome) {
+    switch (answer.outcome) {
     case Outcome::Paid:
         return DecidedBy::Nothing;
     case Outcome::Overpaid:
@@ -106,9 +101,9 @@ WhatPaid(const MixQuestions& questions, const SecondQuestions& again, const Expl
     if (!story.taken.empty() && story.taken != story.given) {
         return DecidedBy::Spreading;
     }
-    return judgement.paid == SearchedMoney(questions.dispenser, story.sought) ? DecidedBy::Capacity
-           : again.IsPaidWithoutLimit(story.sought)                           ? DecidedBy::Limit
-                                                                              : DecidedBy::Search;
+    return answer.paid == SearchedMoney(questions.dispenser, story.sought) ? DecidedBy::Capacity
+           : again.IsPaidWithoutLimit(story.sought)                        ? DecidedBy::Limit
+                                                                           : DecidedBy::Search;
 }
 
 }  // namespace
@@ -126,17 +121,15 @@ const char* NameOf(DecidedBy decidedBy) {
     return names[static_cast<std::size_t>(decidedBy)];
 }
 
-Explanation Explain(const MixQuestions& questions, const MixAnswer& answer, Asker& asker) {
+Explanation Explain(const MixQuestions& questions, const Answer& answer, Asker& asker) {
     const MixRequest& request = questions.requests.front();
     Explanation story(answer, Units(request, asker.Open().minimum));
     const SecondQuestions again(questions, story.units, asker);
-    story.given = GivenItems(story.units, answer.judgement);
-    story.sought = answer.judgement.IsAnswered()
-                       ? std::uint32_t{answer.reply.calculation.request.ulAmount}
-                       : story.units.Amount();
-    if (!answer.judgement.IsAnswered()) {
+    story.given = GivenItems(story.units, answer);
+    story.sought = answer.amountAfter.value_or(story.units.Amount());
+    if (!answer.IsAnswered()) {
         story.decidedBy = DecidedBy::Search;
-    } else if (answer.reply.calculation.returned == kSuccess) {
+    } else if (answer.returned == kSuccess) {
         story.taken = SearchedItems(story.units, questions.amount, asker);
         story.decidedBy = WhatPaid(questions, again, story);
     } else {

@@ -29,10 +29,10 @@ const char* NameOf(DecidedBy decidedBy);
 
 /// An answer and the story behind it.
 struct Explanation {
-    Explanation(MixAnswer explained, Units built)
+    Explanation(Answer explained, Units built)
         : answer(std::move(explained)), units(std::move(built)) {}
 
-    MixAnswer answer;
+    Answer answer;
     Units units;
     DecidedBy decidedBy = DecidedBy::Nothing;
 
@@ -57,6 +57,6 @@ struct Explanation {
 /// Tells how an answer came about.
 ///
 /// @param questions  of one mix.
-Explanation Explain(const MixQuestions& questions, const MixAnswer& answer, Asker& asker);
+Explanation Explain(const MixQuestions& questions, const Answer& answer, Asker& asker);
 
 }  // namespace qxmix

@@ -21,17 +21,13 @@ public:
 
     bool HasTime() const { return Clock::now() < end_; }
 
-    Neighbour Ask(std::uint16_t mix, std::uint32_t amount) {
+    Answer Ask(std::uint16_t mix, std::uint32_t amount) {
         MixRequest request = request_;
         request.usMixNumber = mix;
         request.ulAmount = amount;
-        Neighbour asked;
-        asked.amount = amount;
         const auto left = std::chrono::ceil<Milliseconds>(end_ - Clock::now());
         const Milliseconds deadline = std::clamp(left, Milliseconds(1), kDeadline);
-        asked.reply = asker_.Ask(request, deadline, Asker::Tracing::Silent);
-        asked.judgement = Judge(dispenser_, amount, asked.reply);
-        return asked;
+        return AskSilently(asker_, dispenser_, request, deadline);
     }
 
 private:
@@ -52,15 +48,15 @@ public:
     }
 
     void TryNext(TimedAsker& asker, std::uint16_t mix) {
-        Neighbour asked = asker.Ask(mix, static_cast<std::uint32_t>(next_));
+        const Answer answer = asker.Ask(mix, static_cast<std::uint32_t>(next_));
         next_ += step_;
         ++tried_;
-        if (asked.judgement.outcome == Outcome::Paid) {
-            found = asked;
+        if (answer.outcome == Outcome::Paid) {
+            found = answer;
         }
     }
 
-    std::optional<Neighbour> found;
+    std::optional<Answer> found;
 
 private:
     std::int64_t next_;
@@ -68,7 +64,7 @@ private:
     std::uint32_t tried_ = 0;
 };
 
-void AskOtherMixes(const MixAnswer& answer,
+void AskOtherMixes(const Answer& answer,
                    std::uint32_t amount,
                    TimedAsker& asker,
                    Surroundings& around) {
@@ -76,12 +72,12 @@ void AskOtherMixes(const MixAnswer& answer,
         if (mix == answer.mix || !asker.HasTime()) {
             continue;
         }
-        const Judgement judgement = asker.Ask(mix, amount).judgement;
-        if (judgement.outcome == Outcome::Paid) {
+        const Answer other = asker.Ask(mix, amount);
+        if (other.outcome == Outcome::Paid) {
             around.payers.push_back(mix);
-        } else if (!judgement.IsAnswered()) {
+        } else if (!other.IsAnswered()) {
             around.unanswered.push_back(mix);
-        } else if (judgement.IsDangerous()) {
+        } else if (other.IsDangerous()) {
             around.dangerous.push_back(mix);
         }
     }
@@ -114,12 +110,12 @@ void AskOtherAmounts(const MixQuestions& questions,
 
 }  // namespace
 
-Surroundings AskAround(const MixQuestions& questions, const MixAnswer& answer, Asker& asker) {
+Surroundings AskAround(const MixQuestions& questions, const Answer& answer, Asker& asker) {
     Surroundings around;
     TimedAsker timed(questions, asker);
     try {
         AskOtherMixes(answer, questions.amount, timed, around);
-        if (answer.judgement.outcome != Outcome::Paid) {
+        if (answer.outcome != Outcome::Paid) {
             AskOtherAmounts(questions, answer.mix, timed, around);
         }
     } catch (const Interruption&) {

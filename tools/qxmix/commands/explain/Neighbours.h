@@ -1,6 +1,6 @@
 #pragma once
 
-#include "answers/Judgement.h"
+#include "answers/Answer.h"
 #include "commands/mix/MixAnswers.h"
 #include "dispenser/Dispenser.h"
 #include "workers/Asker.h"
@@ -11,17 +11,11 @@
 
 namespace qxmix {
 
-/// An amount that is paid exactly.
-struct Neighbour {
-    std::uint32_t amount = 0;
-    Reply reply;
-    Judgement judgement;
-};
-
 /// What the module says beside an answer: the amounts around it, and the other mixes.
 struct Surroundings {
-    std::optional<Neighbour> below;  ///< none: not found, or not looked for
-    std::optional<Neighbour> above;
+    std::optional<Answer> below;  ///< the nearest that is paid exactly; none: not found, or not
+                                  ///< looked for
+    std::optional<Answer> above;
     std::vector<std::uint16_t> payers;      ///< other mixes that pay the amount exactly
     std::vector<std::uint16_t> dangerous;   ///< other mixes that take too much for it
     std::vector<std::uint16_t> unanswered;  ///< other mixes that gave no answer
@@ -31,6 +25,6 @@ struct Surroundings {
 /// Asks the other mixes for the amount, and, when it is not paid, the same mix for the amounts
 /// around it: at most 500 each way, in the step of what customers can ask. Each has a tenth of a
 /// second, and all together have two seconds.
-Surroundings AskAround(const MixQuestions& questions, const MixAnswer& answer, Asker& asker);
+Surroundings AskAround(const MixQuestions& questions, const Answer& answer, Asker& asker);
 
 }  // namespace qxmix

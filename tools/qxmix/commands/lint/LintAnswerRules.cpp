@@ -1,6 +1,5 @@
 #include "CashUnitCodes.h"
 #include "LintRules.h"
-#include "answers/Judgement.h"
 #include "json/Json.h"
 #include "options/MixList.h"
 #include "terminal/Terminal.h"
@@ -50,8 +49,7 @@ bool CanStopAtLimit(const LintMix& mix) {
 
 /// Whether what a mix reports as remainder is what it did not pay.
 bool IsRemainderRight(const LintCase& lint, const LintMix& mix, const LintAnswer& answer) {
-    const Judgement judgement = Judge(lint.TheDispenser(), answer.amount, ReplyOf(answer.cell));
-    Money told = judgement.paid;
+    Money told = Unpacked(lint, answer).paid;
     told += SearchedMoney(lint.TheDispenser(), answer.cell.remainder);
     return told == SearchedMoney(lint.TheDispenser(), mix.units.SearchedAmount(answer.amount));
 }

@@ -73,8 +73,14 @@ struct LintCase {
 /// One answer of a mix, as rules look at it.
 struct LintAnswer {
     std::uint32_t amount = 0;
+    std::uint16_t mix = 0;
     MapCell cell;
 };
+
+/// All that is known of it.
+inline Answer Unpacked(const LintCase& lint, const LintAnswer& answer) {
+    return AnswerOf(lint.TheDispenser(), answer.amount, answer.mix, answer.cell);
+}
 
 /// The answers of a mix for which something holds, the amounts in order.
 template <typename Holds>
@@ -82,7 +88,7 @@ std::vector<LintAnswer> AnswersWhere(const LintCase& lint, const LintMix& mix, c
     std::vector<LintAnswer> answers;
     MapRowReader reader(mix.row);
     for (std::uint64_t place = 0; place < mix.row.Size(); ++place) {
-        const LintAnswer answer{lint.questions.Amount(place), reader.Next()};
+        const LintAnswer answer{lint.questions.Amount(place), mix.mix, reader.Next()};
         if (holds(answer)) {
             answers.push_back(answer);
         }
@@ -97,7 +103,7 @@ AmountsWhere(const LintCase& lint, const LintMix& mix, const Holds& holds) {
     std::vector<std::uint32_t> amounts;
     MapRowReader reader(mix.row);
     for (std::uint64_t place = 0; place < mix.row.Size(); ++place) {
-        const LintAnswer answer{lint.questions.Amount(place), reader.Next()};
+        const LintAnswer answer{lint.questions.Amount(place), mix.mix, reader.Next()};
         if (holds(answer)) {
             amounts.push_back(answer.amount);
         }

@@ -2,7 +2,6 @@
 
 #include "LintLoadings.h"
 #include "LintRules.h"
-#include "answers/Judgement.h"
 #include "requests/Request.h"
 
 #include <algorithm>
@@ -118,11 +117,11 @@ std::optional<std::uint16_t> CureFinder::FindLimit(const LintMix& mix,
     changed.maxDispenseItems = kNoLimit;
     std::uint64_t most = 0;
     for (const std::uint32_t amount : unpaid) {
-        const std::optional<Judgement> judgement = Ask(changed, mix.mix, amount);
-        if (!judgement || judgement->outcome != Outcome::Paid) {
+        const std::optional<Answer> asked = Ask(changed, mix.mix, amount);
+        if (!asked || asked->outcome != Outcome::Paid) {
             return std::nullopt;
         }
-        most = std::max({most, judgement->notes, judgement->coins});
+        most = std::max({most, asked->notes, asked->coins});
     }
     changed.maxDispenseItems = static_cast<std::uint16_t>(most);
     return Cures(changed, mix, unpaid) ? std::make_optional(changed.maxDispenseItems)
@@ -154,9 +153,9 @@ void CureFinder::FindBestLoading(const LintMix& mix,
         std::size_t paid = 0;
         const bool isHarmless =
             std::all_of(unpaid.begin(), unpaid.end(), [&](std::uint32_t amount) {
-                const auto judgement = Ask(changed, mix.mix, amount);
-                paid += judgement && judgement->outcome == Outcome::Paid ? 1U : 0U;
-                return judgement && !judgement->IsDangerous();
+                const auto asked = Ask(changed, mix.mix, amount);
+                paid += asked && asked->outcome == Outcome::Paid ? 1U : 0U;
+                return asked && !asked->IsDangerous();
             });
         if (isHarmless && paid > cures.paidByLoading) {
             cures.loading = loading;
@@ -171,8 +170,8 @@ bool CureFinder::Cures(const Dispenser& changed,
                        const LintMix& mix,
                        const std::vector<std::uint32_t>& unpaid) {
     const auto isPaid = [&](std::uint32_t amount) {
-        const auto judgement = Ask(changed, mix.mix, amount);
-        return judgement && judgement->outcome == Outcome::Paid;
+        const auto asked = Ask(changed, mix.mix, amount);
+        return asked && asked->outcome == Outcome::Paid;
     };
     // The ends first: most of what does not help fails there.
     if (!isPaid(unpaid.front()) || !isPaid(unpaid.back()) ||
@@ -185,9 +184,9 @@ bool CureFinder::Cures(const Dispenser& changed,
         if (isBetter && before == Outcome::Paid) {
             isBetter = isPaid(answer.amount);
         } else if (isBetter && before == Outcome::NothingPaid) {
-            const auto judgement = Ask(changed, mix.mix, answer.amount);
-            isBetter = judgement && (judgement->outcome == Outcome::Paid ||
-                                     judgement->outcome == Outcome::NothingPaid);
+            const auto asked = Ask(changed, mix.mix, answer.amount);
+            isBetter = asked &&
+                       (asked->outcome == Outcome::Paid || asked->outcome == Outcome::NothingPaid);
         }
         return false;
     });
@@ -195,17 +194,16 @@ bool CureFinder::Cures(const Dispenser& changed,
 }
 
 /// What the mix makes of an amount there; none when too much was asked already.
-std::optional<Judgement>
+std::optional<Answer>
 CureFinder::Ask(const Dispenser& changed, std::uint16_t mix, std::uint32_t amount) {
     if (questionsLeft_ == 0 || missesLeft_ == 0) {
         return std::nullopt;
     }
     --questionsLeft_;
-    const Reply reply =
-        asker_.Ask(BuildRequest(changed, amount, mix), kDeadline, Asker::Tracing::Silent);
-    const Judgement judgement = Judge(changed, amount, reply);
-    missesLeft_ -= judgement.IsAnswered() ? 0U : 1U;
-    return judgement;
+    const Answer answer =
+        AskSilently(asker_, changed, BuildRequest(changed, amount, mix), kDeadline);
+    missesLeft_ -= answer.IsAnswered() ? 0U : 1U;
+    return answer;
 }
 
 }  // namespace qxmix

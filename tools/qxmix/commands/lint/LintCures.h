@@ -1,6 +1,6 @@
 #pragma once
 
-#include "answers/Judgement.h"
+#include "answers/Answer.h"
 #include "dispenser/Dispenser.h"
 #include "options/AmountRange.h"
 #include "workers/Asker.h"
@@ -57,7 +57,7 @@ private:
     FindBestLoading(const LintMix& mix, const std::vector<std::uint32_t>& unpaid, LintCures& cures);
     bool
     Cures(const Dispenser& changed, const LintMix& mix, const std::vector<std::uint32_t>& unpaid);
-    std::optional<Judgement> Ask(const Dispenser& changed, std::uint16_t mix, std::uint32_t amount);
+    std::optional<Answer> Ask(const Dispenser& changed, std::uint16_t mix, std::uint32_t amount);
 
     const LintCase& lint_;
     Asker& asker_;

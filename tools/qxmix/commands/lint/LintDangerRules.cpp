@@ -1,5 +1,4 @@
 #include "LintRules.h"
-#include "answers/Judgement.h"
 #include "json/Json.h"
 #include "options/MixList.h"
 
@@ -24,11 +23,10 @@ const char* NameOf(WhyTooMuch why) {
 /// Which cassettes an answer takes whole, and why it does.
 Json TooMuchJson(const LintCase& lint, const LintMix& mix, const LintAnswer& answer) {
     const Dispenser& dispenser = lint.TheDispenser();
-    const Judgement judgement = Judge(dispenser, answer.amount, ReplyOf(answer.cell));
+    const CassetteItems taken = Unpacked(lint, answer).taken;
     Json emptied = Json::array();
     for (std::size_t index = 0; index < dispenser.cassettes.size(); ++index) {
-        if (judgement.taken[index] != 0 &&
-            judgement.taken[index] >= dispenser.cassettes[index].count) {
+        if (taken[index] != 0 && taken[index] >= dispenser.cassettes[index].count) {
             emptied.push_back(index);
         }
     }
@@ -46,7 +44,7 @@ bool HasBetterMix(const LintCase& lint, const LintMix& mix) {
 }
 
 bool IsProved(const LintAnswer& answer) {
-    return answer.cell.deadline.count() == 0;
+    return answer.cell.IsProved();
 }
 
 std::vector<std::uint16_t> FirstFitMixesWith(const LintCase& lint, std::size_t leastUnits) {

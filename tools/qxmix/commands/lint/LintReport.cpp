@@ -1,7 +1,6 @@
 #include "LintReport.h"
 
 #include "LintAdvice.h"
-#include "answers/Judgement.h"
 #include "dispenser/ReadableMoney.h"
 #include "json/Json.h"
 #include "options/MixList.h"
@@ -35,11 +34,11 @@ std::string ListText(const std::vector<LintAnswer>& answers,
 }
 
 Json AnswerJson(const LintCase& lint, const LintAnswer& answer) {
-    const Judgement judgement = Judge(lint.TheDispenser(), answer.amount, ReplyOf(answer.cell));
     const unsigned decimals = AmountDecimals(lint.TheDispenser());
     return {{"amount", answer.amount},
             {"outcome", RowOf(answer.cell.outcome).name},
-            {"paid", judgement.IsAnswered() ? Json(judgement.paid.Text(decimals)) : Json()}};
+            {"paid",
+             answer.cell.IsAnswered() ? Json(Unpacked(lint, answer).paid.Text(decimals)) : Json()}};
 }
 
 }  // namespace
@@ -134,9 +133,8 @@ std::string AmountText(const LintCase& lint, std::uint32_t amount) {
 }
 
 std::string PaidText(const LintCase& lint, const LintAnswer& answer) {
-    const Judgement judgement = Judge(lint.TheDispenser(), answer.amount, ReplyOf(answer.cell));
     return AmountText(lint, answer.amount) + " pays " +
-           ReadableText(judgement.paid, AmountDecimals(lint.TheDispenser()));
+           ReadableText(Unpacked(lint, answer).paid, AmountDecimals(lint.TheDispenser()));
 }
 
 std::string CassettePointer(std::size_t cassette, const std::string& field) {

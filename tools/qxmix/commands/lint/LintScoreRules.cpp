@@ -1,6 +1,5 @@
 #include "CashUnitCodes.h"
 #include "LintRules.h"
-#include "answers/Judgement.h"
 
 #include <algorithm>
 
@@ -84,9 +83,9 @@ std::uint16_t HarmlessLimit(const LintMix& mix, std::uint16_t limit) {
 std::uint64_t MostItems(const LintCase& lint, const LintMix& mix) {
     std::uint64_t most = 0;
     AnswersWhere(lint, mix, [&](const LintAnswer& answer) {
-        const Judgement judgement = Judge(lint.TheDispenser(), answer.amount, ReplyOf(answer.cell));
-        if (judgement.outcome == Outcome::Paid) {
-            most = std::max({most, judgement.notes, judgement.coins});
+        if (answer.cell.outcome == Outcome::Paid) {
+            const Answer paid = Unpacked(lint, answer);
+            most = std::max({most, paid.notes, paid.coins});
         }
         most = IsOverLimit(mix, answer) ? kWrap : most;
         return false;

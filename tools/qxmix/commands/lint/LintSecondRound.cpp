@@ -190,8 +190,7 @@ private:
             const LintAnswer& answer = answers[index];
             const std::vector<std::uint32_t> searched =
                 SearchedItems(mix.units, answer.amount, asker_);
-            const std::vector<std::uint32_t> given = GivenItems(
-                mix.units, Judge(lint_.TheDispenser(), answer.amount, ReplyOf(answer.cell)));
+            const std::vector<std::uint32_t> given = GivenItems(mix.units, Unpacked(lint_, answer));
             for (std::size_t place = 0; place < mix.units.All().size(); ++place) {
                 const Unit& unit = mix.units.All()[place];
                 if (!searched.empty() && !unit.dropped &&

@@ -1,6 +1,5 @@
 #include "MapAnswers.h"
 
-#include "answers/Judgement.h"
 #include "requests/Request.h"
 #include "workers/AdaptiveDeadline.h"
 
@@ -44,11 +43,13 @@ public:
     }
 
     void Take(const WorkerPool::Task& task, const Reply& reply) override {
-        const Outcome outcome = Judge(questions_.dispenser, AmountOf(task.number), reply).outcome;
-        const bool isMiss = reply.ending.kind == Ending::Kind::NoAnswer;
+        const Answer answer =
+            Judge(questions_.dispenser,
+                  {AmountOf(task.number), task.request.usMixNumber, task.deadline}, reply);
+        const bool isMiss = answer.outcome == Outcome::NoAnswer && !answer.isProved;
         deadlines_[RowOf(task.number)].Note(isMiss);
         CountDone(1, isMiss ? 1 : 0);
-        Keep(task.number, CellOf(reply, outcome, task.deadline));
+        Keep(task.number, CellOf(answer));
     }
 
 private:
@@ -107,7 +108,7 @@ private:
         if (IsGivenUp(row)) {
             return;
         }
-        const bool isMiss = cell.outcome == Outcome::NoAnswer && cell.deadline.count() > 0;
+        const bool isMiss = cell.outcome == Outcome::NoAnswer && !cell.IsProved();
         misses_[row] += isMiss ? 1U : 0U;
         answers_.lastCode = cell.code.empty() ? answers_.lastCode : cell.code;
         answers_.rows[row].Add(cell);

@@ -1,6 +1,5 @@
 #include "MapCsv.h"
 
-#include "answers/Judgement.h"
 #include "terminal/Terminal.h"
 
 namespace qxmix {
@@ -16,9 +15,9 @@ std::string CellLine(const MapQuestions& questions,
     if (!cell.IsAnswered()) {
         return line + ",,," + std::string(kMaxCashUnits, ',') + "\n";
     }
-    const Judgement judgement = Judge(questions.dispenser, amount, ReplyOf(cell));
-    line += judgement.paid.Text(AmountDecimals(questions.dispenser)) + "," +
-            std::to_string(cell.remainder) + "," + std::to_string(cell.returned) + ",";
+    line += AnswerOf(questions.dispenser, amount, mix, cell)
+                .paid.Text(AmountDecimals(questions.dispenser)) +
+            "," + std::to_string(cell.remainder) + "," + std::to_string(cell.returned) + ",";
     // A code of five letters and digits is the only one there is; another must not split the line.
     const std::string code = Printable(cell.code);
     line += code.find_first_of(",\"") == std::string::npos ? code : "?";

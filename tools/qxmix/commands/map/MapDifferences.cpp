@@ -42,8 +42,9 @@ void FindDifferences(const MapQuestions& questions,
     MapRowReader reader(row);
     for (std::uint64_t place = 0; place < row.Size() && decisions.AreWanted(); ++place) {
         request.ulAmount = questions.Amount(place);
+        const MapCell& cell = reader.Next();
         const LibraryDifference difference =
-            decisions.Of(request, ReplyOf(reader.Next()).ending.kind);
+            decisions.Of(request, EndingOf(cell.outcome, cell.IsProved()));
         if (difference != LibraryDifference::None) {
             hear(request.ulAmount, difference);
         }

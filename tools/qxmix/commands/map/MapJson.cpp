@@ -1,6 +1,5 @@
 #include "MapJson.h"
 
-#include "answers/Judgement.h"
 #include "answers/ResultJson.h"
 #include "dispenser/DispenserJson.h"
 #include "json/Json.h"
@@ -24,7 +23,7 @@ bool IsListed(Outcome outcome) {
     return outcome == Outcome::Overpaid || outcome == Outcome::Overdrawn;
 }
 
-Json DangersJson(const MapQuestions& questions, const MapRow& row) {
+Json DangersJson(const MapQuestions& questions, std::uint16_t mix, const MapRow& row) {
     Json dangers = Json::array();
     MapRowReader reader(row);
     for (std::uint64_t place = 0; place < row.Size() && dangers.size() < kListedDangers; ++place) {
@@ -32,12 +31,11 @@ Json DangersJson(const MapQuestions& questions, const MapRow& row) {
         if (!IsListed(cell.outcome)) {
             continue;
         }
-        const std::uint32_t amount = questions.Amount(place);
-        const Judgement judgement = Judge(questions.dispenser, amount, ReplyOf(cell));
-        dangers.push_back({{"amount", amount},
-                           {"outcome", RowOf(cell.outcome).name},
-                           {"paid", judgement.paid.Text(AmountDecimals(questions.dispenser))},
-                           {"values", cell.values}});
+        const Answer answer = AnswerOf(questions.dispenser, questions.Amount(place), mix, cell);
+        dangers.push_back({{"amount", answer.amount},
+                           {"outcome", RowOf(answer.outcome).name},
+                           {"paid", answer.paid.Text(AmountDecimals(questions.dispenser))},
+                           {"values", answer.values}});
     }
     return dangers;
 }
@@ -60,7 +58,7 @@ Json StepJson(const MapRow::Step& step) {
     }
     json.push_back(static_cast<std::int32_t>(step.remainder));
     json.push_back(step.returned);
-    json.push_back(step.code.empty() ? Json() : Json(Printable(step.code)));
+    json.push_back(CodeJson(step.code));
     return json;
 }
 
@@ -93,7 +91,7 @@ Json MapResultJson(const MapQuestions& questions, const MapAnswers& answers) {
             {{"mix", questions.mixes[index]},
              {"runs", RunsJson(row)},
              {"counts", CountsJson([&row](Outcome outcome) { return row.Count(outcome); })},
-             {"dangers", DangersJson(questions, row)},
+             {"dangers", DangersJson(questions, questions.mixes[index], row)},
              {"deadlines", DeadlinesJson(row)},
              {"answers", AnswersJson(row)}});
     }

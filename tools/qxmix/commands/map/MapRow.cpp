@@ -5,38 +5,35 @@
 
 namespace qxmix {
 
-MapCell CellOf(const Reply& reply, Outcome outcome, Milliseconds deadline) {
+MapCell CellOf(const Answer& answer) {
     MapCell cell;
-    cell.outcome = outcome;
-    cell.deadline = reply.ending.kind == Ending::Kind::Endless ? Milliseconds{0} : deadline;
-    if (cell.IsAnswered()) {
-        for (std::size_t slot = 0; slot < kMaxCashUnits; ++slot) {
-            cell.values[slot] = reply.calculation.result.aulNotes[slot];
-        }
-        cell.remainder = reply.calculation.request.ulRemainder;
-        cell.returned = reply.calculation.returned;
-        cell.code = reply.calculation.written;
-        cell.took = reply.calculation.took;
+    cell.outcome = answer.outcome;
+    cell.deadline = answer.isProved ? Milliseconds{0} : answer.deadline;
+    if (answer.IsAnswered()) {
+        cell.values = answer.values;
+        cell.remainder = answer.remainder;
+        cell.returned = answer.returned;
+        cell.code = answer.code;
+        cell.took = answer.took;
     }
     return cell;
 }
 
-Reply ReplyOf(const MapCell& cell) {
-    Reply reply;
-    if (!cell.IsAnswered()) {
-        reply.ending.kind = cell.outcome == Outcome::Crashed ? Ending::Kind::Crashed
-                            : cell.deadline.count() == 0     ? Ending::Kind::Endless
-                                                             : Ending::Kind::NoAnswer;
-        return reply;
+Answer
+AnswerOf(const Dispenser& dispenser, std::uint32_t amount, std::uint16_t mix, const MapCell& cell) {
+    Answer answer({amount, mix, cell.deadline});
+    answer.outcome = cell.outcome;
+    answer.isProved = cell.IsProved();
+    answer.asked = AskedMoney(dispenser, amount);
+    if (cell.IsAnswered()) {
+        answer.returned = cell.returned;
+        answer.values = cell.values;
+        answer.remainder = cell.remainder;
+        answer.code = cell.code;
+        answer.took = cell.took;
+        answer.AddUp(dispenser);
     }
-    reply.ending.kind = Ending::Kind::Answered;
-    reply.calculation.returned = cell.returned;
-    reply.calculation.request.ulRemainder = cell.remainder;
-    for (std::size_t slot = 0; slot < kMaxCashUnits; ++slot) {
-        reply.calculation.result.aulNotes[slot] = cell.values[slot];
-    }
-    reply.calculation.written = cell.code;
-    return reply;
+    return answer;
 }
 
 void MapRow::Add(const MapCell& cell) {

@@ -1,10 +1,7 @@
 #pragma once
 
-#include "Records.h"
-#include "answers/Outcome.h"
-#include "workers/Worker.h"
+#include "answers/Answer.h"
 
-#include <array>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -14,10 +11,10 @@
 
 namespace qxmix {
 
-/// What one mix answered on one amount.
+/// What a row keeps of an answer; the rest follows from the question and the dispenser.
 struct MapCell {
     Outcome outcome = Outcome::NoAnswer;
-    std::array<std::uint32_t, kMaxCashUnits> values{};  ///< items by slot, as the module wrote them
+    CassetteItems values{};  ///< items by slot, as the module wrote them
     std::uint32_t remainder = 0;
     std::int32_t returned = 0;
     std::string code;                  ///< error code left in the registry; empty: none
@@ -25,13 +22,18 @@ struct MapCell {
     std::chrono::nanoseconds took{0};  ///< processor time; a row keeps the longest
 
     /// False for a missed deadline and a crash: nothing but outcome and deadline counts then.
-    bool IsAnswered() const { return outcome != Outcome::NoAnswer && outcome != Outcome::Crashed; }
+    bool IsAnswered() const { return qxmix::IsAnswered(outcome); }
+
+    bool IsProved() const { return outcome == Outcome::NoAnswer && deadline.count() == 0; }
 };
 
-MapCell CellOf(const Reply& reply, Outcome outcome, Milliseconds deadline);
+MapCell CellOf(const Answer& answer);
 
-/// The reply that a cell came from, as far as the cell has it.
-Reply ReplyOf(const MapCell& cell);
+/// The answer that a cell was made of.
+///
+/// @param dispenser  the one that was asked.
+Answer
+AnswerOf(const Dispenser& dispenser, std::uint32_t amount, std::uint16_t mix, const MapCell& cell);
 
 /// What one mix answered on one amount after the other, in little room: neighbouring amounts get
 /// similar answers, so each is kept as one of few steps from the answer before it.
@@ -46,10 +48,10 @@ public:
     /// From one answer to the next.
     struct Step {
         bool isAnswered;  ///< false: no answer is there, and the next step is from the one before
-        std::array<std::uint32_t, kMaxCashUnits> values;  ///< more than before, modulo 2^32
-        std::uint32_t remainder;                          ///< more than before, modulo 2^32
-        std::int32_t returned;                            ///< as it is
-        std::string code;                                 ///< as it is
+        CassetteItems values;     ///< more than before, modulo 2^32
+        std::uint32_t remainder;  ///< more than before, modulo 2^32
+        std::int32_t returned;    ///< as it is
+        std::string code;         ///< as it is
 
         bool operator<(const Step& other) const {
             return std::tie(isAnswered, values, remainder, returned, code) <

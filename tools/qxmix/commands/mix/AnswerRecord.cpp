@@ -8,13 +8,15 @@
 
 namespace qxmix {
 
-void RecordAnswers(const std::string& file, const MixAnswers& answers) {
-    AppendLines(file, [&answers](std::uint64_t id) {
+void RecordAnswers(const std::string& file,
+                   const MixQuestions& questions,
+                   const MixAnswers& answers) {
+    AppendLines(file, [&](std::uint64_t id) {
         std::string lines;
-        for (const MixAnswer& answer : answers.answers) {
+        for (std::size_t place = 0; place < answers.answers.size(); ++place) {
             const Json line = {{"id", ++id},
-                               {"request", HexText(RawBytes(answer.request))},
-                               {"answer", RecordedAnswer(answer.reply)}};
+                               {"request", HexText(RawBytes(questions.requests[place]))},
+                               {"answer", RecordedAnswer(answers.answers[place])}};
             lines += line.dump() + "\n";
         }
         return lines;

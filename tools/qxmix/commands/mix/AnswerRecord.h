@@ -10,6 +10,8 @@ namespace qxmix {
 /// digits and what came back. The ids go on counting the lines of the file.
 ///
 /// @throw WorkError when the file cannot be written.
-void RecordAnswers(const std::string& file, const MixAnswers& answers);
+void RecordAnswers(const std::string& file,
+                   const MixQuestions& questions,
+                   const MixAnswers& answers);
 
 }  // namespace qxmix

@@ -1,6 +1,7 @@
 #include "MixAnswers.h"
 
 #include "MixFindings.h"
+#include "requests/Request.h"
 
 #include <algorithm>
 
@@ -8,13 +9,16 @@ namespace qxmix {
 
 namespace {
 
-MixAnswer AskOne(const MixQuestions& questions, const MixRequest& request, Asker& asker) {
-    MixAnswer answer;
-    answer.mix = request.usMixNumber;
-    answer.request = request;
-    answer.reply = asker.Ask(request, questions.deadline);
-    answer.judgement = Judge(questions.dispenser, questions.amount, answer.reply);
-    return answer;
+void AskOne(const MixQuestions& questions,
+            const MixRequest& request,
+            Asker& asker,
+            MixAnswers& known) {
+    const Reply reply = asker.Ask(request, questions.deadline);
+    known.answers.push_back(Judge(
+        questions.dispenser, {questions.amount, request.usMixNumber, questions.deadline}, reply));
+    known.raw = reply.ending.kind == Ending::Kind::Answered
+                    ? RawBytes(reply.calculation.request, reply.calculation.result)
+                    : "";
 }
 
 }  // namespace
@@ -23,7 +27,7 @@ MixAnswers AskMixes(const MixQuestions& questions, Asker& asker, bool keepsRegis
     MixAnswers known;
     try {
         for (const MixRequest& request : questions.requests) {
-            known.answers.push_back(AskOne(questions, request, asker));
+            AskOne(questions, request, asker, known);
             if (keepsRegistry) {
                 asker.KeepRegistry();
             }
@@ -43,8 +47,8 @@ ExitStatus ExitStatusOf(const MixAnswers& answers) {
         return ExitStatus::Interrupted;
     }
     ExitStatus highest = ExitStatus::Well;
-    for (const MixAnswer& answer : answers.answers) {
-        highest = std::max(highest, RowOf(answer.judgement.outcome).exitStatus);
+    for (const Answer& answer : answers.answers) {
+        highest = std::max(highest, RowOf(answer.outcome).exitStatus);
     }
     return highest;
 }

@@ -1,11 +1,12 @@
 #pragma once
 
-#include "answers/Judgement.h"
+#include "answers/Answer.h"
 #include "dispenser/Dispenser.h"
 #include "findings/Findings.h"
 #include "workers/Asker.h"
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 namespace qxmix {
@@ -19,17 +20,10 @@ struct MixQuestions {
     Milliseconds deadline{2000};
 };
 
-/// What one mix answered.
-struct MixAnswer {
-    std::uint16_t mix = 0;
-    MixRequest request;  ///< as it was asked
-    Reply reply;
-    Judgement judgement;
-};
-
 /// What is known of the questions.
 struct MixAnswers {
-    std::vector<MixAnswer> answers;
+    std::vector<Answer> answers;
+    std::string raw;  ///< of the last one: request and result as they came back; empty: none came
     std::vector<Finding> findings;
     bool isComplete = true;  ///< false: Ctrl-C came before the end
 };

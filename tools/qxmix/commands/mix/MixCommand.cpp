@@ -40,8 +40,8 @@ Json InputJson(const MixQuestions& questions, bool isRaw) {
 
 Json AnswersJson(const MixQuestions& questions, const MixAnswers& answers) {
     Json mixes = Json::array();
-    for (const MixAnswer& answer : answers.answers) {
-        Json result = ResultJson(questions.dispenser, answer.judgement, answer.reply);
+    for (const Answer& answer : answers.answers) {
+        Json result = ResultJson(questions.dispenser, answer);
         if (!questions.asksList) {
             return result;
         }
@@ -108,7 +108,7 @@ ExitStatus MixCommand::Run(const CommonOptions& options) {
         throw Interruption();
     }
     const std::string text = Render(options, questions, answers, module.asker);
-    WriteFiles(options, answers, module.asker.Registry());
+    WriteFiles(options, questions, answers, module.asker.Registry());
     WriteStandardOutput(text);
     return ExitStatusOf(answers);
 }
@@ -138,23 +138,20 @@ MixQuestions MixCommand::PrepareRaw() const {
 }
 
 void MixCommand::WriteFiles(const CommonOptions& options,
+                            const MixQuestions& questions,
                             const MixAnswers& answers,
                             const std::string& registry) const {
     OutputFiles files;
     files.Add(options.registryOut, registry);
-    if (!rawOut_.empty() && !answers.answers.empty()) {
-        const MixAnswer& answer = answers.answers.front();
-        const Calculation& calculation = answer.reply.calculation;
-        if (answer.judgement.IsAnswered()) {
-            files.Add(rawOut_, RawBytes(calculation.request, calculation.result));
-        } else {
-            // The answer must be seen all the same: this is no reason to end here.
-            Complain(rawOut_ + ": not written: there is no answer");
-        }
+    if (!rawOut_.empty() && !answers.raw.empty()) {
+        files.Add(rawOut_, answers.raw);
+    } else if (!rawOut_.empty() && !answers.answers.empty()) {
+        // The answer must be seen all the same: this is no reason to end here.
+        Complain(rawOut_ + ": not written: there is no answer");
     }
     files.Commit();
     if (!record_.empty()) {
-        RecordAnswers(record_, answers);
+        RecordAnswers(record_, questions, answers);
     }
 }
 

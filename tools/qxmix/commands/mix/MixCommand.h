@@ -19,6 +19,7 @@ private:
     MixQuestions Prepare() const;
     MixQuestions PrepareRaw() const;
     void WriteFiles(const CommonOptions& options,
+                    const MixQuestions& questions,
                     const MixAnswers& answers,
                     const std::string& registry) const;
     std::string Render(const CommonOptions& options,

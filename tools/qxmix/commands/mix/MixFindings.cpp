@@ -17,22 +17,22 @@ namespace {
 constexpr Milliseconds kOtherMixDeadline{100};
 
 bool PaysExactly(const MixQuestions& questions,
-                 const std::vector<MixAnswer>& answers,
+                 const std::vector<Answer>& answers,
                  std::uint16_t mix,
                  Asker& asker) {
     const auto known = std::find_if(answers.begin(), answers.end(),
-                                    [mix](const MixAnswer& answer) { return answer.mix == mix; });
+                                    [mix](const Answer& answer) { return answer.mix == mix; });
     if (known != answers.end()) {
-        return known->judgement.outcome == Outcome::Paid;
+        return known->outcome == Outcome::Paid;
     }
     MixRequest request = questions.requests.front();
     request.usMixNumber = mix;
-    const Reply reply = asker.Ask(request, kOtherMixDeadline, Asker::Tracing::Silent);
-    return Judge(questions.dispenser, questions.amount, reply).outcome == Outcome::Paid;
+    const Answer answer = AskSilently(asker, questions.dispenser, request, kOtherMixDeadline);
+    return answer.outcome == Outcome::Paid;
 }
 
 std::vector<std::string>
-ExactPayers(const MixQuestions& questions, const std::vector<MixAnswer>& answers, Asker& asker) {
+ExactPayers(const MixQuestions& questions, const std::vector<Answer>& answers, Asker& asker) {
     std::vector<std::string> payers;
     for (const std::uint16_t mix : AllMixes()) {
         if (PaysExactly(questions, answers, mix, asker)) {
@@ -51,50 +51,49 @@ std::string Advice(const std::vector<std::string>& payers, const std::string& am
            " exactly";
 }
 
-std::string MessageOf(const Judgement& judgement, Milliseconds deadline) {
-    if (judgement.isProved) {
+std::string MessageOf(const Answer& answer) {
+    if (answer.isProved) {
         return "this amount is never answered: do not call this mix without a watchdog";
     }
-    if (judgement.outcome == Outcome::NoAnswer) {
-        return "no answer within " + DurationWords(deadline) +
+    if (answer.outcome == Outcome::NoAnswer) {
+        return "no answer within " + DurationWords(answer.deadline) +
                ": never call this mix without a watchdog";
     }
-    const std::string what = judgement.outcome == Outcome::Overpaid ? "paid than asked"
-                             : judgement.isHeld                     ? "taken than the limit allows"
-                                                                    : "taken than a cassette holds";
+    const std::string what = answer.outcome == Outcome::Overpaid ? "paid than asked"
+                             : answer.isHeld                     ? "taken than the limit allows"
+                                                                 : "taken than a cassette holds";
     return "more is " + what + ": do not hand out this answer";
 }
 
 }  // namespace
 
-Finding DangerOf(std::uint16_t mix, const Judgement& judgement, Milliseconds deadline) {
-    Finding finding = FindingOf(judgement.IsAnswered() ? "QX401" : "QX402");
-    finding.mix = mix;
+Finding DangerOf(const Answer& answer) {
+    Finding finding = FindingOf(answer.IsAnswered() ? "QX401" : "QX402");
+    finding.mix = answer.mix;
     finding.pointer = "/mix";
-    finding.message = MessageOf(judgement, deadline);
-    if (judgement.outcome == Outcome::NoAnswer) {
-        finding.isProved = judgement.isProved;
+    finding.message = MessageOf(answer);
+    if (answer.outcome == Outcome::NoAnswer) {
+        finding.isProved = answer.isProved;
     }
     return finding;
 }
 
 std::vector<Finding>
-DangersOf(const MixQuestions& questions, const std::vector<MixAnswer>& answers, Asker& asker) {
-    const bool isHarmless =
-        std::none_of(answers.begin(), answers.end(),
-                     [](const MixAnswer& answer) { return answer.judgement.IsDangerous(); });
+DangersOf(const MixQuestions& questions, const std::vector<Answer>& answers, Asker& asker) {
+    const bool isHarmless = std::none_of(answers.begin(), answers.end(),
+                                         [](const Answer& answer) { return answer.IsDangerous(); });
     if (isHarmless) {
         return {};
     }
     const std::string amount =
-        ReadableText(answers.front().judgement.asked, AmountDecimals(questions.dispenser));
+        ReadableText(answers.front().asked, AmountDecimals(questions.dispenser));
     const std::string advice = Advice(ExactPayers(questions, answers, asker), amount);
     std::vector<Finding> findings;
-    for (const MixAnswer& answer : answers) {
-        if (!answer.judgement.IsDangerous()) {
+    for (const Answer& answer : answers) {
+        if (!answer.IsDangerous()) {
             continue;
         }
-        Finding finding = DangerOf(answer.mix, answer.judgement, questions.deadline);
+        Finding finding = DangerOf(answer);
         if (questions.asksList) {
             finding.message = "mix " + std::to_string(answer.mix) + ": " + finding.message;
         }
@@ -105,14 +104,16 @@ DangersOf(const MixQuestions& questions, const std::vector<MixAnswer>& answers, 
 }
 
 std::vector<Finding>
-DifferencesOf(const MixQuestions& questions, const std::vector<MixAnswer>& answers, Asker& asker) {
+DifferencesOf(const MixQuestions& questions, const std::vector<Answer>& answers, Asker& asker) {
     if (IsOwnLibrary(asker.Library())) {
         return {};
     }
     OwnDecisions decisions(asker.Library(), asker.Open().minimum);
     std::vector<Finding> findings;
-    for (const MixAnswer& answer : answers) {
-        const LibraryDifference difference = decisions.Of(answer.request, answer.reply.ending.kind);
+    for (std::size_t place = 0; place < answers.size(); ++place) {
+        const Answer& answer = answers[place];
+        const LibraryDifference difference =
+            decisions.Of(questions.requests[place], EndingOf(answer.outcome, answer.isProved));
         if (difference == LibraryDifference::None) {
             continue;
         }

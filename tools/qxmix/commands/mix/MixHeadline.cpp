@@ -19,16 +19,16 @@ std::string AskedText(const MixQuestions& questions) {
 }
 
 /// "280 of 280 EUR with 5 items (limit 40)"
-std::string PaidText(const MixQuestions& questions, const Judgement& judgement) {
-    const std::uint64_t items = judgement.Items();
-    return ReadableText(judgement.paid, AmountDecimals(questions.dispenser)) + " of " +
+std::string PaidText(const MixQuestions& questions, const Answer& answer) {
+    const std::uint64_t items = answer.Items();
+    return ReadableText(answer.paid, AmountDecimals(questions.dispenser)) + " of " +
            AskedText(questions) + " with " + std::to_string(items) +
            (items == 1 ? " item" : " items") + " (limit " +
            std::to_string(questions.dispenser.maxDispenseItems) + ")";
 }
 
-std::string RefusalText(const MixAnswer& answer) {
-    switch (answer.judgement.outcome) {
+std::string RefusalText(const Answer& answer) {
+    switch (answer.outcome) {
     case Outcome::InvalidMixNumber:
         return "no such mix";
     case Outcome::TooManyItems:
@@ -38,7 +38,7 @@ std::string RefusalText(const MixAnswer& answer) {
     case Outcome::NotDispensable:
         return "not dispensable";
     default:
-        return "the module returned " + std::to_string(answer.reply.calculation.returned);
+        return "the module returned " + std::to_string(answer.returned);
     }
 }
 
@@ -47,19 +47,18 @@ struct Headline {
     std::string rest;
 };
 
-Headline HeadlineOf(const MixQuestions& questions, const MixAnswer& answer) {
+Headline HeadlineOf(const MixQuestions& questions, const Answer& answer) {
     const std::string mix = "mix " + std::to_string(answer.mix);
-    const std::string paid = PaidText(questions, answer.judgement) + ", " + mix;
-    switch (answer.judgement.outcome) {
+    const std::string paid = PaidText(questions, answer) + ", " + mix;
+    switch (answer.outcome) {
     case Outcome::NoAnswer:
-        if (answer.judgement.isProved) {
+        if (answer.isProved) {
             return {"NEVER ANSWERS", AskedText(questions) + ", " + mix};
         }
         return {"NO ANSWER", "within " + DurationWords(questions.deadline) + " for " +
                                  AskedText(questions) + ", " + mix};
     case Outcome::Crashed:
-        return {"CRASHED",
-                "with " + answer.reply.ending.crash + " on " + AskedText(questions) + ", " + mix};
+        return {"CRASHED", "with " + answer.crash + " on " + AskedText(questions) + ", " + mix};
     case Outcome::Overpaid:
     case Outcome::Overdrawn:
         return {"DANGER", "pays " + paid};
@@ -77,8 +76,8 @@ Headline HeadlineOf(const MixQuestions& questions, const MixAnswer& answer) {
 std::vector<std::string>
 MixesWith(const MixAnswers& answers, Outcome outcome, bool isProved = false) {
     std::vector<std::string> mixes;
-    for (const MixAnswer& answer : answers.answers) {
-        if (answer.judgement.outcome == outcome && answer.judgement.isProved == isProved) {
+    for (const Answer& answer : answers.answers) {
+        if (answer.outcome == outcome && answer.isProved == isProved) {
             mixes.push_back(std::to_string(answer.mix));
         }
     }
@@ -128,10 +127,9 @@ std::string PayersText(const MixAnswers& answers, std::size_t paid) {
 }  // namespace
 
 std::string
-MixHeadline(const MixQuestions& questions, const MixAnswer& answer, const Painter& painter) {
+MixHeadline(const MixQuestions& questions, const Answer& answer, const Painter& painter) {
     const Headline headline = HeadlineOf(questions, answer);
-    return painter.Paint(headline.word, RowOf(answer.judgement.outcome).terminalStyle) + "  " +
-           headline.rest;
+    return painter.Paint(headline.word, RowOf(answer.outcome).terminalStyle) + "  " + headline.rest;
 }
 
 std::string
@@ -141,7 +139,7 @@ MixListHeadline(const MixQuestions& questions, const MixAnswers& answers, const 
     if (!dangers.empty()) {
         const bool onlyCrashes =
             std::none_of(answers.answers.begin(), answers.answers.end(),
-                         [](const MixAnswer& answer) { return answer.judgement.IsDangerous(); });
+                         [](const Answer& answer) { return answer.IsDangerous(); });
         return painter.Paint(onlyCrashes ? "CRASH" : "DANGER",
                              RowOf(Outcome::Overpaid).terminalStyle) +
                "  " + dangers + " for " + asked;

@@ -71,14 +71,14 @@ std::string StatusText(const Cassette& cassette, std::size_t statusWidth, std::u
 }
 
 Table CassetteTable(const Dispenser& dispenser,
-                    const Judgement& judgement,
+                    const Answer& answer,
                     const CassetteNames& names,
                     std::size_t labelWidth) {
     std::size_t statusWidth = 0;
     for (const Cassette& cassette : dispenser.cassettes) {
         statusWidth = std::max(statusWidth, StatusNames().Text(cassette.status).size());
     }
-    const bool isKnown = judgement.IsAnswered();
+    const bool isKnown = answer.IsAnswered();
     Table table({{Align::Left, 1, 0},
                  {Align::Right, 1, 8},
                  {Align::Right, 1, 7},
@@ -87,7 +87,7 @@ Table CassetteTable(const Dispenser& dispenser,
     table.AddRow({"cassette", "holds", "take", "leaves", "status"});
     for (std::size_t index = 0; index < dispenser.cassettes.size(); ++index) {
         const Cassette& cassette = dispenser.cassettes[index];
-        const std::uint32_t taken = judgement.taken[index];
+        const std::uint32_t taken = answer.taken[index];
         table.AddRow({names.Text(index, labelWidth), std::to_string(cassette.count),
                       isKnown ? ItemsText(taken) : kUnknown,
                       isKnown ? LeavesText(cassette.count, taken) : kUnknown,
@@ -97,28 +97,25 @@ Table CassetteTable(const Dispenser& dispenser,
 }
 
 /// "returned 0 (success), remainder 0, no error code written"
-std::string ModuleText(const MixAnswer& answer) {
-    const Calculation& calculation = answer.reply.calculation;
-    if (answer.judgement.isProved) {
-        return calculation.written.empty()
+std::string ModuleText(const Answer& answer) {
+    if (answer.isProved) {
+        return answer.code.empty()
                    ? "never returns, no error code left"
-                   : "never returns, error code " + Printable(calculation.written) + " left";
+                   : "never returns, error code " + Printable(answer.code) + " left";
     }
-    if (!answer.judgement.IsAnswered()) {
+    if (!answer.IsAnswered()) {
         return "returned ?, remainder ?, error code ?";
     }
-    return "returned " + std::to_string(calculation.returned) + " (" +
-           ReturnedText(calculation.returned) + "), remainder " +
-           RemainderText(calculation.request.ulRemainder) + ", " +
-           (calculation.written.empty()
-                ? "no error code written"
-                : "error code " + Printable(calculation.written) + " written");
+    return "returned " + std::to_string(answer.returned) + " (" + ReturnedText(answer.returned) +
+           "), remainder " + RemainderText(answer.remainder) + ", " +
+           (answer.code.empty() ? "no error code written"
+                                : "error code " + Printable(answer.code) + " written");
 }
 
 /// One cell for each answer, behind the first two of a row.
 template <typename Content>
 void AppendAnswers(std::vector<Cell>& row, const MixAnswers& answers, const Content& content) {
-    for (const MixAnswer& answer : answers.answers) {
+    for (const Answer& answer : answers.answers) {
         row.push_back(content(answer));
     }
 }
@@ -134,14 +131,13 @@ Table MixTable(const MixQuestions& questions,
     Table table(columns);
     std::vector<Cell> heading = {" cassette", "holds"};
     AppendAnswers(heading, answers,
-                  [](const MixAnswer& answer) { return Cell(std::to_string(answer.mix)); });
+                  [](const Answer& answer) { return Cell(std::to_string(answer.mix)); });
     table.AddRow(heading);
     for (std::size_t index = 0; index < dispenser.cassettes.size(); ++index) {
         std::vector<Cell> row = {names.Text(index, labelWidth),
                                  std::to_string(dispenser.cassettes[index].count)};
-        AppendAnswers(row, answers, [index](const MixAnswer& answer) {
-            const Judgement& judgement = answer.judgement;
-            return Cell(judgement.IsAnswered() ? ItemsText(judgement.taken[index]) : kUnknown);
+        AppendAnswers(row, answers, [index](const Answer& answer) {
+            return Cell(answer.IsAnswered() ? ItemsText(answer.taken[index]) : kUnknown);
         });
         table.AddRow(row, 1);
     }
@@ -151,19 +147,19 @@ Table MixTable(const MixQuestions& questions,
 void AddTotals(Table& table, const MixQuestions& questions, const MixAnswers& answers) {
     const unsigned decimals = AmountDecimals(questions.dispenser);
     std::vector<Cell> items = {" items", ""};
-    AppendAnswers(items, answers, [](const MixAnswer& answer) {
-        return Cell(answer.judgement.IsAnswered() ? ItemsText(answer.judgement.Items()) : kUnknown);
+    AppendAnswers(items, answers, [](const Answer& answer) {
+        return Cell(answer.IsAnswered() ? ItemsText(answer.Items()) : kUnknown);
     });
     std::vector<Cell> paid = {" paid", ""};
-    AppendAnswers(paid, answers, [decimals](const MixAnswer& answer) {
-        const Money& money = answer.judgement.paid;
-        return Cell(!answer.judgement.IsAnswered() ? kUnknown
-                    : money.IsZero()               ? kNone
-                                                   : ReadableText(money, decimals));
+    AppendAnswers(paid, answers, [decimals](const Answer& answer) {
+        const Money& money = answer.paid;
+        return Cell(!answer.IsAnswered() ? kUnknown
+                    : money.IsZero()     ? kNone
+                                         : ReadableText(money, decimals));
     });
     std::vector<Cell> outcomes = {" outcome", ""};
-    AppendAnswers(outcomes, answers, [](const MixAnswer& answer) {
-        const OutcomeRow& row = RowOf(answer.judgement.outcome);
+    AppendAnswers(outcomes, answers, [](const Answer& answer) {
+        const OutcomeRow& row = RowOf(answer.outcome);
         return Cell(std::string(1, row.letter), row.terminalStyle);
     });
     table.AddRow(items);
@@ -196,12 +192,11 @@ std::string RemainderText(std::uint32_t remainder) {
     return asSigned < 0 ? text + " (" + std::to_string(asSigned) + ")" : text;
 }
 
-std::string
-MixText(const MixQuestions& questions, const MixAnswer& answer, const Painter& painter) {
+std::string MixText(const MixQuestions& questions, const Answer& answer, const Painter& painter) {
     const Dispenser& dispenser = questions.dispenser;
     const CassetteNames names(dispenser);
     const Table table = FitLabels(OutputWidth(), names.LongestLabel(), [&](std::size_t width) {
-        return CassetteTable(dispenser, answer.judgement, names, width);
+        return CassetteTable(dispenser, answer, names, width);
     });
     return MixHeadline(questions, answer, painter) + "\n\n" + table.Text(painter) + "\n" +
            ModuleText(answer) + "\n";

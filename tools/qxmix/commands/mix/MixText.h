@@ -9,7 +9,7 @@ namespace qxmix {
 
 /// The answer of one mix for people: what happens to the money, from which cassettes, and what the
 /// module said. Without the findings.
-std::string MixText(const MixQuestions& questions, const MixAnswer& answer, const Painter& painter);
+std::string MixText(const MixQuestions& questions, const Answer& answer, const Painter& painter);
 
 /// The answers of several mixes side by side. Without the findings.
 std::string
@@ -23,7 +23,7 @@ std::string RemainderText(std::uint32_t remainder);
 
 /// First line of one answer.
 std::string
-MixHeadline(const MixQuestions& questions, const MixAnswer& answer, const Painter& painter);
+MixHeadline(const MixQuestions& questions, const Answer& answer, const Painter& painter);
 
 /// First line of several answers.
 std::string

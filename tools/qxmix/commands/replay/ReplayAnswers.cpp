@@ -1,6 +1,5 @@
 #include "ReplayAnswers.h"
 
-#include "answers/Judgement.h"
 #include "answers/ResultJson.h"
 #include "json/Json.h"
 
@@ -11,7 +10,7 @@ namespace {
 Json Answer(const RecordedLine& line, AskerPool& library, Milliseconds deadline) {
     const AskedRequest& asked = line.asked;
     const Reply reply = library.Ask(asked.dispenser, asked.request, deadline);
-    return ResultJson(asked.dispenser, Judge(asked.dispenser, asked.amount, reply), reply);
+    return ResultJson(asked.dispenser, Judge(asked.dispenser, asked.amount, reply));
 }
 
 /// The fields of a result that another one has.

@@ -1,10 +1,6 @@
 #include "SimulateCommand.h"
 
-#include "SimulationCsv.h"
-#include "SimulationJson.h"
-#include "SimulationPage.h"
-#include "SimulationText.h"
-#include "SimulationVerdict.h"
+#include "SimulationForms.h"
 #include "answers/AnswerForms.h"
 #include "demand/DemandReader.h"
 #include "module/RegistryImage.h"
@@ -14,6 +10,7 @@
 #include "terminal/Progress.h"
 
 #include <CLI/App.hpp>
+#include <utility>
 
 namespace qxmix {
 
@@ -63,7 +60,7 @@ ExitStatus SimulateCommand::Run(const CommonOptions& options) {
     AskedModule module(options.Library(), options, questions.dispenser);
     module.Open();
     Progress progress(Info().name, questions.CalculationCount(), options.quiet);
-    const SimulationAnswers answers =
+    SimulationAnswers answers =
         Simulate(questions, module.order, options.Trace(),
                  [&progress](const WorkProgress& now) { progress.Show(now); });
     progress.Wipe();
@@ -71,24 +68,21 @@ ExitStatus SimulateCommand::Run(const CommonOptions& options) {
         throw Interruption();
     }
 
+    const SimulationReport report(std::move(questions), std::move(answers));
     Envelope envelope = EnvelopeBy(module.asker, Info().name);
-    envelope.complete = answers.isComplete;
-    envelope.warnings = FindingsOf(questions, answers);
-    envelope.exitStatus = ExitStatusOf(answers);
+    envelope.complete = report.answers.isComplete;
+    envelope.warnings = report.findings;
+    envelope.exitStatus = report.status;
     if (options.json || NeedsResult(form)) {
-        envelope.input = SimulationInputJson(questions);
-        envelope.result = SimulationResultJson(questions, answers);
+        envelope.input = SimulationInputJson(report.questions);
+        envelope.result = SimulationResultJson(report);
     }
-    const AnswerForms forms{[&](const Painter& painter) {
-                                return SimulationText(questions, answers, options.quiet, painter);
-                            },
-                            [&] { return SimulationCsv(questions, answers); },
-                            [&] {
-                                return SimulationPage(questions, answers, envelope,
-                                                      CommandLine(questions, options));
-                            }};
+    const AnswerForms forms{
+        [&](const Painter& painter) { return SimulationText(report, options.quiet, painter); },
+        [&] { return SimulationCsv(report); },
+        [&] { return SimulationPage(report, envelope, CommandLine(report.questions, options)); }};
     return output_.Write(options, envelope, forms,
-                         WithErrorCode(module.asker.Registry(), answers.lastCode));
+                         WithErrorCode(module.asker.Registry(), report.answers.lastCode));
 }
 
 SimulationQuestions SimulateCommand::Prepare(const CommonOptions& options) const {

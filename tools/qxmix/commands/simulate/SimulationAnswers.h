@@ -35,7 +35,4 @@ SimulationAnswers Simulate(const SimulationQuestions& questions,
                            const TraceSink& trace,
                            const ProgressListener& progress);
 
-/// The highest exit status of the answers, or that of an interruption.
-ExitStatus ExitStatusOf(const SimulationAnswers& answers);
-
 }  // namespace qxmix

@@ -1,4 +1,4 @@
-#include "SimulationCsv.h"
+#include "SimulationForms.h"
 
 namespace qxmix {
 
@@ -21,10 +21,9 @@ private:
     bool isFirst_ = true;
 };
 
-std::string StepsOfMix(const SimulationQuestions& questions,
-                       const SimulationAnswers& answers,
-                       std::size_t place) {
-    Dispenser dispenser = questions.dispenser;
+std::string StepsOfMix(const SimulationReport& report, std::size_t place) {
+    const SimulationAnswers& answers = report.answers;
+    Dispenser dispenser = report.questions.dispenser;
     std::string csv;
     const std::vector<SimulationStep>& steps = answers.steps[place];
     for (std::size_t index = 0; index < steps.size(); ++index) {
@@ -33,13 +32,14 @@ std::string StepsOfMix(const SimulationQuestions& questions,
         if (step.IsTaken()) {
             TakeItems(dispenser, step.items);
         }
-        const bool isKnown = step.outcome != Outcome::NoAnswer && step.outcome != Outcome::Crashed;
         CsvLine line;
-        line.Add(questions.mixes[place])
+        line.Add(report.questions.mixes[place])
             .Add(answers.demand.calendar.Text(asked.time))
             .Add(asked.amount)
             .Add(RowOf(step.outcome).name)
-            .Add(isKnown ? WorthOf(dispenser, step.items).Text(AmountDecimals(dispenser)) : "");
+            .Add(IsAnswered(step.outcome)
+                     ? WorthOf(dispenser, step.items).Text(AmountDecimals(dispenser))
+                     : "");
         for (std::size_t cassette = 0; cassette < kMaxCashUnits; ++cassette) {
             const bool isThere = cassette < dispenser.cassettes.size();
             line.Add(isThere ? std::to_string(dispenser.cassettes[cassette].count) : "");
@@ -49,12 +49,10 @@ std::string StepsOfMix(const SimulationQuestions& questions,
     return csv;
 }
 
-std::string SummaryLine(const SimulationQuestions& questions,
-                        const SimulationAnswers& answers,
-                        std::size_t run,
-                        std::size_t place) {
-    const SimulationSummary& summary = answers.runs[run][place];
-    const DemandCalendar& calendar = answers.demand.calendar;
+std::string SummaryLine(const SimulationReport& report, std::size_t run, std::size_t place) {
+    const SimulationQuestions& questions = report.questions;
+    const SimulationSummary& summary = report.answers.runs[run][place];
+    const DemandCalendar& calendar = report.answers.demand.calendar;
     const unsigned decimals = AmountDecimals(questions.dispenser);
     CsvLine line;
     line.Add(questions.seed + run)
@@ -75,20 +73,21 @@ std::string SummaryLine(const SimulationQuestions& questions,
 
 }  // namespace
 
-std::string SimulationCsv(const SimulationQuestions& questions, const SimulationAnswers& answers) {
+std::string SimulationCsv(const SimulationReport& report) {
+    const SimulationQuestions& questions = report.questions;
     const std::string cassettes = ",c0,c1,c2,c3,c4,c5\n";
     if (questions.runs == 1) {
         std::string csv = "mix,time,amount,outcome,paid" + cassettes;
         for (std::size_t place = 0; place < questions.mixes.size(); ++place) {
-            csv += StepsOfMix(questions, answers, place);
+            csv += StepsOfMix(report, place);
         }
         return csv;
     }
     std::string csv =
         "seed,mix,served,inPart,refused,dangerous,items,firstRefusal,left,firstEmpty" + cassettes;
-    for (std::size_t run = 0; run < answers.wholeRuns; ++run) {
+    for (std::size_t run = 0; run < report.answers.wholeRuns; ++run) {
         for (std::size_t place = 0; place < questions.mixes.size(); ++place) {
-            csv += SummaryLine(questions, answers, run, place);
+            csv += SummaryLine(report, run, place);
         }
     }
     return csv;

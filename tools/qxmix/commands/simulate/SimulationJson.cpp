@@ -1,6 +1,4 @@
-#include "SimulationJson.h"
-
-#include "SimulationRanking.h"
+#include "SimulationForms.h"
 #include "answers/ResultJson.h"
 #include "dispenser/DispenserJson.h"
 #include "json/Json.h"
@@ -16,9 +14,9 @@ namespace {
 /// Writes the answers of one simulation.
 class ResultWriter {
 public:
-    ResultWriter(const SimulationQuestions& questions, const SimulationAnswers& answers)
-        : questions_(questions), answers_(answers), decimals_(AmountDecimals(questions.dispenser)) {
-    }
+    explicit ResultWriter(const SimulationReport& report)
+        : report_(report), questions_(report.questions), answers_(report.answers),
+          decimals_(AmountDecimals(report.questions.dispenser)) {}
 
     Json Demand() const;
     Json Mix(const SimulationRow& row) const;
@@ -38,6 +36,7 @@ private:
     Json Ranges(const SimulationRow& row) const;
     Json Runs(std::size_t place) const;
 
+    const SimulationReport& report_;
     const SimulationQuestions& questions_;
     const SimulationAnswers& answers_;
     unsigned decimals_;
@@ -45,17 +44,15 @@ private:
 
 Json ResultWriter::Demand() const {
     const qxmix::Demand& demand = answers_.demand;
-    std::vector<Money> asked(demand.currencies.size());
     Json times = Json::array();
     Json amounts = Json::array();
     for (const Withdrawal& withdrawal : demand.withdrawals) {
         times.push_back(withdrawal.time);
         amounts.push_back(withdrawal.amount);
-        asked[withdrawal.currency] += AskedMoney(questions_.dispenser, withdrawal.amount);
     }
     Json json = {{"withdrawals", demand.withdrawals.size()},
                  {"planned", answers_.planned},
-                 {"asked", asked.front().Text(decimals_)},
+                 {"asked", report_.asked.front().Text(decimals_)},
                  {"seed", demand.seed ? Json(*demand.seed) : Json()},
                  {"runs", answers_.wholeRuns}};
     const std::string firstDay = demand.calendar.FirstDayText();
@@ -171,7 +168,7 @@ Json ResultWriter::Runs(std::size_t place) const {
 
 Json ResultWriter::Mix(const SimulationRow& row) const {
     Json json = {{"mix", row.mix}, {"rank", row.rank ? Json(*row.rank) : Json()}};
-    json.update(Summary(answers_.runs.front()[row.place]));
+    json.update(Summary(report_.First(row)));
     if (questions_.runs > 1) {
         json["dangerousRuns"] = row.dangerousRuns;
         json["ranges"] = Ranges(row);
@@ -204,10 +201,10 @@ Json SimulationInputJson(const SimulationQuestions& questions) {
             {"deadline", DurationText(questions.deadline)}};
 }
 
-Json SimulationResultJson(const SimulationQuestions& questions, const SimulationAnswers& answers) {
-    const ResultWriter writer(questions, answers);
+Json SimulationResultJson(const SimulationReport& report) {
+    const ResultWriter writer(report);
     Json mixes = Json::array();
-    for (const SimulationRow& row : RankMixes(questions, answers)) {
+    for (const SimulationRow& row : report.rows) {
         mixes.push_back(writer.Mix(row));
     }
     return {{"demand", writer.Demand()}, {"mixes", mixes}};

@@ -1,7 +1,5 @@
-#include "SimulationPage.h"
+#include "SimulationForms.h"
 
-#include "SimulationRanking.h"
-#include "SimulationVerdict.h"
 #include "answers/Dangers.h"
 #include "json/Json.h"
 #include "options/ShellWords.h"
@@ -22,11 +20,9 @@ std::string Script() {
            std::string(kSimStartScript);
 }
 
-Json PageJson(const SimulationQuestions& questions,
-              const SimulationAnswers& answers,
-              const std::vector<SimulationRow>& rows) {
-    std::vector<std::string> remarks = RemarksOn(answers, rows);
-    for (const Finding& note : questions.Notes()) {
+Json PageJson(const SimulationReport& report) {
+    std::vector<std::string> remarks = report.remarks;
+    for (const Finding& note : report.questions.Notes()) {
         remarks.push_back(note.message);
     }
     Json dangers = Json::array();
@@ -40,28 +36,27 @@ std::string Plural(std::uint64_t count, const std::string& word) {
     return std::to_string(count) + " " + word + (count == 1 ? "" : "s");
 }
 
-std::string HeadingHtml(const SimulationQuestions& questions,
-                        const SimulationAnswers& answers,
-                        const std::vector<SimulationRow>& rows) {
-    const SimulationVerdict verdict = VerdictOf(questions, answers, rows);
-    std::string best = verdict.best;
+std::string HeadingHtml(const SimulationReport& report) {
+    const SimulationAnswers& answers = report.answers;
+    std::string best = report.best;
     std::replace(best.begin(), best.end(), '\n', ' ');
     std::string html = "<p id=\"verdict\">" + HtmlText(best) + "</p>\n";
-    if (!verdict.danger.empty()) {
-        html += "<p id=\"danger\"><strong>DANGER</strong> " + HtmlText(verdict.danger) + "</p>\n";
+    if (!report.danger.empty()) {
+        html += "<p id=\"danger\"><strong>DANGER</strong> " + HtmlText(report.danger) + "</p>\n";
     }
     if (!answers.isComplete) {
         const std::size_t done = answers.demand.withdrawals.size();
         const bool isCut = done < answers.planned;
         html += "<p>Interrupted: the first " +
                 (isCut ? Plural(done, "withdrawal") : Plural(answers.wholeRuns, "run")) + " of " +
-                std::to_string(isCut ? answers.planned : questions.runs) + " only.</p>\n";
+                std::to_string(isCut ? answers.planned : report.questions.runs) + " only.</p>\n";
     }
     return html;
 }
 
-Facts FactsOf(const SimulationQuestions& questions, const SimulationAnswers& answers) {
-    const Demand& demand = answers.demand;
+Facts FactsOf(const SimulationReport& report) {
+    const SimulationQuestions& questions = report.questions;
+    const Demand& demand = report.answers.demand;
     const std::string firstDay = demand.calendar.FirstDayText();
     std::string source = "recorded" + (firstDay.empty() ? "" : " from " + firstDay + " on");
     if (!questions.IsRecorded()) {
@@ -69,8 +64,8 @@ Facts FactsOf(const SimulationQuestions& questions, const SimulationAnswers& ans
         source = Plural(pattern.days, "day") + ", " + std::to_string(pattern.perDay) +
                  " a day, drawn with seed " + std::to_string(questions.seed);
     }
-    return {{"Withdrawals", std::to_string(demand.withdrawals.size()) + ", " +
-                                AskedText(questions.dispenser, demand) + " asked; " + source},
+    return {{"Withdrawals", std::to_string(demand.withdrawals.size()) + ", " + report.askedText +
+                                " asked; " + source},
             {"Deadline", DurationWords(questions.deadline) + " for a calculation"}};
 }
 
@@ -97,32 +92,31 @@ FittingText(const SimulationQuestions& questions, const Envelope& envelope, std:
 
 }  // namespace
 
-std::string SimulationPage(const SimulationQuestions& questions,
-                           const SimulationAnswers& answers,
+std::string SimulationPage(const SimulationReport& report,
                            const Envelope& envelope,
                            const std::string& commandLine) {
-    const std::vector<SimulationRow> rows = RankMixes(questions, answers);
+    const SimulationQuestions& questions = report.questions;
     std::vector<std::uint16_t> mixes;
-    for (const SimulationRow& row : rows) {
+    for (const SimulationRow& row : report.rows) {
         mixes.push_back(row.mix);
     }
     PageParts parts;
     const std::string& name = questions.dispenser.name;
     parts.title = name.empty() ? "How this dispenser empties" : name;
-    parts.heading = HeadingHtml(questions, answers, rows);
+    parts.heading = HeadingHtml(report);
     parts.withoutScript =
         "This page draws its curves with a script. Without it, here is how every mix fared.";
     parts.summary = OutcomeCountTable(
         "Withdrawals of each outcome, the best mix first", mixes,
         [&](std::size_t place, Outcome outcome) {
-            return answers.runs.front()[rows[place].place].Count(outcome);
+            return report.First(report.rows[place]).Count(outcome);
         },
         &PartWords);
     parts.main = kSimHtml;
-    parts.dispenser = DispenserHtml(questions.dispenser, FactsOf(questions, answers), commandLine);
+    parts.dispenser = DispenserHtml(questions.dispenser, FactsOf(report), commandLine);
     parts.style = kSimCss;
     parts.script = Script();
-    parts.page = PageJson(questions, answers, rows);
+    parts.page = PageJson(report);
     parts.fitting = [&](std::size_t size) { return FittingText(questions, envelope, size); };
     return PageText(parts, envelope);
 }

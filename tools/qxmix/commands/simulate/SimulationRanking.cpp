@@ -1,4 +1,4 @@
-#include "SimulationRanking.h"
+#include "SimulationReport.h"
 
 #include <algorithm>
 #include <tuple>

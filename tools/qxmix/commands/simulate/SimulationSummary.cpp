@@ -25,58 +25,6 @@ std::uint32_t SpreadOf(const Dispenser& before, const Dispenser& after) {
     return most > least ? static_cast<std::uint32_t>(most - least) : 0;
 }
 
-/// Follows the cassettes step by step.
-class Summing {
-public:
-    Summing(const Dispenser& dispenser, const Demand& demand)
-        : before_(dispenser), now_(dispenser), demand_(demand) {}
-
-    void Add(const SimulationStep& step) {
-        const std::size_t withdrawal = summary_.asked++;
-        ++summary_.counts[static_cast<std::size_t>(step.outcome)];
-        summary_.misses += step.outcome == Outcome::NoAnswer && !step.isProved ? 1U : 0U;
-        if (step.IsTaken()) {
-            Pay(step.items, withdrawal);
-        } else if (!summary_.firstRefusal) {
-            summary_.firstRefusal = {withdrawal, demand_.withdrawals[withdrawal], step.outcome,
-                                     ValueHeld(now_)};
-        }
-    }
-
-    SimulationSummary Taken() {
-        for (const Cassette& cassette : now_.cassettes) {
-            summary_.end.push_back(cassette.count);
-        }
-        summary_.left = ValueHeld(now_);
-        summary_.spread = SpreadOf(before_, now_);
-        summary_.isGivenUp = summary_.misses >= kMissesToGiveUp;
-        return std::move(summary_);
-    }
-
-private:
-    void Pay(const CassetteItems& items, std::size_t withdrawal) {
-        std::array<bool, kMaxCashUnits> wasEmpty{};
-        for (std::size_t index = 0; index < now_.cassettes.size(); ++index) {
-            wasEmpty[index] = IsEmpty(now_.cassettes[index]);
-        }
-        TakeItems(now_, items);
-        summary_.paid += WorthOf(now_, items);
-        for (std::size_t index = 0; index < now_.cassettes.size(); ++index) {
-            const Cassette& cassette = now_.cassettes[index];
-            (Contains(kCoinTypes, cassette.type) ? summary_.coins : summary_.notes) += items[index];
-            if (!wasEmpty[index] && IsEmpty(cassette)) {
-                summary_.emptied.push_back(
-                    {withdrawal, demand_.withdrawals[withdrawal].time, index});
-            }
-        }
-    }
-
-    const Dispenser& before_;
-    Dispenser now_;
-    const Demand& demand_;
-    SimulationSummary summary_;
-};
-
 }  // namespace
 
 std::uint64_t SimulationSummary::Dangerous() const {
@@ -92,14 +40,52 @@ std::uint64_t SimulationSummary::TenthsPerWithdrawal() const {
     return withdrawals == 0 ? 0 : ((notes + coins) * 20 + withdrawals) / (withdrawals * 2);
 }
 
+void DrainedDispenser::Add(const Withdrawal& asked, const SimulationStep& step) {
+    ++summary_.counts[static_cast<std::size_t>(step.outcome)];
+    summary_.misses += step.outcome == Outcome::NoAnswer && !step.isProved ? 1U : 0U;
+    if (step.IsTaken()) {
+        Pay(asked, step.items);
+    } else if (!summary_.firstRefusal) {
+        summary_.firstRefusal = {summary_.asked, asked, step.outcome, ValueHeld(now_)};
+    }
+    ++summary_.asked;
+}
+
+SimulationSummary DrainedDispenser::Summary() const {
+    SimulationSummary summary = summary_;
+    for (const Cassette& cassette : now_.cassettes) {
+        summary.end.push_back(cassette.count);
+    }
+    summary.left = ValueHeld(now_);
+    summary.spread = SpreadOf(before_, now_);
+    summary.isGivenUp = IsGivenUp();
+    return summary;
+}
+
+void DrainedDispenser::Pay(const Withdrawal& asked, const CassetteItems& items) {
+    std::array<bool, kMaxCashUnits> wasEmpty{};
+    for (std::size_t index = 0; index < now_.cassettes.size(); ++index) {
+        wasEmpty[index] = IsEmpty(now_.cassettes[index]);
+    }
+    TakeItems(now_, items);
+    summary_.paid += WorthOf(now_, items);
+    for (std::size_t index = 0; index < now_.cassettes.size(); ++index) {
+        const Cassette& cassette = now_.cassettes[index];
+        (Contains(kCoinTypes, cassette.type) ? summary_.coins : summary_.notes) += items[index];
+        if (!wasEmpty[index] && IsEmpty(cassette)) {
+            summary_.emptied.push_back({summary_.asked, asked.time, index});
+        }
+    }
+}
+
 SimulationSummary SummaryOf(const Dispenser& dispenser,
                             const Demand& demand,
                             const std::vector<SimulationStep>& steps) {
-    Summing summing(dispenser, demand);
-    for (const SimulationStep& step : steps) {
-        summing.Add(step);
+    DrainedDispenser draining(dispenser);
+    for (std::size_t place = 0; place < steps.size(); ++place) {
+        draining.Add(demand.withdrawals[place], steps[place]);
     }
-    return summing.Taken();
+    return draining.Summary();
 }
 
 }  // namespace qxmix

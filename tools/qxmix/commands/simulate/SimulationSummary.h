@@ -1,13 +1,31 @@
 #pragma once
 
-#include "Simulation.h"
+#include "answers/Outcome.h"
+#include "demand/Demand.h"
+#include "dispenser/Draining.h"
+#include "workers/AdaptiveDeadline.h"
 
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <tuple>
 #include <vector>
 
 namespace qxmix {
+
+/// What became of one withdrawal.
+struct SimulationStep {
+    Outcome outcome = Outcome::NoAnswer;
+    bool isProved = false;  ///< NoAnswer: none will ever come
+    CassetteItems items{};  ///< as answered; 0 where the answer was a refusal or none
+
+    /// Whether the items left the machine; dangerous answers are never carried out.
+    bool IsTaken() const { return outcome == Outcome::Paid || outcome == Outcome::PaidInPart; }
+
+    bool operator<(const SimulationStep& other) const {
+        return std::tie(outcome, items) < std::tie(other.outcome, other.items);
+    }
+};
 
 /// How one mix fared with one demand.
 struct SimulationSummary {
@@ -56,7 +74,29 @@ struct SimulationSummary {
     std::uint64_t TenthsPerWithdrawal() const;
 };
 
-/// Sums up the steps that one mix went.
+/// Follows a dispenser from one withdrawal to the next, and sums up.
+class DrainedDispenser {
+public:
+    /// @param before  the dispenser as it is at first.
+    explicit DrainedDispenser(const Dispenser& before) : before_(before), now_(before) {}
+
+    const Dispenser& Now() const { return now_; }
+
+    bool IsGivenUp() const { return summary_.misses >= kMissesToGiveUp; }
+
+    void Add(const Withdrawal& asked, const SimulationStep& step);
+
+    SimulationSummary Summary() const;
+
+private:
+    void Pay(const Withdrawal& asked, const CassetteItems& items);
+
+    Dispenser before_;
+    Dispenser now_;
+    SimulationSummary summary_;
+};
+
+/// Sums up some steps of one mix.
 ///
 /// @param dispenser  as it was at first.
 SimulationSummary SummaryOf(const Dispenser& dispenser,

@@ -1,7 +1,5 @@
-#include "SimulationText.h"
+#include "SimulationForms.h"
 
-#include "SimulationRanking.h"
-#include "SimulationVerdict.h"
 #include "dispenser/ReadableMoney.h"
 #include "terminal/Table.h"
 
@@ -50,35 +48,30 @@ std::string LeftText(const Dispenser& dispenser, const std::optional<Money>& lef
     return left ? ReadableText(*left, AmountDecimals(dispenser)) : "-";
 }
 
-std::string RefusalText(const SimulationQuestions& questions,
-                        const SimulationAnswers& answers,
-                        const SimulationSummary& summary) {
+std::string RefusalText(const SimulationReport& report, const SimulationSummary& summary) {
     if (!summary.firstRefusal) {
         return kNone;
     }
     const Withdrawal& asked = summary.firstRefusal->asked;
-    const Dispenser& dispenser = questions.dispenser;
-    const std::string currency =
-        asked.currency == 0 ? "" : " " + answers.demand.currencies[asked.currency];
-    return answers.demand.calendar.ShortText(asked.time) + " " +
+    const Dispenser& dispenser = report.questions.dispenser;
+    const Demand& demand = report.answers.demand;
+    const std::string currency = asked.currency == 0 ? "" : " " + demand.currencies[asked.currency];
+    return demand.calendar.ShortText(asked.time) + " " +
            ReadableText(AskedMoney(dispenser, asked.amount), AmountDecimals(dispenser)) + currency;
 }
 
-std::string EmptiedText(const SimulationQuestions& questions,
-                        const SimulationAnswers& answers,
-                        const SimulationSummary& summary) {
+std::string EmptiedText(const SimulationReport& report, const SimulationSummary& summary) {
     if (summary.emptied.empty()) {
         return kNone;
     }
     const SimulationSummary::Emptied& first = summary.emptied.front();
-    const std::string label = Printable(CassetteLabel(questions.dispenser, first.cassette));
-    return answers.demand.calendar.ShortText(first.time) + " " + CutToColumns(label, kLabelColumns);
+    const std::string label = Printable(CassetteLabel(report.questions.dispenser, first.cassette));
+    return report.answers.demand.calendar.ShortText(first.time) + " " +
+           CutToColumns(label, kLabelColumns);
 }
 
 /// The table of one run.
-Table OneRunTable(const SimulationQuestions& questions,
-                  const SimulationAnswers& answers,
-                  const std::vector<SimulationRow>& rows) {
+Table OneRunTable(const SimulationReport& report) {
     Table table({{Align::Right, 0, 4},
                  {Align::Right, 1, 3},
                  {Align::Left, 2, 12},
@@ -90,33 +83,30 @@ Table OneRunTable(const SimulationQuestions& questions,
                  {Align::Right, 1, 7}});
     table.AddRow({"rank", "mix", "served", "refused", "danger", "items", "first refusal",
                   "first empty", "left"});
-    for (const SimulationRow& row : rows) {
-        const SimulationSummary& summary = answers.runs.front()[row.place];
+    for (const SimulationRow& row : report.rows) {
+        const SimulationSummary& summary = report.First(row);
         const std::string style = row.rank ? "" : RowOf(Outcome::Overpaid).terminalStyle;
         table.AddRow({{RankText(row), style},
                       {std::to_string(row.mix), style},
-                      ServedText(summary.Served(), answers.demand.withdrawals.size()),
+                      ServedText(summary.Served(), report.answers.demand.withdrawals.size()),
                       DashForZero(summary.Refused()),
                       {DashForZero(summary.Dangerous()), style},
                       TenthsText(summary.TenthsPerWithdrawal()),
-                      RefusalText(questions, answers, summary),
-                      EmptiedText(questions, answers, summary),
-                      LeftText(questions.dispenser, row.left.median)});
+                      RefusalText(report, summary),
+                      EmptiedText(report, summary),
+                      LeftText(report.questions.dispenser, row.left.median)});
     }
     return table;
 }
 
-std::string TimeText(const SimulationAnswers& answers, const std::optional<std::int64_t>& time) {
-    return time ? answers.demand.calendar.ShortText(*time) : kNone;
+std::string TimeText(const SimulationReport& report, const std::optional<std::int64_t>& time) {
+    return time ? report.answers.demand.calendar.ShortText(*time) : kNone;
 }
 
 /// The table of many runs: medians, and the range of what is served.
 ///
 /// @param hasEmpty  whether it says when the first cassette ran empty.
-Table ManyRunsTable(const SimulationQuestions& questions,
-                    const SimulationAnswers& answers,
-                    const std::vector<SimulationRow>& rows,
-                    bool hasEmpty) {
+Table ManyRunsTable(const SimulationReport& report, bool hasEmpty) {
     std::vector<Table::Column> columns = {
         {Align::Right, 0, 4}, {Align::Right, 1, 3}, {Align::Left, 1, 12}, {Align::Right, 1, 7},
         {Align::Right, 1, 7}, {Align::Right, 1, 6}, {Align::Right, 1, 5}, {Align::Left, 1, 11}};
@@ -130,34 +120,32 @@ Table ManyRunsTable(const SimulationQuestions& questions,
     headings.emplace_back("left");
     Table table(columns);
     table.AddRow(headings);
-    for (const SimulationRow& row : rows) {
+    for (const SimulationRow& row : report.rows) {
         const std::string style = row.rank ? "" : RowOf(Outcome::Overpaid).terminalStyle;
-        std::vector<Cell> cells = {{RankText(row), style},
-                                   {std::to_string(row.mix), style},
-                                   ServedText(row.served.median, answers.demand.withdrawals.size()),
-                                   std::to_string(row.served.least) + "-" +
-                                       std::to_string(row.served.most),
-                                   DashForZero(row.refused.median),
-                                   {DashForZero(row.dangerousRuns), style},
-                                   TenthsText(row.tenths.median),
-                                   TimeText(answers, row.firstRefusal.median)};
+        std::vector<Cell> cells = {
+            {RankText(row), style},
+            {std::to_string(row.mix), style},
+            ServedText(row.served.median, report.answers.demand.withdrawals.size()),
+            std::to_string(row.served.least) + "-" + std::to_string(row.served.most),
+            DashForZero(row.refused.median),
+            {DashForZero(row.dangerousRuns), style},
+            TenthsText(row.tenths.median),
+            TimeText(report, row.firstRefusal.median)};
         if (hasEmpty) {
-            cells.emplace_back(TimeText(answers, row.firstEmpty.median));
+            cells.emplace_back(TimeText(report, row.firstEmpty.median));
         }
-        cells.emplace_back(LeftText(questions.dispenser, row.left.median));
+        cells.emplace_back(LeftText(report.questions.dispenser, row.left.median));
         table.AddRow(cells);
     }
     return table;
 }
 
 /// The table, in 80 columns if that can be.
-Table FittingTable(const SimulationQuestions& questions,
-                   const SimulationAnswers& answers,
-                   const std::vector<SimulationRow>& rows) {
-    Table table = questions.runs == 1 ? OneRunTable(questions, answers, rows)
-                                      : ManyRunsTable(questions, answers, rows, true);
+Table FittingTable(const SimulationReport& report) {
+    const SimulationQuestions& questions = report.questions;
+    Table table = questions.runs == 1 ? OneRunTable(report) : ManyRunsTable(report, true);
     if (table.Width() > kPlainWidth && questions.runs > 1) {
-        table = ManyRunsTable(questions, answers, rows, false);
+        table = ManyRunsTable(report, false);
     }
     if (table.Width() > kPlainWidth) {
         table.Narrow();
@@ -165,8 +153,9 @@ Table FittingTable(const SimulationQuestions& questions,
     return table;
 }
 
-std::string InterruptionText(const SimulationQuestions& questions,
-                             const SimulationAnswers& answers) {
+std::string InterruptionText(const SimulationReport& report) {
+    const SimulationQuestions& questions = report.questions;
+    const SimulationAnswers& answers = report.answers;
     if (answers.isComplete) {
         return "";
     }
@@ -186,23 +175,17 @@ std::string InterruptionText(const SimulationQuestions& questions,
 
 }  // namespace
 
-std::string SimulationText(const SimulationQuestions& questions,
-                           const SimulationAnswers& answers,
-                           bool isQuiet,
-                           const Painter& painter) {
-    const std::vector<SimulationRow> rows = RankMixes(questions, answers);
-    const SimulationVerdict verdict = VerdictOf(questions, answers, rows);
-    const bool isOneRun = questions.runs == 1;
-    std::string text = verdict.best + "\n";
-    if (!verdict.danger.empty()) {
-        text += painter.Paint(verdict.danger, RowOf(Outcome::Overpaid).terminalStyle) + "\n";
+std::string SimulationText(const SimulationReport& report, bool isQuiet, const Painter& painter) {
+    std::string text = report.best + "\n";
+    if (!report.danger.empty()) {
+        text += painter.Paint(report.danger, RowOf(Outcome::Overpaid).terminalStyle) + "\n";
     }
-    text += "\n" + FittingTable(questions, answers, rows).Text(painter);
-    const std::string& currency = questions.dispenser.currency;
-    if (isOneRun) {
+    text += "\n" + FittingTable(report).Text(painter);
+    const std::string& currency = report.questions.dispenser.currency;
+    if (report.questions.runs == 1) {
         text += "items per withdrawal served; first refusal with its amount; left: " + currency +
                 " then\n";
-        for (const std::string& remark : RemarksOn(answers, rows)) {
+        for (const std::string& remark : report.remarks) {
             text += remark + "\n";
         }
     } else {
@@ -210,8 +193,8 @@ std::string SimulationText(const SimulationQuestions& questions,
                 "items per withdrawal served; left: " +
                 currency + " at the first refusal\n";
     }
-    return text + FindingsText(questions.Notes(), isQuiet, painter) +
-           InterruptionText(questions, answers);
+    return text + FindingsText(report.questions.Notes(), isQuiet, painter) +
+           InterruptionText(report);
 }
 
 }  // namespace qxmix

@@ -17,15 +17,13 @@ struct AskedAmount {
         questions.amount = amount;
         questions.deadline = deadline;
         questions.requests = {BuildRequest(dispenser, amount, mix)};
-        answer.mix = mix;
-        answer.request = questions.requests.front();
-        answer.reply = asker.Ask(answer.request, deadline);
-        answer.judgement = Judge(dispenser, amount, answer.reply);
+        answer = Judge(dispenser, {amount, mix, deadline},
+                       asker.Ask(questions.requests.front(), deadline));
     }
 
     MixQuestions questions;
     Asker asker;
-    MixAnswer answer;
+    Answer answer{{0}};
 };
 
 }  // namespace qxmix

@@ -120,7 +120,7 @@ TEST(Explanation, FindsTheLimitThatLeftAPartialAmount) {
     dispenser.maxDispenseItems = 2;
     dispenser.partial = true;
     const Asked asked = Ask(dispenser, 130, 2);
-    EXPECT_EQ(asked.story.answer.judgement.outcome, Outcome::PaidInPart);
+    EXPECT_EQ(asked.story.answer.outcome, Outcome::PaidInPart);
     EXPECT_EQ(asked.story.decidedBy, DecidedBy::Limit);
     EXPECT_TRUE(Says(asked, "the whole takes more than 2"));
 }

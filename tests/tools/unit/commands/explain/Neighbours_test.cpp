@@ -29,7 +29,7 @@ TEST(Neighbours, AreTheNearestAmountsThatArePaid) {
     ASSERT_TRUE(around.below && around.above);
     EXPECT_EQ(around.below->amount, 20U);
     EXPECT_EQ(around.above->amount, 40U);
-    EXPECT_EQ(around.above->judgement.taken[1], 2U);
+    EXPECT_EQ(around.above->taken[1], 2U);
 }
 
 TEST(Neighbours, AreNotLookedForBesideAnAmountThatIsPaid) {

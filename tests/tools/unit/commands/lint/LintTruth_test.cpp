@@ -1,6 +1,6 @@
 #include "LintOf.h"
 #include "RandomDispenser.h"
-#include "answers/Judgement.h"
+#include "answers/Answer.h"
 #include "dispenser/DispenserJson.h"
 #include "json/Json.h"
 #include "options/MixList.h"
@@ -49,7 +49,7 @@ public:
 
 private:
     struct Asked {
-        Judgement judgement;
+        Answer judgement;
         Reply reply;
     };
 

@@ -1,7 +1,5 @@
 #include "ErrorText.h"
-#include "commands/simulate/SimulationJson.h"
-#include "commands/simulate/SimulationPage.h"
-#include "commands/simulate/SimulationRanking.h"
+#include "commands/simulate/SimulationForms.h"
 
 #include <gtest/gtest.h>
 
@@ -175,8 +173,9 @@ std::string PageText(std::size_t withdrawals, std::size_t mixes) {
     Envelope envelope;
     envelope.command = "simulate";
     envelope.input = SimulationInputJson(questions);
-    envelope.result = SimulationResultJson(questions, answers);
-    return SimulationPage(questions, answers, envelope, "qxmix simulate ...");
+    const SimulationReport report(questions, answers);
+    envelope.result = SimulationResultJson(report);
+    return SimulationPage(report, envelope, "qxmix simulate ...");
 }
 
 TEST(SimulationPage, NamesTheMixesThatFitWhenItIsTooLarge) {

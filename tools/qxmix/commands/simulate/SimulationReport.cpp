@@ -1,10 +1,11 @@
-#include "SimulationVerdict.h"
+#include "SimulationReport.h"
 
 #include "answers/Dangers.h"
 #include "dispenser/ReadableMoney.h"
 #include "text/TextList.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace qxmix {
 
@@ -38,8 +39,21 @@ std::string BestText(const std::vector<SimulationRow>& rows) {
     return MixesText(best) + (best.size() == 1 ? " serves" : " serve") + " most: " + served;
 }
 
-std::string DemandText(const SimulationQuestions& questions, const SimulationAnswers& answers) {
-    const std::size_t runs = answers.wholeRuns;
+std::string
+AskedText(const Dispenser& dispenser, const Demand& demand, const std::vector<Money>& sums) {
+    std::vector<std::string> texts;
+    for (std::size_t place = 0; place < sums.size(); ++place) {
+        if (sums.size() == 1 || !sums[place].IsZero()) {
+            texts.push_back(ReadableText(sums[place], AmountDecimals(dispenser)) + " " +
+                            demand.currencies[place]);
+        }
+    }
+    return Join(texts, " and ");
+}
+
+std::string DemandText(const SimulationReport& report) {
+    const SimulationQuestions& questions = report.questions;
+    const std::size_t runs = report.answers.wholeRuns;
     if (questions.runs > 1 && runs == 0) {
         return "of a run that did not end (seed " + std::to_string(questions.seed) + ")";
     }
@@ -48,7 +62,7 @@ std::string DemandText(const SimulationQuestions& questions, const SimulationAns
         return "median of " + std::to_string(runs) + (runs == 1 ? " run" : " runs") + " (seeds " +
                first + " to " + std::to_string(questions.seed + runs - 1) + ")";
     }
-    return "(" + AskedText(questions.dispenser, answers.demand) + " asked, " +
+    return "(" + report.askedText + " asked, " +
            (questions.IsRecorded() ? "recorded" : "seed " + std::to_string(questions.seed)) + ")";
 }
 
@@ -63,47 +77,27 @@ bool IsRefusal(Outcome outcome) {
            RowOf(outcome).exitStatus == ExitStatus::HonestNo;
 }
 
-}  // namespace
+/// Who serves most, in two lines if it is long.
+std::string BestLine(const SimulationReport& report) {
+    const std::string best = BestText(report.rows) +
+                             WithdrawalsText(report.answers.demand.withdrawals.size()) +
+                             (report.questions.runs > 1 ? "," : "");
+    const std::string demand = DemandText(report);
+    const bool fits = best.size() + 1 + demand.size() <= kPlainWidth;
+    return best + (fits ? " " : "\n  ") + demand;
+}
 
-SimulationVerdict VerdictOf(const SimulationQuestions& questions,
-                            const SimulationAnswers& answers,
-                            const std::vector<SimulationRow>& rows) {
+/// Who is not ranked.
+std::string DangerLine(const std::vector<SimulationRow>& rows) {
     std::vector<std::string> dangerous;
     for (const SimulationRow& row : rows) {
         if (!row.rank) {
             dangerous.push_back(std::to_string(row.mix));
         }
     }
-    SimulationVerdict verdict;
-    const std::string best = BestText(rows) + WithdrawalsText(answers.demand.withdrawals.size()) +
-                             (questions.runs > 1 ? "," : "");
-    const std::string demand = DemandText(questions, answers);
-    const bool fits = best.size() + 1 + demand.size() <= kPlainWidth;
-    verdict.best = best + (fits ? " " : "\n  ") + demand;
-    if (!dangerous.empty()) {
-        verdict.danger = MixesText(dangerous) + (dangerous.size() == 1 ? " is" : " are") +
-                         " dangerous here and not ranked";
-    }
-    return verdict;
-}
-
-std::string AskedText(const Dispenser& dispenser, const Demand& demand) {
-    std::vector<Money> sums(demand.currencies.size());
-    for (const Withdrawal& withdrawal : demand.withdrawals) {
-        sums[withdrawal.currency] += AskedMoney(dispenser, withdrawal.amount);
-    }
-    std::vector<std::string> texts;
-    for (std::size_t place = 0; place < sums.size(); ++place) {
-        if (sums.size() == 1 || !sums[place].IsZero()) {
-            texts.push_back(ReadableText(sums[place], AmountDecimals(dispenser)) + " " +
-                            demand.currencies[place]);
-        }
-    }
-    return Join(texts, " and ");
-}
-
-const char* PartWords(const OutcomeRow& row) {
-    return row.outcome == Outcome::NotDispensable ? "not dispensable" : row.words;
+    return dangerous.empty() ? ""
+                             : MixesText(dangerous) + (dangerous.size() == 1 ? " is" : " are") +
+                                   " dangerous here and not ranked";
 }
 
 std::vector<Finding> FindingsOf(const SimulationQuestions& questions,
@@ -129,11 +123,10 @@ std::vector<Finding> FindingsOf(const SimulationQuestions& questions,
     return findings;
 }
 
-std::vector<std::string> RemarksOn(const SimulationAnswers& answers,
-                                   const std::vector<SimulationRow>& rows) {
+std::vector<std::string> RemarksOn(const SimulationReport& report) {
     std::vector<std::string> lines;
-    for (const SimulationRow& row : rows) {
-        const SimulationSummary& summary = answers.runs.front()[row.place];
+    for (const SimulationRow& row : report.rows) {
+        const SimulationSummary& summary = report.First(row);
         std::vector<std::string> parts;
         std::vector<std::string> refusals;
         for (const OutcomeRow& outcome : OutcomeTable()) {
@@ -152,13 +145,52 @@ std::vector<std::string> RemarksOn(const SimulationAnswers& answers,
                             Join(refusals, ", ") + ")");
         }
         if (summary.isGivenUp) {
-            parts.push_back(GivenUpText(summary, answers.demand));
+            parts.push_back(GivenUpText(summary, report.answers.demand));
         }
         if (!parts.empty()) {
             lines.push_back("mix " + std::to_string(row.mix) + ": " + Join(parts, ", "));
         }
     }
     return lines;
+}
+
+ExitStatus ExitStatusOf(const SimulationAnswers& answers) {
+    if (!answers.isComplete) {
+        return ExitStatus::Interrupted;
+    }
+    ExitStatus highest = ExitStatus::Well;
+    for (const auto& run : answers.runs) {
+        for (const SimulationSummary& summary : run) {
+            for (const OutcomeRow& row : OutcomeTable()) {
+                if (summary.Count(row.outcome) > 0) {
+                    highest = std::max(highest, row.exitStatus);
+                }
+            }
+        }
+    }
+    return highest;
+}
+
+std::vector<Money> AskedSums(const Dispenser& dispenser, const Demand& demand) {
+    std::vector<Money> sums(demand.currencies.size());
+    for (const Withdrawal& withdrawal : demand.withdrawals) {
+        sums[withdrawal.currency] += AskedMoney(dispenser, withdrawal.amount);
+    }
+    return sums;
+}
+
+}  // namespace
+
+const char* PartWords(const OutcomeRow& row) {
+    return row.outcome == Outcome::NotDispensable ? "not dispensable" : row.words;
+}
+
+SimulationReport::SimulationReport(SimulationQuestions asking, SimulationAnswers came)
+    : questions(std::move(asking)), answers(std::move(came)), rows(RankMixes(questions, answers)),
+      asked(AskedSums(questions.dispenser, answers.demand)),
+      askedText(AskedText(questions.dispenser, answers.demand, asked)), best(BestLine(*this)),
+      danger(DangerLine(rows)), remarks(RemarksOn(*this)), findings(FindingsOf(questions, answers)),
+      status(ExitStatusOf(answers)) {
 }
 
 }  // namespace qxmix

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "SimulationAnswers.h"
+#include "findings/Findings.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace qxmix {
@@ -43,5 +45,32 @@ struct SimulationRow {
 /// number. Behind them those that are not ranked.
 std::vector<SimulationRow> RankMixes(const SimulationQuestions& questions,
                                      const SimulationAnswers& answers);
+
+/// A simulation with everything that is told of it in any form.
+struct SimulationReport {
+    SimulationReport(SimulationQuestions asked, SimulationAnswers came);
+
+    SimulationQuestions questions;
+    SimulationAnswers answers;
+    std::vector<SimulationRow> rows;  ///< the best mix first
+    std::vector<Money> asked;         ///< of a mix in the first run, by currency of the demand
+    std::string askedText;            ///< "100060 EUR", or "100060 EUR and 300 USD"
+    std::string best;                 ///< who serves most; in two lines if it is long
+    std::string danger;               ///< who is not ranked; empty: all are
+    /// What the ranking does not tell of the first run, a line a mix: other outcomes than paid,
+    /// refused and overpaid, and that the mix was given up.
+    std::vector<std::string> remarks;
+    std::vector<Finding> findings;  ///< how the demand was read, and the dangers of all runs
+    ExitStatus status;              ///< the highest of the answers, or that of an interruption
+
+    /// How the first run of a mix went.
+    const SimulationSummary& First(const SimulationRow& row) const {
+        return answers.runs.front()[row.place];
+    }
+};
+
+/// How people call an outcome where "refused" stands for all withdrawals with nothing paid: then a
+/// refusal of the module is one of its parts and needs a name of its own.
+const char* PartWords(const OutcomeRow& row);
 
 }  // namespace qxmix

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Dispenser.h"
 #include "Records.h"
-#include "dispenser/Dispenser.h"
 
 #include <array>
 #include <cstdint>
