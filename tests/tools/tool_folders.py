@@ -9,6 +9,7 @@ import re
 import sys
 
 SYSTEMS = ("linux", "windows")
+COMMANDS = "commands/"
 
 
 def rows_of(readme):
@@ -27,6 +28,8 @@ def wrong_include(tool, rows, source, header):
         return "is not there"
     if theirs == own:
         return "is beside it, so the name alone is enough"
+    if own.startswith(COMMANDS) and theirs.startswith(COMMANDS):
+        return f"{own} has to do without another command"
     if own in rows and rows.index(theirs) > rows.index(own):
         return f"{own} stands above {theirs} in the table"
     return None

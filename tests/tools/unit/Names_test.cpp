@@ -1,7 +1,7 @@
 #include "answers/Outcome.h"
-#include "commands/registry/ErrorCodes.h"
 #include "dispenser/UnitNames.h"
 #include "errors/NearestName.h"
+#include "registry/RegistryRules.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,7 @@
 #include "ErrorText.h"
-#include "commands/registry/ErrorCodes.h"
-#include "commands/registry/RegistryRules.h"
 #include "dispenser/StoredValues.h"
 #include "module/RegistryImage.h"
+#include "registry/RegistryRules.h"
 
 #include <gtest/gtest.h>
 

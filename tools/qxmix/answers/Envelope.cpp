@@ -40,4 +40,18 @@ std::string EnvelopeText(const Envelope& envelope) {
     return EnvelopeJson(envelope).dump(-1, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
+std::string AnswerForms::File(OutputForm form, const Envelope& envelope) const {
+    switch (form) {
+    case OutputForm::TextFile:
+        return text(Painter(ColorMode::Never));
+    case OutputForm::CsvFile:
+        return csv();
+    case OutputForm::Page:
+        return page();
+    case OutputForm::JsonFile:
+        break;
+    }
+    return EnvelopeText(envelope);
+}
+
 }  // namespace qxmix

@@ -1,10 +1,13 @@
 #pragma once
 
 #include "errors/Errors.h"
+#include "files/OutputForm.h"
 #include "findings/Findings.h"
 #include "json/Json.h"
+#include "terminal/Terminal.h"
 #include "workers/Asker.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -29,5 +32,18 @@ Json EnvelopeJson(const Envelope& envelope);
 
 /// The envelope on one line, with its line end.
 std::string EnvelopeText(const Envelope& envelope);
+
+/// An answer in each form in which it can be written; made only when it is wanted. As JSON it is
+/// the text of its envelope.
+struct AnswerForms {
+    std::function<std::string(const Painter& painter)> text;
+    std::function<std::string()> csv;
+    std::function<std::string()> page;  ///< none where the command writes no page
+
+    /// What a file of this form holds.
+    ///
+    /// @throw InputError when a page would be too large.
+    std::string File(OutputForm form, const Envelope& envelope) const;
+};
 
 }  // namespace qxmix

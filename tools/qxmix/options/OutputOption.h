@@ -2,7 +2,7 @@
 
 #include "CommonOptions.h"
 #include "Parser.h"
-#include "answers/AnswerForms.h"
+#include "answers/Envelope.h"
 #include "files/OutputForm.h"
 
 #include <optional>

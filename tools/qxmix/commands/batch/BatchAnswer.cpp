@@ -1,9 +1,9 @@
 #include "BatchAnswer.h"
 
+#include "amounts/MixAnswers.h"
 #include "answers/Envelope.h"
 #include "answers/LineError.h"
 #include "answers/ResultJson.h"
-#include "commands/mix/MixFindings.h"
 #include "dispenser/DispenserJson.h"
 #include "json/Json.h"
 #include "module/LibrarySearch.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "commands/map/MapAnswers.h"
+#include "sweeps/MapAnswers.h"
 
 #include <cstdint>
 #include <string>

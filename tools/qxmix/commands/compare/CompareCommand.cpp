@@ -1,10 +1,7 @@
 #include "CompareCommand.h"
 
-#include "CompareCsv.h"
-#include "CompareJson.h"
-#include "CompareText.h"
-#include "answers/AnswerForms.h"
-#include "commands/map/MapSize.h"
+#include "CompareForms.h"
+#include "answers/Envelope.h"
 #include "module/LibrarySearch.h"
 #include "module/RegistryImage.h"
 #include "options/AskedModule.h"

@@ -1,4 +1,4 @@
-#include "CompareCsv.h"
+#include "CompareForms.h"
 
 namespace qxmix {
 

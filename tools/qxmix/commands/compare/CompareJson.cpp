@@ -1,4 +1,4 @@
-#include "CompareJson.h"
+#include "CompareForms.h"
 
 #include "answers/ResultJson.h"
 #include "dispenser/DispenserJson.h"

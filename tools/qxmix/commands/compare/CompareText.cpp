@@ -1,4 +1,4 @@
-#include "CompareText.h"
+#include "CompareForms.h"
 
 #include "dispenser/ReadableMoney.h"
 #include "terminal/Table.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "commands/map/MapRow.h"
 #include "dispenser/Dispenser.h"
+#include "sweeps/MapRow.h"
 
 #include <string>
 

@@ -1,10 +1,9 @@
 #include "ExplainCommand.h"
 
-#include "ExplainJson.h"
-#include "ExplainText.h"
+#include "ExplainForms.h"
+#include "amounts/MixText.h"
+#include "amounts/WaitingLine.h"
 #include "answers/Envelope.h"
-#include "commands/mix/MixText.h"
-#include "commands/mix/WaitingLine.h"
 #include "dispenser/DispenserJson.h"
 #include "dispenser/DispenserReader.h"
 #include "files/InputFile.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "commands/mix/AmountArguments.h"
+#include "amounts/AmountArguments.h"
 #include "options/Command.h"
 
 #include <string>

@@ -1,4 +1,4 @@
-#include "ExplainJson.h"
+#include "ExplainForms.h"
 
 #include "answers/ResultJson.h"
 #include "dispenser/UnitNames.h"

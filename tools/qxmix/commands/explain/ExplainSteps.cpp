@@ -1,7 +1,7 @@
-#include "ExplainText.h"
+#include "ExplainForms.h"
 
 #include "CashUnitCodes.h"
-#include "commands/mix/MixText.h"
+#include "amounts/MixText.h"
 #include "dispenser/ReadableMoney.h"
 #include "terminal/Table.h"
 #include "text/Duration.h"

@@ -1,6 +1,6 @@
-#include "ExplainText.h"
+#include "ExplainForms.h"
 
-#include "commands/mix/MixText.h"
+#include "amounts/MixText.h"
 #include "dispenser/ReadableMoney.h"
 #include "options/MixList.h"
 #include "text/TextList.h"

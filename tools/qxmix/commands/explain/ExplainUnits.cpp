@@ -1,4 +1,4 @@
-#include "ExplainText.h"
+#include "ExplainForms.h"
 
 #include "dispenser/UnitNames.h"
 #include "terminal/Table.h"

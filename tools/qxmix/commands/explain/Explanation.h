@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Neighbours.h"
-#include "commands/mix/MixAnswers.h"
+#include "amounts/MixAnswers.h"
 #include "units/Units.h"
 
 #include <cstdint>

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "amounts/MixAnswers.h"
 #include "answers/Answer.h"
-#include "commands/mix/MixAnswers.h"
 #include "dispenser/Dispenser.h"
 #include "workers/Asker.h"
 

@@ -1,4 +1,4 @@
-#include "LintAdvice.h"
+#include "LintCures.h"
 
 #include "LintReport.h"
 #include "dispenser/DispenserJson.h"

@@ -1,10 +1,9 @@
 #include "LintAnswers.h"
 
-#include "LintSecondRound.h"
-#include "commands/map/MapDifferences.h"
 #include "errors/Errors.h"
 #include "options/MixList.h"
 #include "requests/Request.h"
+#include "sweeps/MapDifferences.h"
 #include "workers/AdaptiveDeadline.h"
 
 #include <algorithm>

@@ -1,10 +1,8 @@
 #pragma once
 
 #include "LintCase.h"
-#include "commands/map/MapAnswers.h"
+#include "sweeps/MapAnswers.h"
 #include "workers/Asker.h"
-
-#include <functional>
 
 namespace qxmix {
 
@@ -31,5 +29,12 @@ LintCase AskLint(const LintQuestions& questions,
                  Asker& asker,
                  const TraceSink& trace,
                  const ProgressListener& progress);
+
+/// Asks what the rules want to know beside the answers to the amounts. Nothing is asked twice.
+///
+/// @param order  the library and what it reads.
+/// @param asker  of the same.
+/// @throw Interruption after Ctrl-C, WorkError when the library cannot be used.
+void AskSecondRound(LintCase& lint, const OpenOrder& order, Asker& asker);
 
 }  // namespace qxmix

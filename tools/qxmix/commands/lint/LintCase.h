@@ -2,8 +2,8 @@
 
 #include "LintCures.h"
 #include "answers/OwnDecisions.h"
-#include "commands/map/MapQuestions.h"
-#include "commands/map/MapRow.h"
+#include "sweeps/MapQuestions.h"
+#include "sweeps/MapRow.h"
 #include "units/Units.h"
 #include "workers/WorkerMessages.h"
 

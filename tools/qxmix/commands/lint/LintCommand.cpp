@@ -1,10 +1,8 @@
 #include "LintCommand.h"
 
-#include "LintJson.h"
+#include "LintForms.h"
 #include "LintRules.h"
-#include "LintText.h"
 #include "answers/Envelope.h"
-#include "commands/map/MapSize.h"
 #include "files/Output.h"
 #include "module/LibrarySearch.h"
 #include "module/RegistryImage.h"

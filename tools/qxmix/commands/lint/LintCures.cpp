@@ -1,6 +1,5 @@
 #include "LintCures.h"
 
-#include "LintLoadings.h"
 #include "LintRules.h"
 #include "requests/Request.h"
 

@@ -2,12 +2,14 @@
 
 #include "answers/Answer.h"
 #include "dispenser/Dispenser.h"
+#include "json/JsonName.h"
 #include "options/AmountRange.h"
 #include "workers/Asker.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace qxmix {
@@ -64,5 +66,21 @@ private:
     std::uint64_t questionsLeft_ = 0;
     unsigned missesLeft_ = 0;
 };
+
+/// Items of a cassette that is tried full.
+constexpr std::uint32_t kFullCassette = 2000;
+
+/// Changes of single cassettes that might make a mix pay more, what is easiest first: cassettes
+/// brought into service, filled, added, and put in the place of one that is not missed.
+///
+/// @param most  largest amount that is to be paid.
+std::vector<Loading> LoadingsToTry(const LintCase& lint, const LintMix& mix, std::uint32_t most);
+
+/// Cures for people, the cheapest first: "mixes 2 3 pay them; or load 10 EUR: ...". Empty without
+/// any.
+std::string CuresText(const LintCase& lint, const LintCures& cures);
+
+/// The same, an object each.
+Json CuresJson(const LintCures& cures);
 
 }  // namespace qxmix

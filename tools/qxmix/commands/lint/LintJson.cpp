@@ -1,4 +1,4 @@
-#include "LintJson.h"
+#include "LintForms.h"
 
 #include "dispenser/DispenserJson.h"
 #include "json/Json.h"

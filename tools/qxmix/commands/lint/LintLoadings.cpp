@@ -1,4 +1,4 @@
-#include "LintLoadings.h"
+#include "LintCase.h"
 
 #include "CashUnitCodes.h"
 

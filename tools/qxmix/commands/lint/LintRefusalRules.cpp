@@ -1,5 +1,5 @@
 #include "CashUnitCodes.h"
-#include "LintAdvice.h"
+#include "LintCures.h"
 #include "LintRules.h"
 #include "dispenser/UnitNames.h"
 #include "options/MixList.h"

@@ -1,5 +1,5 @@
 #include "LintRules.h"
-#include "commands/registry/RegistryRules.h"
+#include "registry/RegistryRules.h"
 
 #include <algorithm>
 

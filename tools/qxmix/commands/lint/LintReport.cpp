@@ -1,6 +1,6 @@
 #include "LintReport.h"
 
-#include "LintAdvice.h"
+#include "LintCures.h"
 #include "dispenser/ReadableMoney.h"
 #include "json/Json.h"
 #include "options/MixList.h"

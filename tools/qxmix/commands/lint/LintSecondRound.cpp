@@ -1,9 +1,8 @@
-#include "LintSecondRound.h"
-
+#include "LintAnswers.h"
 #include "LintReport.h"
-#include "commands/map/MapAnswers.h"
 #include "errors/Errors.h"
 #include "requests/Request.h"
+#include "sweeps/MapAnswers.h"
 #include "units/SearchedItems.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "LintText.h"
+#include "LintForms.h"
 
 #include "options/MixList.h"
 #include "terminal/WrappedText.h"

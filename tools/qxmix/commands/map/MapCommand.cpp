@@ -1,21 +1,17 @@
 #include "MapCommand.h"
 
-#include "MapCsv.h"
-#include "MapDifferences.h"
-#include "MapJson.h"
-#include "MapPage.h"
-#include "MapSize.h"
-#include "MapText.h"
-#include "MapVerdict.h"
-#include "answers/AnswerForms.h"
+#include "MapForms.h"
+#include "answers/Envelope.h"
 #include "module/RegistryImage.h"
 #include "options/AskedModule.h"
 #include "options/DispenserArgument.h"
 #include "options/ShellWords.h"
+#include "sweeps/MapDifferences.h"
 #include "terminal/Progress.h"
 #include "text/Duration.h"
 
 #include <CLI/App.hpp>
+#include <utility>
 
 namespace qxmix {
 
@@ -59,21 +55,21 @@ ExitStatus MapCommand::Run(const CommonOptions& options) {
         throw Interruption();
     }
 
+    const MapReport report(std::move(questions), std::move(answers), differences);
     Envelope envelope = EnvelopeBy(module.asker, Info().name);
-    envelope.complete = answers.isComplete;
-    envelope.warnings = FindingsOf(questions, answers);
-    envelope.warnings.insert(envelope.warnings.end(), differences.begin(), differences.end());
-    envelope.exitStatus = ExitStatusOf(answers);
+    envelope.complete = report.answers.isComplete;
+    envelope.warnings = report.findings;
+    envelope.exitStatus = report.status;
     if (options.json || NeedsResult(form)) {
-        envelope.input = MapInputJson(questions);
-        envelope.result = MapResultJson(questions, answers);
+        envelope.input = MapInputJson(report.questions);
+        envelope.result = MapResultJson(report);
     }
     const AnswerForms forms{
-        [&](const Painter& painter) { return MapText(questions, answers, differences, painter); },
-        [&] { return MapCsv(questions, answers); },
-        [&] { return MapPage(questions, answers, envelope, CommandLine(questions, options)); }};
+        [&](const Painter& painter) { return MapText(report, painter); },
+        [&] { return MapCsv(report); },
+        [&] { return MapPage(report, envelope, CommandLine(report.questions, options)); }};
     return output_.Write(options, envelope, forms,
-                         WithErrorCode(module.asker.Registry(), answers.lastCode));
+                         WithErrorCode(module.asker.Registry(), report.answers.lastCode));
 }
 
 MapQuestions MapCommand::Prepare(const CommonOptions& options) const {

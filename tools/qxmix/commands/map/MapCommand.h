@@ -1,11 +1,11 @@
 #pragma once
 
-#include "MapAnswers.h"
 #include "options/AmountRange.h"
 #include "options/AskOptions.h"
 #include "options/Command.h"
 #include "options/JobsOption.h"
 #include "options/OutputOption.h"
+#include "sweeps/MapAnswers.h"
 
 #include <string>
 

@@ -1,4 +1,4 @@
-#include "MapCsv.h"
+#include "MapForms.h"
 
 #include "terminal/Terminal.h"
 
@@ -29,7 +29,9 @@ std::string CellLine(const MapQuestions& questions,
 
 }  // namespace
 
-std::string MapCsv(const MapQuestions& questions, const MapAnswers& answers) {
+std::string MapCsv(const MapReport& report) {
+    const MapQuestions& questions = report.questions;
+    const MapAnswers& answers = report.answers;
     std::string csv = "amount,mix,outcome,paid,remainder,returned,registry,v0,v1,v2,v3,v4,v5\n";
     std::vector<MapRowReader> readers(answers.rows.begin(), answers.rows.end());
     for (std::uint64_t place = 0; place < answers.amountCount; ++place) {

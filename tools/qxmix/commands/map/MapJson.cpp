@@ -1,4 +1,4 @@
-#include "MapJson.h"
+#include "MapForms.h"
 
 #include "answers/ResultJson.h"
 #include "dispenser/DispenserJson.h"
@@ -10,6 +10,9 @@
 namespace qxmix {
 
 namespace {
+
+/// Dangerous amounts that are listed one by one for each mix; the runs have all of them.
+constexpr std::size_t kListedDangers = 100;
 
 Json RunsJson(const MapRow& row) {
     Json runs = Json::array();
@@ -83,7 +86,9 @@ Json MapInputJson(const MapQuestions& questions) {
             {"deadline", DurationText(questions.deadline)}};
 }
 
-Json MapResultJson(const MapQuestions& questions, const MapAnswers& answers) {
+Json MapResultJson(const MapReport& report) {
+    const MapQuestions& questions = report.questions;
+    const MapAnswers& answers = report.answers;
     Json mixes = Json::array();
     for (std::size_t index = 0; index < answers.rows.size(); ++index) {
         const MapRow& row = answers.rows[index];

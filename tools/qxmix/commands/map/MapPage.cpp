@@ -1,6 +1,5 @@
-#include "MapPage.h"
+#include "MapForms.h"
 
-#include "MapVerdict.h"
 #include "dispenser/ReadableMoney.h"
 #include "pages/PageHtml.h"
 #include "pages/PageParts.h"
@@ -11,23 +10,24 @@ namespace qxmix {
 
 namespace {
 
+constexpr std::uint64_t kMostPageCells = 1000000;
+
 std::string Script() {
     return std::string(kMapModelScript) + std::string(kMapGridScript) +
            std::string(kMapTablesScript) + std::string(kMapStartScript);
 }
 
-std::string HeadingHtml(const MapQuestions& questions, const MapAnswers& answers) {
-    const MapVerdict verdict = VerdictOf(questions, answers);
-    const bool isDanger = verdict.colour == Outcome::Overpaid;
+std::string HeadingHtml(const MapReport& report) {
+    const MapAnswers& answers = report.answers;
+    const bool isDanger = report.colour == Outcome::Overpaid;
     std::string html = std::string("<p id=\"verdict\"") + (isDanger ? " class=\"danger\"" : "") +
-                       "><strong>" + verdict.word + "</strong> " + HtmlText(verdict.rest) +
-                       "</p>\n";
+                       "><strong>" + report.word + "</strong> " + HtmlText(report.rest) + "</p>\n";
     if (!answers.isComplete) {
         const std::uint64_t count = answers.amountCount;
         html += "<p>Interrupted: the first " + std::to_string(count) +
                 (count == 1 ? " amount" : " amounts") + " only.</p>\n";
     }
-    for (const std::string& line : UnpaidLines(questions, answers)) {
+    for (const std::string& line : report.unpaid) {
         html += "<p>" + HtmlText(line) + "</p>\n";
     }
     return html;
@@ -54,14 +54,20 @@ std::string FittingText(const MapQuestions& questions, std::size_t size) {
 
 }  // namespace
 
-std::string MapPage(const MapQuestions& questions,
-                    const MapAnswers& answers,
-                    const Envelope& envelope,
-                    const std::string& commandLine) {
+void CheckFormHolds(const std::optional<OutputForm>& form, const MapQuestions& questions) {
+    if (form == OutputForm::Page) {
+        CheckCellCount(questions, kMostPageCells, "--output");
+    }
+}
+
+std::string
+MapPage(const MapReport& report, const Envelope& envelope, const std::string& commandLine) {
+    const MapQuestions& questions = report.questions;
+    const MapAnswers& answers = report.answers;
     PageParts parts;
     const std::string& name = questions.dispenser.name;
     parts.title = name.empty() ? "What this dispenser pays" : name;
-    parts.heading = HeadingHtml(questions, answers);
+    parts.heading = HeadingHtml(report);
     parts.withoutScript =
         "This page draws its map with a script. Without it, here is how often each outcome occurs.";
     parts.summary = OutcomeCountTable(

@@ -1,6 +1,5 @@
-#include "MapText.h"
+#include "MapForms.h"
 
-#include "MapVerdict.h"
 #include "dispenser/ReadableMoney.h"
 #include "terminal/WrappedText.h"
 #include "text/TextList.h"
@@ -119,19 +118,17 @@ std::string InterruptionText(const MapQuestions& questions, const MapAnswers& an
 
 }  // namespace
 
-std::string MapText(const MapQuestions& questions,
-                    const MapAnswers& answers,
-                    const std::vector<Finding>& differences,
-                    const Painter& painter) {
-    const MapVerdict verdict = VerdictOf(questions, answers);
-    const std::size_t before = verdict.word.size() + 2;
+std::string MapText(const MapReport& report, const Painter& painter) {
+    const MapQuestions& questions = report.questions;
+    const MapAnswers& answers = report.answers;
+    const std::size_t before = report.word.size() + 2;
     std::vector<std::string> parts;
-    for (const std::string& part : Split(verdict.rest, ',')) {
+    for (const std::string& part : Split(report.rest, ',')) {
         parts.push_back(part.substr(parts.empty() ? 0 : 1));
     }
-    std::string text = painter.Paint(verdict.word, RowOf(verdict.colour).terminalStyle) + "  " +
+    std::string text = painter.Paint(report.word, RowOf(report.colour).terminalStyle) + "  " +
                        WrappedText(parts, ", ", before, before) + "\n";
-    for (const std::string& line : UnpaidLines(questions, answers)) {
+    for (const std::string& line : report.unpaid) {
         text += line + "\n";
     }
     const std::uint64_t amounts = answers.amountCount;
@@ -142,7 +139,7 @@ std::string MapText(const MapQuestions& questions,
         text += RowLine(questions.mixes[row], WorstOf(answers.rows[row], stretch), painter);
     }
     return text + LegendText(answers, stretch, painter) +
-           FindingsText(differences, false, painter) + InterruptionText(questions, answers);
+           FindingsText(report.differences, false, painter) + InterruptionText(questions, answers);
 }
 
 }  // namespace qxmix

@@ -1,13 +1,13 @@
 #include "MixCommand.h"
 
-#include "AnswerRecord.h"
-#include "MixText.h"
-#include "WaitingLine.h"
+#include "amounts/MixText.h"
+#include "amounts/WaitingLine.h"
 #include "answers/Envelope.h"
 #include "answers/ResultJson.h"
 #include "dispenser/DispenserJson.h"
 #include "dispenser/DispenserReader.h"
 #include "files/InputFile.h"
+#include "files/LineFile.h"
 #include "files/Output.h"
 #include "json/Json.h"
 #include "options/AskedModule.h"
@@ -65,6 +65,25 @@ std::string InterruptionText(const MixQuestions& questions, const MixAnswers& an
     const std::uint16_t mix = questions.requests[asked].usMixNumber;
     return "interrupted at mix " + std::to_string(mix) + ", " + std::to_string(asked) + " of " +
            std::to_string(all) + " mixes\n";
+}
+
+/// Appends one line of JSON for each answer, as replay reads it: an id, the request in hexadecimal
+/// digits and what came back. The ids go on counting the lines of the file.
+///
+/// @throw WorkError when the file cannot be written.
+void RecordAnswers(const std::string& file,
+                   const MixQuestions& questions,
+                   const MixAnswers& answers) {
+    AppendLines(file, [&](std::uint64_t id) {
+        std::string lines;
+        for (std::size_t place = 0; place < answers.answers.size(); ++place) {
+            const Json line = {{"id", ++id},
+                               {"request", HexText(RawBytes(questions.requests[place]))},
+                               {"answer", RecordedAnswer(answers.answers[place])}};
+            lines += line.dump() + "\n";
+        }
+        return lines;
+    });
 }
 
 }  // namespace

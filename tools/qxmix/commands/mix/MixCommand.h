@@ -1,7 +1,7 @@
 #pragma once
 
-#include "AmountArguments.h"
-#include "MixAnswers.h"
+#include "amounts/AmountArguments.h"
+#include "amounts/MixAnswers.h"
 #include "options/Command.h"
 
 #include <string>

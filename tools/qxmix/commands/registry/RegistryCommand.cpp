@@ -1,7 +1,5 @@
 #include "RegistryCommand.h"
 
-#include "ErrorCodes.h"
-#include "RegistryRules.h"
 #include "answers/Envelope.h"
 #include "dispenser/StoredValues.h"
 #include "errors/NearestName.h"
@@ -11,6 +9,7 @@
 #include "module/LibrarySearch.h"
 #include "module/RegistryImage.h"
 #include "options/OutputFileOption.h"
+#include "registry/RegistryRules.h"
 #include "terminal/Table.h"
 #include "text/Hex.h"
 #include "text/ParseWhole.h"

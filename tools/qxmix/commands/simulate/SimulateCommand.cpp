@@ -1,7 +1,7 @@
 #include "SimulateCommand.h"
 
 #include "SimulationForms.h"
-#include "answers/AnswerForms.h"
+#include "answers/Envelope.h"
 #include "demand/DemandReader.h"
 #include "module/RegistryImage.h"
 #include "options/AskedModule.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SimulationQuestions.h"
+#include "SimulationAnswers.h"
 #include "demand/RecordedDemand.h"
 #include "options/AskOptions.h"
 #include "options/Command.h"

@@ -48,7 +48,7 @@ std::vector<SimulationRow> RankMixes(const SimulationQuestions& questions,
 
 /// A simulation with everything that is told of it in any form.
 struct SimulationReport {
-    SimulationReport(SimulationQuestions asked, SimulationAnswers came);
+    SimulationReport(SimulationQuestions asking, SimulationAnswers came);
 
     SimulationQuestions questions;
     SimulationAnswers answers;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "commands/mix/MixAnswers.h"
+#include "amounts/MixAnswers.h"
 #include "requests/Request.h"
 
 namespace qxmix {

@@ -2,8 +2,7 @@
 
 #include "AskedAmount.h"
 #include "FakeModule.h"
-#include "commands/explain/ExplainJson.h"
-#include "commands/explain/ExplainText.h"
+#include "commands/explain/ExplainForms.h"
 #include "dispenser/InlineDispenser.h"
 #include "json/Json.h"
 #include "text/TextList.h"

@@ -1,5 +1,5 @@
 #include "LintOf.h"
-#include "commands/lint/LintText.h"
+#include "commands/lint/LintForms.h"
 #include "findings/RuleTexts.h"
 
 #include <set>

@@ -1,4 +1,4 @@
-#include "commands/map/MapRow.h"
+#include "sweeps/MapRow.h"
 
 #include <gtest/gtest.h>
 

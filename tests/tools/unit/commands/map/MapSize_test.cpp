@@ -1,7 +1,5 @@
-#include "commands/map/MapSize.h"
+#include "commands/map/MapForms.h"
 
-#include "commands/map/MapJson.h"
-#include "commands/map/MapPage.h"
 #include "dispenser/InlineDispenser.h"
 
 #include "ErrorText.h"
@@ -75,10 +73,10 @@ MapAnswers Different(const MapQuestions& questions) {
 }
 
 std::string PageOf(const MapQuestions& questions) {
-    const MapAnswers answers = Different(questions);
+    const MapReport report(questions, Different(questions), {});
     Envelope envelope;
-    envelope.result = MapResultJson(questions, answers);
-    return MapPage(questions, answers, envelope, "qxmix map");
+    envelope.result = MapResultJson(report);
+    return MapPage(report, envelope, "qxmix map");
 }
 
 TEST(MapSize, RefusesAPageOfMoreThanFiveMegabytesAndNamesTheStepThatFits) {

@@ -1,4 +1,4 @@
-#include "MixFindings.h"
+#include "MixAnswers.h"
 
 #include "answers/OwnDecisions.h"
 #include "dispenser/ReadableMoney.h"

@@ -1,4 +1,4 @@
-#include "MapVerdict.h"
+#include "MapReport.h"
 
 #include "answers/Dangers.h"
 #include "dispenser/ReadableMoney.h"
@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <functional>
 #include <map>
+#include <utility>
 
 namespace qxmix {
 
@@ -106,9 +107,9 @@ UnpaidText(const MapQuestions& questions, const Stretches& stretches, std::size_
     return text + " " + dispenser.currency;
 }
 
-}  // namespace
-
-MapVerdict VerdictOf(const MapQuestions& questions, const MapAnswers& answers) {
+void AddVerdict(MapReport& report) {
+    const MapQuestions& questions = report.questions;
+    const MapAnswers& answers = report.answers;
     const std::string dangers = DangersText(questions, answers);
     const auto hasAny = [&answers](const auto& matches) {
         return std::any_of(answers.rows.begin(), answers.rows.end(), [&matches](const MapRow& row) {
@@ -119,11 +120,15 @@ MapVerdict VerdictOf(const MapQuestions& questions, const MapAnswers& answers) {
     if (!dangers.empty()) {
         const bool isDanger =
             hasAny([](Outcome outcome) { return RowOf(outcome).exitStatus == ExitStatus::Danger; });
-        return {isDanger ? "DANGER" : "CRASH", Outcome::Overpaid, dangers};
+        report.word = isDanger ? "DANGER" : "CRASH";
+        report.colour = Outcome::Overpaid;
+        report.rest = dangers;
+        return;
     }
     const bool isShort = hasAny([](Outcome outcome) { return outcome != Outcome::Paid; });
-    return {isShort ? "NOT ALL PAID" : "PAID", isShort ? Outcome::NotDispensable : Outcome::Paid,
-            PaidText(questions, answers)};
+    report.word = isShort ? "NOT ALL PAID" : "PAID";
+    report.colour = isShort ? Outcome::NotDispensable : Outcome::Paid;
+    report.rest = PaidText(questions, answers);
 }
 
 std::vector<std::string> UnpaidLines(const MapQuestions& questions, const MapAnswers& answers) {
@@ -160,6 +165,29 @@ std::vector<Finding> FindingsOf(const MapQuestions& questions, const MapAnswers&
         findings.insert(findings.end(), found.begin(), found.end());
     }
     return findings;
+}
+
+ExitStatus ExitStatusOf(const MapAnswers& answers) {
+    if (!answers.isComplete) {
+        return ExitStatus::Interrupted;
+    }
+    ExitStatus highest = ExitStatus::Well;
+    for (const MapRow& row : answers.rows) {
+        for (const MapRow::Run& run : row.Runs()) {
+            highest = std::max(highest, RowOf(run.outcome).exitStatus);
+        }
+    }
+    return highest;
+}
+
+}  // namespace
+
+MapReport::MapReport(MapQuestions asked, MapAnswers came, std::vector<Finding> otherwise)
+    : questions(std::move(asked)), answers(std::move(came)), differences(std::move(otherwise)),
+      unpaid(UnpaidLines(questions, answers)), findings(FindingsOf(questions, answers)),
+      status(ExitStatusOf(answers)) {
+    AddVerdict(*this);
+    findings.insert(findings.end(), differences.begin(), differences.end());
 }
 
 }  // namespace qxmix

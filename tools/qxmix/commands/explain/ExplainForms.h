@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Explanation.h"
+#include "json/JsonName.h"
 #include "terminal/Terminal.h"
 
 #include <string>
@@ -21,5 +22,8 @@ std::string StepsText(const MixQuestions& questions, const Explanation& story);
 
 /// The amounts around, and the other mixes, as far as they were asked.
 std::string AroundText(const MixQuestions& questions, const Explanation& story);
+
+/// The result of `mix`, and beside it the story.
+Json ExplainJson(const MixQuestions& questions, const Explanation& story);
 
 }  // namespace qxmix

@@ -136,17 +136,4 @@ MapAnswers AskMap(const MapQuestions& questions,
     return answers;
 }
 
-ExitStatus ExitStatusOf(const MapAnswers& answers) {
-    if (!answers.isComplete) {
-        return ExitStatus::Interrupted;
-    }
-    ExitStatus highest = ExitStatus::Well;
-    for (const MapRow& row : answers.rows) {
-        for (const MapRow::Run& run : row.Runs()) {
-            highest = std::max(highest, RowOf(run.outcome).exitStatus);
-        }
-    }
-    return highest;
-}
-
 }  // namespace qxmix

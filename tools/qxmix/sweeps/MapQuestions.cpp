@@ -1,6 +1,6 @@
-#include "MapSize.h"
+#include "MapQuestions.h"
 
-#include "MapPage.h"
+#include "errors/Errors.h"
 
 namespace qxmix {
 
@@ -13,12 +13,6 @@ void CheckCellCount(const MapQuestions& questions, std::uint64_t most, const std
     throw InputError(option + ": " + std::to_string(questions.CellCount()) +
                      " calculations are too many; expected at most " + std::to_string(most) +
                      ", as with --step " + std::to_string(step) + " or fewer --mixes");
-}
-
-void CheckFormHolds(const std::optional<OutputForm>& form, const MapQuestions& questions) {
-    if (form == OutputForm::Page) {
-        CheckCellCount(questions, kMostPageCells, "--output");
-    }
 }
 
 }  // namespace qxmix

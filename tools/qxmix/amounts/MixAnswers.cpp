@@ -1,6 +1,5 @@
 #include "MixAnswers.h"
 
-#include "MixFindings.h"
 #include "requests/Request.h"
 
 #include <algorithm>

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace qxmix {
@@ -35,5 +36,12 @@ struct MapQuestions {
 
     std::uint64_t CellCount() const { return AmountCount() * mixes.size(); }
 };
+
+/// Refuses maps that are too large, and says which step would do.
+///
+/// @param most    cells.
+/// @param option  that the error is about.
+/// @throw InputError
+void CheckCellCount(const MapQuestions& questions, std::uint64_t most, const std::string& option);
 
 }  // namespace qxmix

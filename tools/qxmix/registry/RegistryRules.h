@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dispenser/Dispenser.h"
 #include "findings/Findings.h"
 #include "workers/WorkerMessages.h"
 
@@ -16,5 +17,11 @@ namespace qxmix {
 /// file.
 std::vector<Finding>
 CheckRegistry(const std::string& registry, const Opening& taken, const std::string& fileName);
+
+/// What an error code in the registry says; "unknown" for one that is not the module's.
+std::string ErrorCodeMeaning(const std::string& code);
+
+/// The code that a value holds: five bytes as the module writes them, or text of somebody else.
+std::string ErrorCodeOf(const StoredValue& value);
 
 }  // namespace qxmix

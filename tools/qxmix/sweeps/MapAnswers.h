@@ -29,7 +29,4 @@ MapAnswers AskMap(const MapQuestions& questions,
                   const TraceSink& trace,
                   const ProgressListener& progress);
 
-/// The highest exit status of the answers, or that of an interruption.
-ExitStatus ExitStatusOf(const MapAnswers& answers);
-
 }  // namespace qxmix
