@@ -1,6 +1,5 @@
-#include "DemandReader.h"
-
 #include "RecordedDemand.h"
+
 #include "files/InputFile.h"
 #include "json/Json.h"
 #include "json/JsonFields.h"

@@ -66,13 +66,14 @@ ExitStatus LintCommand::Run(const CommonOptions& options) {
                                   [&progress](const WorkProgress& now) { progress.Show(now); });
     progress.Wipe();
     const std::vector<LintFinding> findings = CheckAll(lint);
+    const ExitStatus status = StatusOf(lint, findings);
     OutputFiles files;
     files.Add(options.registryOut, WithErrorCode(module.asker.Registry(), lint.lastCode));
     files.Commit();
     WriteStandardOutput(options.json
-                            ? RenderJson(lint, findings, module.asker)
+                            ? RenderJson(lint, findings, status, module.asker)
                             : LintText(lint, findings, options.quiet, Painter(options.color)));
-    return StatusOf(lint, findings);
+    return status;
 }
 
 LintQuestions LintCommand::Prepare(const CommonOptions& options) const {
@@ -104,12 +105,13 @@ LintQuestions LintCommand::Prepare(const CommonOptions& options) const {
 
 std::string LintCommand::RenderJson(const LintCase& lint,
                                     const std::vector<LintFinding>& findings,
+                                    ExitStatus status,
                                     const Asker& asker) const {
     Envelope envelope = EnvelopeBy(asker, Info().name);
     envelope.complete = lint.isComplete;
     envelope.input = LintInputJson(lint);
     envelope.result = LintResultJson(findings);
-    envelope.exitStatus = StatusOf(lint, findings);
+    envelope.exitStatus = status;
     return EnvelopeText(envelope);
 }
 

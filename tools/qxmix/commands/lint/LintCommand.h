@@ -23,6 +23,7 @@ private:
     LintQuestions Prepare(const CommonOptions& options) const;
     std::string RenderJson(const LintCase& lint,
                            const std::vector<LintFinding>& findings,
+                           ExitStatus status,
                            const Asker& asker) const;
 
     std::string dispenser_;  // as named on the command line

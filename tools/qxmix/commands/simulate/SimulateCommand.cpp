@@ -2,7 +2,7 @@
 
 #include "SimulationForms.h"
 #include "answers/Envelope.h"
-#include "demand/DemandReader.h"
+#include "demand/RecordedDemand.h"
 #include "module/RegistryImage.h"
 #include "options/AskedModule.h"
 #include "options/DispenserArgument.h"
