@@ -43,6 +43,19 @@ void ExactWalk::Prepare() noexcept {
     }
 }
 
+/// A count of the last unit has to leave a rest that the divisor of the others divides. As in
+/// KeepDivisible, value * n = amount modulo that divisor, with everything divided by that of all.
+bool ExactWalk::HoldsLeastOfLast() const noexcept {
+    std::uint32_t others = values_[0];
+    for (unsigned level = 1; level < last_; ++level) {
+        others = CommonDivisorOf(values_[level], others).divisor;
+    }
+    const CommonDivisor common = CommonDivisorOf(values_[last_], others);
+    const std::uint32_t modulus = others / common.divisor;
+    const std::uint64_t residue = amount_ / common.divisor % modulus;
+    return residue * common.factor % modulus <= counts_[last_];
+}
+
 CountRange ExactWalk::RangeAt(unsigned level, std::uint32_t rest) const noexcept {
     const std::uint32_t others = capacities_[level + 1];
     const std::uint32_t low = rest > others ? DivideRoundingUp(rest - others, values_[level]) : 0;

@@ -20,6 +20,11 @@ struct WalkRule {
 
     /// Whether to go on below `level`, whose count stands now; `rest` is left to the levels after.
     static bool Enters(unsigned, const Counts&, std::uint32_t) noexcept { return true; }
+
+    /// Whether `Verdict VisitLine(const Counts& head, std::uint32_t counts)` takes the place of
+    /// Visit: it is shown the first of the combinations that only exchange items of the last two
+    /// units, and how many they are.
+    static constexpr bool kTakesLines = false;
 };
 
 /// Walks just the combinations of two and more units that make an amount, in the order in which the
@@ -45,18 +50,32 @@ public:
     /// Whether the values divide the amount and the counts reach it: otherwise there is no
     /// combination at all, and what a search sets up for a walk can be left out.
     bool MayMakeAmount() const noexcept {
-        return amount_ % divisors_[0] == 0 && amount_ <= capacities_[0];
+        return amount_ % divisors_[0] == 0 && amount_ <= capacities_[0] && LastUnitFits();
     }
+
+    std::uint32_t Amount() const noexcept { return amount_; }
+
+    /// Changes the amount; the units stay.
+    void PayInstead(std::uint32_t amount) noexcept { amount_ = amount; }
+
+    /// The greatest common divisor of all values.
+    std::uint32_t Divisor() const noexcept { return divisors_[0]; }
 
     /// Whether a combination counts: in a walk with shortfall only one that falls short.
     bool Regards(const Counts& combination) const noexcept {
         return !passesOverWhole_ || combination[shortfall_] != 0;
     }
 
-    /// The most that a combination leaves to the additional unit.
+    /// What a combination that counts leaves to the additional unit.
+    std::uint32_t LeastShortfall() const noexcept { return passesOverWhole_ ? Divisor() : 0; }
     std::uint32_t MostShortfall() const noexcept {
         return values_[shortfall_] * counts_[shortfall_];
     }
+
+    /// What the last two units exchange from one combination to the next: so many items of the last
+    /// but one for so many of the last.
+    std::uint32_t ItemsTaken() const noexcept { return strides_[last_ - 1]; }
+    std::uint32_t ItemsGiven() const noexcept { return values_[last_ - 1] / divisors_[last_ - 1]; }
 
     /// Shows the combinations to the rule until it has seen enough.
     template <Direction kDirection, typename Rule>
@@ -70,6 +89,14 @@ private:
     }
 
     void Prepare() noexcept;
+
+    /// Whether the last unit holds the few items without which the others cannot pay the rest. As a
+    /// rule it holds far more: the divisor of the others is no more than any of their values.
+    bool LastUnitFits() const noexcept {
+        return (counts_[last_] + std::uint64_t{1}) * divisors_[0] >= values_[last_ - 1] ||
+               HoldsLeastOfLast();
+    }
+    bool HoldsLeastOfLast() const noexcept;
     CountRange RangeAt(unsigned level, std::uint32_t rest) const noexcept;
     void KeepDivisible(unsigned level, std::uint32_t rest, CountRange& range) const noexcept;
 
@@ -149,19 +176,33 @@ private:
     /// The last two units: each step exchanges items of the one for items of the other.
     Verdict RunLastPair() noexcept {
         const CountRange range = walk_.NarrowedRange(rule_, level_, combination_, rests_[level_]);
-        const std::uint32_t taken = Step(walk_.strides_[level_]);
-        const std::uint32_t given = Step(walk_.values_[level_] / walk_.divisors_[level_]);
-        const std::uint32_t left = rests_[level_] - walk_.values_[level_] * FirstOf(range);
+        const std::uint32_t counts = CountsIn(range);
+        if (counts == 0) {
+            return Verdict::GoOn;
+        }
         std::uint32_t& count = combination_[level_];
         std::uint32_t& lastCount = combination_[walk_.last_];
         count = FirstOf(range);
-        lastCount = left / walk_.values_[walk_.last_];
-        for (std::uint32_t counts = CountsIn(range); counts != 0; --counts) {
+        lastCount = (rests_[level_] - walk_.values_[level_] * count) / walk_.values_[walk_.last_];
+        if constexpr (Rule::kTakesLines) {
+            return rule_.VisitLine(combination_, counts);
+        } else {
+            return VisitEach(counts);
+        }
+    }
+
+    Verdict VisitEach(std::uint32_t counts) noexcept {
+        if (rule_.Visit(combination_) == Verdict::EndSearch) {
+            return Verdict::EndSearch;
+        }
+        const std::uint32_t taken = Step(walk_.ItemsTaken());
+        const std::uint32_t given = counts > 1 ? Step(walk_.ItemsGiven()) : 0;
+        while (--counts != 0) {
+            combination_[level_] += taken;
+            combination_[walk_.last_] -= given;
             if (rule_.Visit(combination_) == Verdict::EndSearch) {
                 return Verdict::EndSearch;
             }
-            count += taken;
-            lastCount -= given;
         }
         return Verdict::GoOn;
     }

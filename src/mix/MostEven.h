@@ -23,13 +23,12 @@ public:
             refusal.Remember(combination);
             return units.n == 2 ? Verdict::EndSearch : Verdict::GoOn;
         }
-        Keep(combination);
+        Keep(combination, evenness.Score(combination));
         return Verdict::GoOn;
     }
 
     /// Of equal scores the one stays that the loops meet first, whatever order they came in here.
-    void Keep(const Counts& combination) noexcept {
-        const std::uint32_t score = evenness.Score(combination);
+    void Keep(const Counts& combination, std::uint32_t score) noexcept {
         if (!isFound || score < best || (score == best && combination > found)) {
             isFound = true;
             best = score;
@@ -117,7 +116,7 @@ struct WithinLimitRule : WalkRule {
 
     /// Nothing replaces a score of 0, since only a smaller one would, or an equal one met earlier.
     Verdict Visit(const Counts& combination) noexcept {
-        most.Keep(combination);
+        most.Keep(combination, most.evenness.Score(combination));
         return most.best == 0 ? Verdict::EndSearch : Verdict::GoOn;
     }
 };

@@ -1,12 +1,11 @@
 #!/usr/bin/python3
-"""What the two searches for the most even combination rest on: how the score of equal notes is
-added up, its band, and the cycle of equal emptying. What wraps is proved for 32 bits."""
+"""What equal notes rest on: how the score is added up, and the band."""
 
-from z3 import And, BitVecs, If, Int, ULE, ULT, ZeroExt
+from z3 import And, Int
 
 from claims import Claims, grows, integers, reals
 
-claims = Claims("Evenness: scores, band and cycle")
+claims = Claims("Evenness: scores and band")
 
 # Polynomials that are the same are equal among wrapping numbers too.
 for k in range(2, 6):
@@ -60,51 +59,4 @@ claims.prove("no sum of the band wraps", And(rest + slack < 2**32, slack + short
              [limit >= 1, total >= 1, total * limit < 2**26, 0 <= width, width < 4 * limit,
               grows(total, width, 4 * limit), slack <= total * width, slack >= 0,
               0 <= shortfall, shortfall < total, total <= total * limit, 0 <= rest, rest < 2**31])
-
-# The cycle of equal emptying. Shares are products of up to 30 bits when they count as true.
-a, b, c, d, e = BitVecs("a b c d e", 32)
-
-
-def magnitude(difference):
-    """A difference read as a signed number, without its sign."""
-    return If(difference < 0, -difference, difference)
-
-
-def true_distance(one, other):
-    return If(ULT(one, other), ZeroExt(32, other) - ZeroExt(32, one),
-              ZeroExt(32, one) - ZeroExt(32, other))
-
-
-claims.prove("up to 2^31 a magnitude is the distance", ZeroExt(32, magnitude(a - b))
-             == true_distance(a, b), [ULE(a, 2**31 - 1), ULE(b, 2**31 - 1)])
-claims.refute("the magnitude of any two numbers is their distance",
-              ZeroExt(32, magnitude(a - b)) == true_distance(a, b))
-claims.prove("around a cycle of five the signed differences add up to 0, wrapped or not",
-             (a - b) + (b - c) + (c - d) + (d - e) + (e - a) == 0)
-p, q, r, s, t = integers("p q r s t")
-
-
-def distance(one, other):
-    return If(one < other, other - one, one - other)
-
-
-claims.prove("the way over one more unit is no shorter than the way past it",
-             distance(p, q) + distance(q, r) >= distance(p, r))
-claims.prove("nor the way over two or three",
-             And(distance(p, q) + distance(q, r) + distance(r, s) >= distance(p, s),
-                 distance(p, q) + distance(q, r) + distance(r, s) + distance(s, t)
-                 >= distance(p, t)))
-claims.prove("two shares differ by the larger one at most", distance(p, q) <= If(p < q, q, p),
-             [p >= 0, q >= 0])
-claims.prove("and by no more than the larger of what they are at most",
-             distance(p, q) <= If(s < t, t, s), [0 <= p, p <= s, 0 <= q, q <= t])
-
-# IsAbove: the sum lies between `least` and `least + detour`; its score is what 2^32 leaves of it.
-least, best, detour, total, score, multiple = integers("least best detour total score multiple")
-word = 2**32
-between = [0 <= best, best < least, least <= total, total <= least + detour, 0 <= score,
-           score < word, total == word * multiple + score]
-claims.prove("a sum that does not come to the next multiple of 2^32 scores above the best",
-             score > best, [*between, (least - best - 1) / word == (least + detour) / word])
-claims.refute("every sum above the best scores above the best", score > best, between)
 claims.finish()

@@ -4,7 +4,7 @@ values after divide. `g` divides everything: value = g v, divisor of the values 
 
 from z3 import And, If, Implies, Or
 
-from claims import Claims, integers
+from claims import Claims, grows, integers
 
 claims = Claims("Residue and stride of the walk, and the factor that tells the residue")
 
@@ -34,6 +34,13 @@ claims.prove("the step leads to a count of the residue",
              Or(low + step == stride * k + residue, low + step == stride * (k + 1) + residue),
              sound)
 claims.prove("and to the first one from low on", And(0 <= step, step < stride), sound)
+
+# LastUnitFits: the others' divisor g m divides their values, so it is no more than any of them.
+m, held, before, k = integers("m held before k")
+claims.prove("a unit that holds (held + 1) g, no less than a value before it, has every residue",
+             residue <= held,
+             [g >= 1, m >= 1, k >= 1, before == g * m * k, (held + 1) * g >= before, residue < m,
+              grows(g * m, 1, k), Implies(held + 1 < m, g * (held + 1) < g * m)])
 
 # CommonDivisorOf: Euclid's algorithm with the factor of the first number.
 value, modulus, a, b, p, q, m, n = integers("value modulus a b p q m n")

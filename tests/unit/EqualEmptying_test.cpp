@@ -207,6 +207,18 @@ TEST(CalcEqualEmptying, TakesASumOfExactly2To32ForPerfectlyEqual) {
         Chosen({256, 0, 128, 0}));
 }
 
+TEST(CalcEqualEmptying, TakesASumOfExactly2To32WhoseSharesARateRoundsDown) {
+    // A whole unit and 424 of 600 make 2^31; twice that is the sum of the differences.
+    EXPECT_EQ(Pay(Table()
+                      .Bill(7000, 128)
+                      .Bill(7000, 128)
+                      .Bill(1000, 128)
+                      .Bill(3, 600)
+                      .Amount(128 * 7000 + 424 * 3)
+                      .Limit(65535)),
+              Chosen({0, 128, 0, 424}));
+}
+
 TEST(CalcEqualEmptying, ComparesWrappedSharesOfThreeUnits) {
     // Unwrapped, 1, 2 and 1 would be the most equal shares of all the combinations that make 100.
     EXPECT_EQ(Pay(Table().Bill(50, 20000).Bill(20, 20000).Bill(10, 20000).Amount(100)),

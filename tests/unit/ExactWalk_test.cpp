@@ -3,6 +3,7 @@
 #include "ExactWalk.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace {
 
@@ -73,6 +74,39 @@ TEST(ExactWalk, NamesTheMostThatACombinationLeaves) {
             EXPECT_LE(unpaid, walk.MostShortfall() + units.amount % units.values[units.n - 1]);
         }
     });
+}
+
+/// Whether the last unit has a count that leaves the others an amount that their divisor divides.
+bool LastUnitLeavesWhatTheOthersDivide(const SearchUnits& units) {
+    std::uint32_t divisor = 0;
+    for (unsigned unit = 0; unit + 1 < units.n; ++unit) {
+        divisor = std::gcd(divisor, units.values[unit]);
+    }
+    const unsigned last = units.n - 1;
+    for (std::uint32_t count = 0; count <= units.counts[last]; ++count) {
+        const std::int64_t left = std::int64_t{units.amount} - count * units.values[last];
+        if (left % divisor == 0) {
+            return true;
+        }
+    }
+    return false;
+}
+
+TEST(ExactWalk, KnowsWhereTheLastUnitHoldsTooFewForTheOthersToPayTheRest) {
+    int tooFew = 0;
+    ForEachSmallTable([&tooFew](const SearchUnits& units) {
+        std::uint32_t held = 0;
+        std::uint32_t divisor = 0;
+        for (unsigned unit = 0; unit < units.n; ++unit) {
+            held += units.values[unit] * units.counts[unit];
+            divisor = std::gcd(divisor, units.values[unit]);
+        }
+        const bool reaches = units.amount <= held && units.amount % divisor == 0;
+        const bool fits = LastUnitLeavesWhatTheOthersDivide(units);
+        tooFew += reaches && !fits;
+        EXPECT_EQ(ExactWalk(units).MayMakeAmount(), reaches && fits);
+    });
+    EXPECT_GT(tooFew, 1000);
 }
 
 TEST(ExactWalk, EndsAtOnceWhenItIsTold) {
