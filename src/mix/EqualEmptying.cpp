@@ -4,22 +4,29 @@
 
 namespace {
 
-/// Goes through the lines of the last two units, those that may have something more even.
-struct LineRule : WithinLimitRule<Shares> {
-    static constexpr bool kTakesLines = true;
-
+/// Enters only where something more even may follow.
+struct ShareRule : WithinLimitRule<Shares> {
     ChosenShares chosen;
     ShareBound shareBound;
-    ShareLine line;
 
-    LineRule(MostEven<Shares>& search, const ExactWalk& walk) noexcept
+    ShareRule(MostEven<Shares>& search, const ExactWalk& walk) noexcept
         : WithinLimitRule(search, walk), chosen(search.evenness),
-          shareBound(search.units, search.evenness), line(search, walk) {}
+          shareBound(search.units, search.evenness, walk.MostShortfall()) {}
 
     bool Enters(unsigned level, const Counts& combination, std::uint32_t rest) noexcept {
         chosen.Choose(level, combination[level]);
         return !most.isFound || !shareBound.IsAbove(most.best, chosen, level, rest);
     }
+};
+
+/// Goes through the lines of the last two units. For walks that make the whole amount.
+struct LineRule : ShareRule {
+    static constexpr bool kTakesLines = true;
+
+    ShareLine line;
+
+    LineRule(MostEven<Shares>& search, const ExactWalk& walk) noexcept
+        : ShareRule(search, walk), line(search, walk) {}
 
     /// Nothing replaces a score of 0 but another one that the loops meet earlier.
     Verdict VisitLine(const Counts& head, std::uint32_t counts) noexcept {
@@ -35,22 +42,35 @@ struct LineRule : WithinLimitRule<Shares> {
     }
 };
 
-}  // namespace
+template <typename Rule>
+void WalkBy(const ExactWalk& walk, MostEven<Shares>& search) noexcept {
+    Rule rule(search, walk);
+    walk.Run<Direction::Downwards>(rule);
+}
 
-/// Each amount that a walk with shortfall may pay is walked by itself, so that lines are those of
-/// the last two units there, too.
-void Shares::Walk(const ExactWalk& walk, MostEven<Shares>& search) const noexcept {
-    if (walk.MostShortfall() == 0) {
-        LineRule rule(search, walk);
-        walk.Run<Direction::Downwards>(rule);
-        return;
-    }
+/// Walks each amount that a walk with shortfall may pay by itself, so that there is a line of the
+/// last two units there, too.
+void WalkEachAmount(const ExactWalk& walk, MostEven<Shares>& search) noexcept {
     ExactWalk exact(search.units);
     LineRule rule(search, exact);
     const std::uint32_t most = std::min(walk.MostShortfall(), walk.Amount());
     for (std::uint32_t left = walk.LeastShortfall(); left <= most; left += exact.Divisor()) {
         exact.PayInstead(walk.Amount() - left);
         exact.Run<Direction::Downwards>(rule);
+    }
+}
+
+constexpr unsigned kMostAmounts = 100;  ///< to be walked by themselves
+
+}  // namespace
+
+void Shares::Walk(const ExactWalk& walk, MostEven<Shares>& search) const noexcept {
+    if (walk.MostShortfall() == 0) {
+        WalkBy<LineRule>(walk, search);
+    } else if (walk.MostShortfall() <= std::uint64_t{kMostAmounts} * walk.Divisor()) {
+        WalkEachAmount(walk, search);
+    } else {
+        WalkBy<ShareRule>(walk, search);
     }
 }
 

@@ -2,17 +2,16 @@
 
 #include "Shares.h"
 
-/// How unevenly the units must empty once the first counts are chosen. For walks that make the
-/// whole amount.
+/// How unevenly the units must empty once the first counts are chosen.
 ///
 /// Where all shares are below 2^31, magnitudes are true distances. Then the sum around the cycle is
 /// at least that of the chosen shares, however the others stand; and it is the score, unless it
 /// comes to 2^32.
 class ShareBound {
 public:
-    ShareBound(const SearchUnits& units, const Shares& shares) noexcept
-        : n_(units.n), isUsed_(n_ > 3 && shares.Whole() < Shares::kWord),
-          mayReachWord_(shares.MayReachWord()) {
+    ShareBound(const SearchUnits& units, const Shares& shares, std::uint32_t mostShortfall) noexcept
+        : n_(units.n), paysAll_(mostShortfall == 0),
+          isUsed_(n_ > 3 && shares.Whole() < Shares::kWord), mayReachWord_(shares.MayReachWord()) {
         if (isUsed_ && mayReachWord_) {
             for (unsigned unit = 0; unit < n_; ++unit) {
                 const std::uint32_t most = std::min(units.counts[unit], units.limit);
@@ -25,7 +24,7 @@ public:
     }
 
     /// Whether every combination with the counts chosen up to `level`, and `rest` left to the
-    /// others, scores above `best`.
+    /// others or less by the shortfall, scores above `best`.
     bool IsAbove(std::uint32_t best,
                  const ChosenShares& chosen,
                  unsigned level,
@@ -56,7 +55,7 @@ private:
     /// Whether no sum comes to 2^32, nor a share to 2^31, whatever the units after the level give.
     bool
     StaysBelowWord(const ChosenShares& chosen, unsigned level, std::uint32_t rest) const noexcept {
-        if (level + 3 == n_) {
+        if (level + 3 == n_ && paysAll_) {
             return LineStaysBelowWord(chosen, rest);
         }
         std::uint32_t bits = chosen.Bits(level);
@@ -98,6 +97,7 @@ private:
     }
 
     unsigned n_;
+    bool paysAll_;
     bool isUsed_;
     bool mayReachWord_;
     std::array<Supply, kMaxSearchUnits> supplies_{};

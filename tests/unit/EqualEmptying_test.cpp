@@ -79,6 +79,31 @@ TEST(CalcEqualEmptying, FallsBackToTheMostEqualSharesBelowTheAmount) {
     EXPECT_EQ(Pay(SmallFirst().Bill(1000, 1).Amount(105).Partial()), Chosen({0, 0, 0}));
 }
 
+TEST(CalcEqualEmptying, FallsBackAmongMoreAmountsThanAreWalkedOneByOne) {
+    const auto pay = [](const Table& table) { return Pay(Table(table).Partial()); };
+    const Table four = Table().Bill(2411, 40).Bill(2003, 60).Bill(1511, 77).Bill(1201, 90);
+    EXPECT_EQ(pay(Table(four).Amount(98765).Limit(60)), Chosen({11, 21, 16, 5}, "971A3"));
+    EXPECT_EQ(pay(Table()
+                      .Bill(2411, 40)
+                      .Bill(2003, 60)
+                      .Bill(1511, 37)
+                      .Bill(1201, 90)
+                      .Bill(1009, 80)
+                      .Amount(54321)
+                      .Limit(30)),
+              Chosen({6, 11, 11, 1, 0}, "971A3"));
+    EXPECT_EQ(pay(Table()
+                      .Bill(2411, 4000)
+                      .Bill(2003, 6000)
+                      .Bill(1511, 3700)
+                      .Bill(1201, 9000)
+                      .Amount(9871)),
+              Chosen({3, 0, 0, 2}));
+    // One by one would take minutes.
+    EXPECT_EQ(pay(Table().Bill(4, 1).Bill(2, 1).Bill(2000000011, 1).Amount(1999999999)),
+              Chosen({0, 0, 0}));
+}
+
 TEST(CalcEqualEmptying, FallsBackWhereExactCombinationsAreRefused) {
     EXPECT_EQ(Pay(Table().Bill(50, 10).Bill(20, 10).Amount(60).Limit(2).Partial()),
               Chosen({1, 0}, "971A3"));

@@ -76,7 +76,7 @@ TEST(ShareBound, IsNeverAboveTheScoreOfACombinationThatFollows) {
     for (int draw = 0; draw < kDraws; ++draw) {
         const SearchUnits units = draws.Units(3);
         const Shares shares(units);
-        const ShareBound bound(units, shares);
+        const ShareBound bound(units, shares, 0);
         const Counts combination = draws.CombinationOf(units);
         const std::uint32_t score = shares.Score(combination);
         const ChosenShares all = ChosenUpTo(units.n - 1, shares, combination);
@@ -88,6 +88,23 @@ TEST(ShareBound, IsNeverAboveTheScoreOfACombinationThatFollows) {
         }
     }
     EXPECT_GT(wrapped, kDraws / 100);
+}
+
+TEST(ShareBound, IsNeverAboveTheScoreOfACombinationThatFallsShort) {
+    Draws draws;
+    for (int draw = 0; draw < kDraws; ++draw) {
+        const SearchUnits units = draws.Units(3);
+        const Shares shares(units);
+        const std::uint32_t shortfall = 1 + draws.Below(20000);
+        const ShareBound bound(units, shares, shortfall);
+        const Counts combination = draws.CombinationOf(units);
+        for (unsigned level = 0; level + 1 < units.n; ++level) {
+            ASSERT_FALSE(bound.IsAbove(shares.Score(combination),
+                                       ChosenUpTo(level, shares, combination), level,
+                                       WorthFrom(units, combination, level + 1) + shortfall))
+                << "draw " << draw << ", level " << level;
+        }
+    }
 }
 
 /// The sums that first counts allow, in real numbers.
@@ -168,7 +185,7 @@ TEST(ShareBound, IsAboveJustWhereNoSumComesTo2To32) {
     for (int draw = 0; draw < kDraws; ++draw) {
         const SearchUnits units = draws.Units(4);
         const Shares shares(units);
-        const ShareBound bound(units, shares);
+        const ShareBound bound(units, shares, 0);
         const Counts combination = draws.CombinationOf(units);
         const unsigned level = draws.Below(units.n - 2);
         const std::uint32_t rest = WorthFrom(units, combination, level + 1);
