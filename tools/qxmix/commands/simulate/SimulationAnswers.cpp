@@ -42,7 +42,7 @@ public:
         if (step.IsTaken() || answer.IsDangerous()) {
             step.items = answer.taken;
         }
-        draining_.Add(asked, step);
+        draining_.Add(asked, step, answer.paid);
         lastCode_ = answer.code.empty() ? lastCode_ : answer.code;
         steps_.push_back(step);
     }

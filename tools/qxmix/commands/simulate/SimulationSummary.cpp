@@ -40,11 +40,13 @@ std::uint64_t SimulationSummary::TenthsPerWithdrawal() const {
     return withdrawals == 0 ? 0 : ((notes + coins) * 20 + withdrawals) / (withdrawals * 2);
 }
 
-void DrainedDispenser::Add(const Withdrawal& asked, const SimulationStep& step) {
+void DrainedDispenser::Add(const Withdrawal& asked,
+                           const SimulationStep& step,
+                           const Money& worth) {
     ++summary_.counts[static_cast<std::size_t>(step.outcome)];
     summary_.misses += step.outcome == Outcome::NoAnswer && !step.isProved ? 1U : 0U;
     if (step.IsTaken()) {
-        Pay(asked, step.items);
+        Pay(asked, step.items, worth);
     } else if (!summary_.firstRefusal) {
         summary_.firstRefusal = {summary_.asked, asked, step.outcome, ValueHeld(now_)};
     }
@@ -62,13 +64,15 @@ SimulationSummary DrainedDispenser::Summary() const {
     return summary;
 }
 
-void DrainedDispenser::Pay(const Withdrawal& asked, const CassetteItems& items) {
+void DrainedDispenser::Pay(const Withdrawal& asked,
+                           const CassetteItems& items,
+                           const Money& worth) {
     std::array<bool, kMaxCashUnits> wasEmpty{};
     for (std::size_t index = 0; index < now_.cassettes.size(); ++index) {
         wasEmpty[index] = IsEmpty(now_.cassettes[index]);
     }
     TakeItems(now_, items);
-    summary_.paid += WorthOf(now_, items);
+    summary_.paid += worth;
     for (std::size_t index = 0; index < now_.cassettes.size(); ++index) {
         const Cassette& cassette = now_.cassettes[index];
         (Contains(kCoinTypes, cassette.type) ? summary_.coins : summary_.notes) += items[index];
@@ -83,7 +87,8 @@ SimulationSummary SummaryOf(const Dispenser& dispenser,
                             const std::vector<SimulationStep>& steps) {
     DrainedDispenser draining(dispenser);
     for (std::size_t place = 0; place < steps.size(); ++place) {
-        draining.Add(demand.withdrawals[place], steps[place]);
+        draining.Add(demand.withdrawals[place], steps[place],
+                     WorthOf(dispenser, steps[place].items));
     }
     return draining.Summary();
 }

@@ -84,12 +84,13 @@ public:
 
     bool IsGivenUp() const { return summary_.misses >= kMissesToGiveUp; }
 
-    void Add(const Withdrawal& asked, const SimulationStep& step);
+    /// @param worth  of the step's items.
+    void Add(const Withdrawal& asked, const SimulationStep& step, const Money& worth);
 
     SimulationSummary Summary() const;
 
 private:
-    void Pay(const Withdrawal& asked, const CassetteItems& items);
+    void Pay(const Withdrawal& asked, const CassetteItems& items, const Money& worth);
 
     Dispenser before_;
     Dispenser now_;
