@@ -9,8 +9,13 @@ namespace qxmix {
 
 namespace {
 
+/// Whether an answer must not reach a customer.
+bool MustBeStopped(const MapCell& cell) {
+    return RowOf(cell.outcome).exitStatus == ExitStatus::Danger;
+}
+
 bool IsDangerous(const MapCell& cell) {
-    return RowOf(cell.outcome).exitStatus == ExitStatus::Danger || cell.outcome == Outcome::Crashed;
+    return MustBeStopped(cell) || cell.outcome == Outcome::Crashed;
 }
 
 /// "paid  1x50 1x10", "refused".
@@ -33,6 +38,21 @@ Change ChangeOf(const CompareDifference& difference) {
     return wasPaid && !isPaid ? Change::Lost : isPaid && !wasPaid ? Change::Gained : Change::Other;
 }
 
+void Count(const CompareDifference& one, CompareAnswers& answers) {
+    ++answers.counts[static_cast<std::size_t>(one.change)];
+    answers.hasCrash =
+        answers.hasCrash || one.a.outcome == Outcome::Crashed || one.b.outcome == Outcome::Crashed;
+    if (one.change == Change::Same) {
+        answers.sameDangers += IsDangerous(one.a) ? 1U : 0U;
+        return;
+    }
+    const bool isDanger = one.change == Change::Danger;
+    answers.bothDangers += isDanger && MustBeStopped(one.a) && MustBeStopped(one.b) ? 1U : 0U;
+    answers.isOtherwise =
+        answers.isOtherwise || (one.change == Change::Other && one.a.outcome != Outcome::Paid);
+    answers.differences.push_back(one);
+}
+
 bool IsWorse(const CompareDifference& left, const CompareDifference& right) {
     return std::tie(left.change, left.mixA, left.amount) <
            std::tie(right.change, right.mixA, right.amount);
@@ -43,13 +63,6 @@ bool IsWorse(const CompareDifference& left, const CompareDifference& right) {
 const char* NameOf(Change change) {
     constexpr const char* kNames[] = {"danger", "lost", "other", "gained", "same"};
     return kNames[static_cast<std::size_t>(change)];
-}
-
-std::uint64_t CompareAnswers::Count(Change change) const {
-    const auto count =
-        std::count_if(differences.begin(), differences.end(),
-                      [change](const CompareDifference& one) { return one.change == change; });
-    return change == Change::Same ? same : static_cast<std::uint64_t>(count);
 }
 
 CompareAnswers
@@ -71,14 +84,7 @@ Compare(const CompareQuestions& questions, const MapAnswers& a, const MapAnswers
             difference.textA = CellText(questions.a.dispenser, difference.a, tells);
             difference.textB = CellText(questions.b.dispenser, difference.b, tells);
             difference.change = ChangeOf(difference);
-            answers.hasCrash = answers.hasCrash || difference.a.outcome == Outcome::Crashed ||
-                               difference.b.outcome == Outcome::Crashed;
-            if (difference.change != Change::Same) {
-                answers.differences.push_back(difference);
-                continue;
-            }
-            ++answers.same;
-            answers.sameDangers += IsDangerous(difference.a) ? 1U : 0U;
+            Count(difference, answers);
         }
     }
     std::sort(answers.differences.begin(), answers.differences.end(), IsWorse);

@@ -2,6 +2,8 @@
 
 #include "sweeps/MapAnswers.h"
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -33,16 +35,18 @@ struct CompareDifference {
     std::string textB;
 };
 
-/// What is known of a comparison.
+/// A comparison with everything that is told of it in any form.
 struct CompareAnswers {
-    std::uint64_t same = 0;
-    std::uint64_t sameDangers = 0;               ///< of them, dangerous on both sides
+    std::array<std::uint64_t, 5> counts{};       ///< answers by change
+    std::uint64_t sameDangers = 0;               ///< of those that are the same
+    std::uint64_t bothDangers = 0;               ///< of the others: dangerous on both sides
+    bool isOtherwise = false;                    ///< some differ otherwise than in their notes
     std::vector<CompareDifference> differences;  ///< worst first, then by mix and amount
     std::uint64_t amountCount = 0;               ///< amounts that were asked on both sides
     bool isComplete = true;                      ///< false: Ctrl-C came before the end
     bool hasCrash = false;
 
-    std::uint64_t Count(Change change) const;
+    std::uint64_t Count(Change change) const { return counts[static_cast<std::size_t>(change)]; }
 };
 
 CompareAnswers Compare(const CompareQuestions& questions, const MapAnswers& a, const MapAnswers& b);

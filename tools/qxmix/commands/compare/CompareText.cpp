@@ -29,19 +29,10 @@ constexpr Part kParts[] = {
     {Change::Same, "is the same", "are the same"},
 };
 
-bool IsDangerous(const MapCell& cell) {
-    return RowOf(cell.outcome).exitStatus == ExitStatus::Danger;
-}
-
 /// On which side answers are dangerous: " on one side", " on both sides", " (2 of them on both
 /// sides)".
 std::string SidesText(const CompareAnswers& answers) {
-    const auto both = static_cast<std::uint64_t>(
-        std::count_if(answers.differences.begin(), answers.differences.end(),
-                      [](const CompareDifference& difference) {
-                          return difference.change == Change::Danger && IsDangerous(difference.a) &&
-                                 IsDangerous(difference.b);
-                      }));
+    const std::uint64_t both = answers.bothDangers;
     return both == 0 ? " on one side"
            : both == answers.Count(Change::Danger)
                ? " on both sides"
@@ -50,12 +41,8 @@ std::string SidesText(const CompareAnswers& answers) {
 
 /// Refused in another way is no matter of notes.
 std::string WordsOf(const Part& part, const CompareAnswers& answers, bool isOne) {
-    if (part.change == Change::Other) {
-        for (const CompareDifference& difference : answers.differences) {
-            if (difference.change == Change::Other && difference.a.outcome != Outcome::Paid) {
-                return isOne ? "is answered otherwise" : "are answered otherwise";
-            }
-        }
+    if (part.change == Change::Other && answers.isOtherwise) {
+        return isOne ? "is answered otherwise" : "are answered otherwise";
     }
     return isOne ? part.one : part.many;
 }
@@ -63,8 +50,9 @@ std::string WordsOf(const Part& part, const CompareAnswers& answers, bool isOne)
 std::string
 Headline(const CompareQuestions& questions, const CompareAnswers& answers, const Painter& painter) {
     const bool isOneMix = questions.a.mixes.size() == 1;
-    const std::string all = std::to_string(answers.same + answers.differences.size()) +
-                            (isOneMix ? " amounts" : " answers");
+    const std::string all =
+        std::to_string(answers.Count(Change::Same) + answers.differences.size()) +
+        (isOneMix ? " amounts" : " answers");
     std::vector<std::string> parts;
     for (const Part& part : kParts) {
         const std::uint64_t count = answers.Count(part.change);
