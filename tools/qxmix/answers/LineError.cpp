@@ -23,4 +23,12 @@ Json LineErrorJson(const LineError& error) {
     return json;
 }
 
+Json LineErrorsJson(const std::vector<LineError>& errors) {
+    Json json = Json::array();
+    for (const LineError& error : errors) {
+        json.push_back(LineErrorJson(error));
+    }
+    return json;
+}
+
 }  // namespace qxmix

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace qxmix {
 
@@ -21,5 +22,6 @@ struct LineError {
 
 /// What stands in the place of an answer to such a line.
 Json LineErrorJson(const LineError& error);
+Json LineErrorsJson(const std::vector<LineError>& errors);
 
 }  // namespace qxmix

@@ -53,6 +53,7 @@ constexpr RuleText kRuleTexts[] = {
     {"QX701", Severity::Note,    "sort the rows by time"},
     {"QX702", Severity::Note,    "name a column that is meant with --columns"},
     {"QX703", Severity::Note,    "write money without decimals as numbers of units"},
+    {"QX704", Severity::Note,    "begin with the counts that the dispenser had then"},
 };
 // clang-format on
 

@@ -15,6 +15,8 @@ extern const std::string_view kMapModelScript;
 extern const std::string_view kMapGridScript;
 extern const std::string_view kMapTablesScript;
 extern const std::string_view kMapStartScript;
+extern const std::string_view kJournalHtml;
+extern const std::string_view kJournalScript;
 extern const std::string_view kSimHtml;
 extern const std::string_view kSimCss;
 extern const std::string_view kSimModelScript;

@@ -1,6 +1,5 @@
 #include "AmountColumn.h"
 
-#include "errors/Errors.h"
 #include "json/JsonFields.h"
 
 #include <algorithm>
@@ -44,7 +43,7 @@ void AmountColumn::Add(const std::string& text, std::size_t line) {
     rows_.push_back({*amount, line});
 }
 
-std::vector<std::uint32_t> AmountColumn::Amounts() {
+std::vector<std::uint32_t> AmountColumn::Amounts(const BadRow& passOver) {
     Decide();
     areMoney_ = dispenser_.exponent == 0 ||
                 std::any_of(rows_.begin(), rows_.end(),
@@ -52,7 +51,15 @@ std::vector<std::uint32_t> AmountColumn::Amounts() {
     std::vector<std::uint32_t> amounts;
     amounts.reserve(rows_.size());
     for (const Row& row : rows_) {
-        amounts.push_back(AmountOf(row.amount, row.line));
+        try {
+            amounts.push_back(AmountOf(row.amount, row.line));
+        } catch (const InputError& error) {
+            if (passOver == nullptr) {
+                throw;
+            }
+            passOver(amounts.size(), error);
+            amounts.push_back(0);
+        }
     }
     return amounts;
 }

@@ -2,9 +2,11 @@
 
 #include "WrittenAmount.h"
 #include "dispenser/Dispenser.h"
+#include "errors/Errors.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -23,11 +25,15 @@ public:
     /// @throw InputError FILE:LINE: amount
     void Add(const std::string& text, std::size_t line);
 
+    /// Hears of a row whose amount is none; `place` counts the rows that were added.
+    using BadRow = std::function<void(std::size_t place, const InputError& error)>;
+
     /// All of them in the unit of an amount. Amounts with decimals are money, and then so are all
     /// others; else they are numbers of units already.
     ///
-    /// @throw InputError when one is not a multiple of the unit, or nothing decides what it is.
-    std::vector<std::uint32_t> Amounts();
+    /// @param passOver  hears of those that are not a multiple of the unit, which are 0 then.
+    /// @throw InputError when nobody hears of them, or nothing decides what one is.
+    std::vector<std::uint32_t> Amounts(const BadRow& passOver = nullptr);
 
     /// The first amount with decimals where that makes money of what else were numbers of units;
     /// empty: there is none, or one is the other. Known with the amounts.

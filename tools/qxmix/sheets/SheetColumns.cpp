@@ -142,7 +142,8 @@ public:
                 continue;
             }
             for (const WantedColumn& column : wanted) {
-                if (headings_.CountOf(HeadingOf(column)) == 0 &&
+                // To a name of two letters too much is near.
+                if (column.name.size() > 2 && headings_.CountOf(HeadingOf(column)) == 0 &&
                     !NearestName(other, {column.name}).empty()) {
                     throw InputError(here_ + "unknown column \"" + other + "\"" +
                                      DidYouMean(other, {column.name}));

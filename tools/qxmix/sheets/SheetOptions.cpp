@@ -1,5 +1,6 @@
 #include "SheetOptions.h"
 
+#include "dispenser/Money.h"
 #include "errors/Errors.h"
 #include "errors/NearestName.h"
 #include "options/ShellWords.h"
@@ -23,20 +24,24 @@ DateOrder ParseDateOrder(const std::string& text) {
     return text == kDayFirst ? DateOrder::DayFirst : DateOrder::MonthFirst;
 }
 
-WantedColumn& ColumnOf(std::vector<WantedColumn>& columns, const std::string& name) {
+WantedColumn& ColumnOf(SheetOptions& options, const std::string& name) {
     std::vector<std::string> names;
-    for (WantedColumn& column : columns) {
+    for (WantedColumn& column : options.columns) {
         if (column.name == name) {
             return column;
         }
         names.push_back(column.name);
+    }
+    if (options.takesNotes && Money::Parse(name)) {
+        options.columns.push_back({name, "", false});
+        return options.columns.back();
     }
     throw InputError("--columns: unknown column \"" + name + "\"" + DidYouMean(name, names));
 }
 
 /// "time=Zeit,amount=Betrag". A part without "=" belongs to the heading before it, in which a
 /// comma may stand.
-void ParseColumns(const std::string& text, std::vector<WantedColumn>& columns) {
+void ParseColumns(const std::string& text, SheetOptions& options) {
     WantedColumn* column = nullptr;
     for (const std::string& part : Split(text, ',')) {
         const std::size_t at = part.find('=');
@@ -44,7 +49,7 @@ void ParseColumns(const std::string& text, std::vector<WantedColumn>& columns) {
             column->heading += "," + part;
             continue;
         }
-        column = &ColumnOf(columns, part.substr(0, at));
+        column = &ColumnOf(options, part.substr(0, at));
         if (!column->heading.empty()) {
             throw InputError("--columns: " + column->name + " given twice; expected once");
         }
@@ -58,15 +63,15 @@ void ParseColumns(const std::string& text, std::vector<WantedColumn>& columns) {
 
 }  // namespace
 
-void AddSheetOptions(CLI::App& command, SheetOptions& options) {
+void AddSheetOptions(CLI::App& command, SheetOptions& options, const std::string& example) {
     command
         .add_option_function<std::string>(
             "--columns",
             [&options](const std::string& text) {
                 options.columnsGiven = text;
-                ParseColumns(text, options.columns);
+                ParseColumns(text, options);
             },
-            "columns of a CSV that have other names: time=NAME,amount=NAME")
+            "columns of a CSV that have other names: " + example)
         ->type_name("LIST");
     command
         .add_option_function<std::string>(

@@ -13,12 +13,17 @@ namespace qxmix {
 /// How a sheet is to be read, where it does not tell by itself.
 struct SheetOptions {
     std::vector<WantedColumn> columns;  ///< that are read
+    bool takesNotes = false;            ///< columns may be called by what a note is worth, too
     std::string columnsGiven;           ///< --columns; empty: not given
     std::optional<DateOrder> dates;     ///< --dates; none: not given
 };
 
 /// Adds --columns and --dates.
-void AddSheetOptions(CLI::App& command, SheetOptions& options);
+///
+/// @param example  of --columns.
+void AddSheetOptions(CLI::App& command,
+                     SheetOptions& options,
+                     const std::string& example = "time=NAME,amount=NAME");
 
 /// The first of the options that was given; empty: none was.
 std::string GivenSheetOption(const SheetOptions& options);

@@ -29,6 +29,7 @@ bool SheetReader::Next(std::vector<SheetCell>& cells) {
             return false;
         }
         cells.clear();
+        rowLine_ = line_;
         cells.push_back(ReadCell());
         while (IsAt(separator_)) {
             ++at_;
@@ -40,6 +41,13 @@ bool SheetReader::Next(std::vector<SheetCell>& cells) {
         TakeLineEnd();
     } while (IsEmpty(cells));
     return true;
+}
+
+void SheetReader::PassOverLine() {
+    while (!IsAtEnd() && !IsAtLineEnd()) {
+        ++at_;
+    }
+    TakeLineEnd();
 }
 
 SheetCell SheetReader::ReadCell() {

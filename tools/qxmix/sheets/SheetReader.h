@@ -27,6 +27,12 @@ public:
     /// @throw InputError FILE:LINE:COLUMN
     bool Next(std::vector<SheetCell>& cells);
 
+    /// The line in which the row begins that was read last, or could not be read.
+    std::size_t RowLine() const { return rowLine_; }
+
+    /// Goes to the next line, so that one can read on behind a row that cannot be read.
+    void PassOverLine();
+
 private:
     bool IsAtEnd() const { return at_ == text_.size(); }
     bool IsAt(char character) const { return !IsAtEnd() && text_[at_] == character; }
@@ -47,6 +53,7 @@ private:
     char separator_;
     std::size_t at_ = 0;
     std::size_t line_ = 1;
+    std::size_t rowLine_ = 1;
 };
 
 }  // namespace qxmix

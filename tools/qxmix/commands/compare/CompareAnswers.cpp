@@ -1,6 +1,7 @@
 #include "CompareAnswers.h"
 
-#include "NotesText.h"
+#include "answers/Judgement.h"
+#include "dispenser/NotesText.h"
 
 #include <algorithm>
 #include <tuple>
@@ -18,11 +19,26 @@ bool IsDangerous(const MapCell& cell) {
     return MustBeStopped(cell) || cell.outcome == Outcome::Crashed;
 }
 
+/// The items of an answer, those of slots that no cassette has at the end.
+std::string ItemsText(const Dispenser& dispenser, const MapCell& cell, bool tellsCassettes) {
+    std::string text =
+        NotesText(dispenser, Judge(dispenser, 0, ReplyOf(cell)).taken, tellsCassettes);
+    for (std::size_t slot = 0; slot < cell.values.size(); ++slot) {
+        const bool hasOwner =
+            std::any_of(dispenser.cassettes.begin(), dispenser.cassettes.end(),
+                        [slot](const Cassette& cassette) { return cassette.position == slot; });
+        if (cell.values[slot] != 0 && !hasOwner) {
+            text += (text.empty() ? "" : " ") + std::to_string(cell.values[slot]) + "x?";
+        }
+    }
+    return text;
+}
+
 /// "paid  1x50 1x10", "refused".
 std::string CellText(const Dispenser& dispenser, const MapCell& cell, bool tellsCassettes) {
     const std::string words = cell.IsProved() ? "never answers" : RowOf(cell.outcome).words;
     const std::string notes =
-        cell.IsAnswered() && cell.returned == 0 ? NotesText(dispenser, cell, tellsCassettes) : "";
+        cell.IsAnswered() && cell.returned == 0 ? ItemsText(dispenser, cell, tellsCassettes) : "";
     return notes.empty() ? words : words + "  " + notes;
 }
 

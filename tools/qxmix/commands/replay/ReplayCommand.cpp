@@ -39,28 +39,28 @@ Json DifferencesJson(const ReplayAnswers& answers, bool isBetweenLibraries) {
     return differences;
 }
 
-Json BadLinesJson(const ReplayAnswers& answers) {
-    Json lines = Json::array();
-    for (const LineError& line : answers.badLines) {
-        lines.push_back(LineErrorJson(line));
-    }
-    return lines;
-}
-
 }  // namespace
 
 const CommandInfo& ReplayCommand::Info() const {
     static const CommandInfo info = {
         "replay",
         "Asks recorded requests again and shows what is different.",
-        {"replay TRACE.ndjson [--stop] [--no-files]",
-         "replay TRACE.ndjson --library X --library Y"},
-        {"replay examples/trace.ndjson", "replay examples/trace.ndjson --stop --json"}};
+        {"replay TRACE.ndjson [--stop] [--no-files]", "replay TRACE.ndjson --library X --library Y",
+         "replay JOURNAL.csv --dispenser DISPENSER [--columns LIST] [--output F]"},
+        {"replay examples/trace.ndjson",
+         "replay examples/dispensed.csv --dispenser examples/euro.json"}};
     return info;
 }
 
 void ReplayCommand::AddOptions(CLI::App& command) {
-    command.add_option("TRACE", trace_, "recorded lines, as mix --record writes them, or -");
+    command.add_option("TRACE", trace_,
+                       "recorded lines, as mix --record writes them, a journal, or -");
+    command
+        .add_option("--dispenser", journal_.dispenser,
+                    "dispenser before the first line of a journal: a file, - or inline")
+        ->type_name("DISPENSER");
+    AddSheetOptions(command, journal_.sheet, "time=NAME,50=NAME");
+    journal_.output.AddTo(command, "answer to a journal");
     command.add_flag("--stop", stops_, "stops at the first difference");
     command.add_flag("--no-files", refusesFiles_,
                      "refuses requests that name a dispenser file: for those of strangers");
@@ -70,6 +70,12 @@ ExitStatus ReplayCommand::Run(const CommonOptions& options) {
     if (trace_.empty()) {
         throw InputError("TRACE: missing; expected a file of recorded lines, or -");
     }
+    if (!journal_.dispenser.empty()) {
+        journal_.journal = trace_;
+        journal_.stops = stops_;
+        return ReplayJournal(journal_, options);
+    }
+    CheckTrace(options);
     std::vector<AskerPool> libraries = OpenLibraries(options);
     TraceFile trace(trace_, libraries.size() == 1,
                     refusesFiles_ ? std::nullopt : std::make_optional(DeadlineOf(options)));
@@ -96,6 +102,18 @@ ExitStatus ReplayCommand::Run(const CommonOptions& options) {
     return StatusOf(answers);
 }
 
+void ReplayCommand::CheckTrace(const CommonOptions& options) const {
+    std::string given = GivenSheetOption(journal_.sheet);
+    given = given.empty() && journal_.output.Form(options) ? "--output" : given;
+    const std::string ending = ".csv";
+    const bool isSheet = trace_.size() > ending.size() &&
+                         trace_.compare(trace_.size() - ending.size(), ending.size(), ending) == 0;
+    if (!given.empty() || isSheet) {
+        throw InputError("--dispenser: missing beside " + (isSheet ? trace_ : given) +
+                         "; expected the dispenser before the first line of the journal");
+    }
+}
+
 std::string ReplayCommand::EnvelopeTextOf(const ReplayAnswers& answers,
                                           const CommonOptions& options,
                                           std::vector<AskerPool>& libraries) const {
@@ -111,7 +129,7 @@ std::string ReplayCommand::EnvelopeTextOf(const ReplayAnswers& answers,
     envelope.result = {{"requests", answers.requests},
                        {"same", answers.requests - answers.differences.size()},
                        {"differences", DifferencesJson(answers, libraries.size() > 1)},
-                       {"badLines", BadLinesJson(answers)}};
+                       {"badLines", LineErrorsJson(answers.badLines)}};
     envelope.exitStatus = StatusOf(answers);
     return EnvelopeText(envelope);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Journal.h"
+#include "JournalReplay.h"
 #include "ReplayAnswers.h"
 #include "options/Command.h"
 
@@ -19,7 +21,10 @@ private:
                                const CommonOptions& options,
                                std::vector<AskerPool>& libraries) const;
 
+    void CheckTrace(const CommonOptions& options) const;
+
     std::string trace_;  // as named on the command line
+    JournalArguments journal_ = {"", "", JournalSheet()};
     bool stops_ = false;
     bool refusesFiles_ = false;
 };

@@ -1,5 +1,6 @@
 #include "ReplayText.h"
 
+#include "BadLinesText.h"
 #include "dispenser/ReadableMoney.h"
 #include "json/Json.h"
 #include "terminal/Table.h"
@@ -11,9 +12,6 @@ namespace {
 
 using Align = Table::Align;
 
-/// More differences than anybody reads are in the JSON form only.
-constexpr std::size_t kMostShown = 20;
-
 std::string Headline(const ReplayAnswers& answers, bool isBetweenLibraries) {
     const std::size_t different = answers.differences.size();
     const std::string requests = std::to_string(answers.requests);
@@ -24,13 +22,6 @@ std::string Headline(const ReplayAnswers& answers, bool isBetweenLibraries) {
     return std::to_string(different) + " of " + requests +
            (answers.requests == 1 ? " request" : " requests") + (different == 1 ? " is" : " are") +
            " answered differently" + (answers.isStopped ? "; the rest was not asked" : "");
-}
-
-std::string BadLinesText(const ReplayAnswers& answers) {
-    const std::size_t bad = answers.badLines.size();
-    return bad == 0   ? ""
-           : bad == 1 ? "1 bad line was passed over\n"
-                      : std::to_string(bad) + " bad lines were passed over\n";
 }
 
 std::string ValueText(const Json& value, bool isAnswered) {
@@ -88,12 +79,12 @@ std::string DifferenceText(const ReplayDifference& difference,
 std::string ReplayText(const ReplayAnswers& answers,
                        const std::vector<std::string>& libraries,
                        const Painter& painter) {
-    std::string text = Headline(answers, libraries.size() > 1) + "\n" + BadLinesText(answers);
+    std::string text =
+        Headline(answers, libraries.size() > 1) + "\n" + BadLinesText(answers.badLines.size());
     std::size_t shown = 0;
     for (const ReplayDifference& difference : answers.differences) {
-        if (shown++ == kMostShown) {
-            text += "and " + std::to_string(answers.differences.size() - kMostShown) +
-                    " more; --json has them all\n";
+        if (shown++ == kMostDifferencesShown) {
+            text += MoreText(answers.differences.size());
             break;
         }
         text += DifferenceText(difference, libraries, painter);
