@@ -38,8 +38,8 @@ qxmix::Dispenser MadeBy(std::uint8_t byte) {
 std::string Plain(const qxmix::Journal& journal, const qxmix::Dispenser& dispenser) {
     std::string text = "amount,currency,mix,c0,c1,c2,c3,c4\n";
     for (const qxmix::JournalEntry& entry : journal.entries) {
-        text += std::to_string(entry.amount) + "," + entry.currency + "," +
-                std::to_string(entry.mix);
+        text +=
+            std::to_string(entry.amount) + "," + entry.currency + "," + std::to_string(entry.mix);
         for (std::size_t index = 0; index < dispenser.cassettes.size(); ++index) {
             text += "," + std::to_string(entry.items[index]);
         }
@@ -63,7 +63,8 @@ void ExpectSame(const qxmix::Journal& journal, const qxmix::Journal& again) {
 void ExpectBadLinesInOrder(const qxmix::Journal& journal) {
     std::uint64_t last = 0;
     for (const qxmix::LineError& bad : journal.badLines) {
-        Expect(bad.line >= last && !bad.message.empty(), "bad lines in order, each with its reason");
+        Expect(bad.line >= last && !bad.message.empty(),
+               "bad lines in order, each with its reason");
         last = bad.line;
     }
 }
@@ -85,8 +86,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     }
     ExpectBadLinesInOrder(journal);
     if (!journal.entries.empty()) {
-        ExpectSame(journal,
-                   qxmix::ReadJournal("f", Plain(journal, dispenser), dispenser, sheet));
+        ExpectSame(journal, qxmix::ReadJournal("f", Plain(journal, dispenser), dispenser, sheet));
     }
     const qxmix::JournalAnswers answers = qxmix::AskJournal(
         journal, dispenser, false, [](const MixRequest&) { return qxmix::Reply{}; },

@@ -33,6 +33,9 @@ def check_against_mix(tool, checks):
             shown = dict(difference[side])
             checks.equal(f"{name}: mix of {side}", shown.pop("mix"), difference["mix"])
             expected = result_of_mix(tool, dispenser, difference["amount"], difference["mix"])
+            # What mix says beside a refusal is not the answer's.
+            expected = {key: value for key, value in expected.items()
+                        if key not in ("nearest", "otherMixes")}
             checks.equal(f"{name}: as mix says of {side}", shown, {**expected, "amountAfter": None})
         paid = [difference[side]["outcome"] == "paid" for side in "ab"]
         checks.equal(f"{name}: change", difference["change"],

@@ -253,6 +253,45 @@ def check_raw(tool, checks):
     checks.check("raw: asked again, without", " 0   100 EUR      300" in unlabelled, unlabelled)
 
 
+def check_raw_everywhere(tool, checks):
+    """What --raw-out wrote is asked again, by each command that asks about a dispenser."""
+    euro = "EUR:100x300,50x1200,20x1500,20x900,10x60:low"
+    for amount, words in (("285", ["--mix", "2"]), ("280", []), ("3", ["--exponent", "2"]),
+                          ("0", ["--exponent", "1"])):
+        asking = [euro, "--amount", amount, *words]
+        asked = tool.run(["mix", *asking, "--raw-out", "both.bin"])[1]
+        checks.equal(f"{asking}: mix", tool.run(["mix", "--raw-in", "both.bin"])[1], asked)
+        checks.equal(f"{asking}: explain", tool.run(["explain", "--raw-in", "both.bin"])[1],
+                     tool.run(["explain", *asking])[1])
+    tool.run(["mix", euro, "--amount", "285", "--limit", "7", "--mix", "3", "--raw-out", "both.bin"])
+    for command, words in (("map", ["--to", "100", "--limit", "7"]),
+                           ("lint", ["--to", "100", "--limit", "7", "--mix", "3"])):
+        taken = [word for word in words if word not in ("--limit", "7", "--mix", "3")]
+        checks.equal(command, tool.run([command, "--raw-in", "both.bin", *taken])[:2],
+                     tool.run([command, euro, *words])[:2])
+    page = ["map", "--raw-in", "both.bin", "--to", "100", "--output", "map.html"]
+    tool.run(page)
+    checks.check("the page names the file", "qxmix map --raw-in both.bin --mixes 1,2" in
+                 (tool.folder / "map.html").read_text())
+    labelled = tool.run(["map", "--raw-in", "both.bin", "examples/euro.json", "--to", "100", "--json"])[1]
+    checks.equal("labels are lent", json.loads(labelled)["input"]["dispenser"]["cassettes"][0]["label"],
+                 "A")
+    both = json.loads(tool.run(["explain", "--raw-in", "both.bin", "--json"])[1])
+    checks.equal("explain: the request is told", bytes.fromhex(both["input"]["request"]),
+                 (tool.folder / "both.bin").read_bytes()[:1060])
+    tool.run(["mix", "EUR:50x1,20x1", "--amount", "9", "--exponent", "1", "--partial", "--raw-out", "both.bin"])
+    tool.run(["mix", "EUR:55x1", "--amount", "9", "--exponent", "1", "--partial", "--raw-out", "low.bin"])
+    checks.equal("an amount that was lowered below the unit",
+                 tool.run(["mix", "--raw-in", "low.bin"])[::2],
+                 (2, "qxmix: low.bin: the amount came back as 55, lowered; expected the 1060 bytes of "
+                     "the request as it was asked\n"))
+    for command in ("map", "lint"):
+        (tool.folder / "empty.bin").write_bytes(bytes(1060))
+        checks.equal(f"{command}: no cassettes", tool.run([command, "--raw-in", "empty.bin"])[::2],
+                     (2, "qxmix: --raw-in: empty.bin has no cassettes; expected one at least\n"))
+        checks.equal(f"{command}: neither", tool.run([command])[0], 2)
+
+
 def check_long_numbers(tool, checks):
     """What nobody can read is short for people, and exact for programs."""
     (tool.folder / "garbage.bin").write_bytes(bytes((7 * place + 3) % 251 for place in range(1060)))
@@ -389,6 +428,6 @@ def check_called_alone(tool, checks):
 
 run_parts(check_interrupts, check_lint_interrupt, check_end_of_tool, check_pipes, check_colors,
           check_widths, check_files, check_one_file_twice, check_no_answer,
-          check_waiting, check_lines_counted, check_raw,
+          check_waiting, check_lines_counted, check_raw, check_raw_everywhere,
           check_registry_in_answers, check_long_numbers, check_trace_and_registry,
           check_library_order, check_input, check_hostile_names, check_called_alone)

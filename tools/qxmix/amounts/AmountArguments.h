@@ -13,12 +13,16 @@ namespace qxmix {
 struct AmountArguments {
     std::string dispenser;  ///< as named on the command line; empty: not given
     std::string amount;     ///< empty: not given
+    std::string rawIn;      ///< --raw-in; empty: not given
     AskOptions ask;
 
-    /// The dispenser and the amount, still without requests.
+    /// The dispenser and the amount; of a captured request that too, else without requests.
     ///
     /// @throw InputError
     MixQuestions Questions() const;
+
+private:
+    MixQuestions RawQuestions() const;
 };
 
 void AddAmountArguments(CLI::App& command,

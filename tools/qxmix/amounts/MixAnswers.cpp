@@ -32,6 +32,9 @@ MixAnswers AskMixes(const MixQuestions& questions, Asker& asker, bool keepsRegis
             }
         }
         known.findings = DangersOf(questions, known.answers, asker);
+        for (const Finding& finding : WastesOf(questions, known.answers)) {
+            known.findings.push_back(finding);
+        }
         for (const Finding& finding : DifferencesOf(questions, known.answers, asker)) {
             known.findings.push_back(finding);
         }

@@ -45,6 +45,9 @@ Finding DangerOf(const Answer& answer);
 std::vector<Finding>
 DangersOf(const MixQuestions& questions, const std::vector<Answer>& answers, Asker& asker);
 
+/// Notes where the mix that is to take the fewest items takes twice as many as would do.
+std::vector<Finding> WastesOf(const MixQuestions& questions, const std::vector<Answer>& answers);
+
 /// Where a library other than the tool's own answers or does not answer, and the tool's own module
 /// decides otherwise.
 std::vector<Finding>

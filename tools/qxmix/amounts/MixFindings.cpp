@@ -1,6 +1,8 @@
 #include "MixAnswers.h"
 
+#include "answers/FewerItems.h"
 #include "answers/OwnDecisions.h"
+#include "dispenser/NotesText.h"
 #include "dispenser/ReadableMoney.h"
 #include "findings/RuleTexts.h"
 #include "module/LibrarySearch.h"
@@ -99,6 +101,29 @@ DangersOf(const MixQuestions& questions, const std::vector<Answer>& answers, Ask
         }
         finding.advice = advice;
         findings.push_back(finding);
+    }
+    return findings;
+}
+
+std::vector<Finding> WastesOf(const MixQuestions& questions, const std::vector<Answer>& answers) {
+    constexpr std::uint16_t kFewestItems = 1;
+    std::vector<Finding> findings;
+    for (const Answer& answer : answers) {
+        const std::uint64_t items = answer.Items();
+        if (answer.mix != kFewestItems || answer.outcome != Outcome::Paid) {
+            continue;
+        }
+        const auto few = FewItemsFor(questions.dispenser, questions.amount, items / 2);
+        if (few && CountOf(*few) > 0) {
+            Finding finding = FindingOf("QX407");
+            finding.mix = answer.mix;
+            finding.pointer = "/mix";
+            finding.message =
+                (questions.asksList ? "mix " + std::to_string(answer.mix) + ": " : std::string()) +
+                std::to_string(CountOf(*few)) + " items would do instead of " +
+                std::to_string(items) + ": " + NotesText(questions.dispenser, *few, false);
+            findings.push_back(finding);
+        }
     }
     return findings;
 }

@@ -33,6 +33,7 @@ constexpr RuleText kRuleTexts[] = {
     {"QX404", Severity::Warning, "check what is paid before money moves"},
     {"QX405", Severity::Warning, "ask without it"},
     {"QX406", Severity::Warning, "find out which of the two the dispenser has, and ask that one"},
+    {"QX407", Severity::Note,    "choose another mix, or ask in parts"},
     {"QX501", Severity::Error,   ""},
     {"QX502", Severity::Note,    "read the remainder"},
     {"QX503", Severity::Warning, "take it off"},

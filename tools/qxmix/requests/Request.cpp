@@ -53,6 +53,22 @@ std::string BytesOf(const Record& record) {
     return std::string(reinterpret_cast<const char*>(&record), sizeof(record));
 }
 
+/// The amount as it was asked: a positive exponent has scaled it in place.
+std::uint32_t AmountBefore(const MixRequest& request, const std::string& file) {
+    std::uint32_t amount = request.ulAmount;
+    const bool isScaled = request.usMixNumber >= kFirstMix && request.usMixNumber <= kLastMix;
+    for (int power = 0; isScaled && amount != 0 && power < request.sExponent; ++power) {
+        if (amount % 10 != 0) {
+            throw InputError(file + ": the amount came back as " +
+                             std::to_string(std::uint32_t{request.ulAmount}) +
+                             ", lowered; expected the " + std::to_string(sizeof(request)) +
+                             " bytes of the request as it was asked");
+        }
+        amount /= 10;
+    }
+    return amount;
+}
+
 }  // namespace
 
 MixRequest BuildRequest(const Dispenser& dispenser, std::uint32_t amount, std::uint16_t mix) {
@@ -96,11 +112,18 @@ Dispenser DispenserOfRequest(const MixRequest& request, const Dispenser& known) 
 MixRequest ReadRawRequest(const std::string& file) {
     const InputFile input = ReadInput(file);
     MixRequest request{};
-    if (input.content.size() != sizeof(request)) {
-        throw InputError(input.name + ": " + std::to_string(input.content.size()) +
-                         " bytes; expected " + std::to_string(sizeof(request)));
+    const std::size_t size = input.content.size();
+    const bool cameBack = size == sizeof(request) + sizeof(MixResult);
+    if (size != sizeof(request) && !cameBack) {
+        throw InputError(input.name + ": " + std::to_string(size) + " bytes; expected " +
+                         std::to_string(sizeof(request)) + ", or " +
+                         std::to_string(sizeof(request) + sizeof(MixResult)) + " with a result");
     }
     std::memcpy(&request, input.content.data(), sizeof(request));
+    if (cameBack) {
+        request.ulAmount = AmountBefore(request, input.name);
+        request.ulRemainder = 0;
+    }
     return request;
 }
 

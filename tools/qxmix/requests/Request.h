@@ -20,9 +20,10 @@ void SetCurrency(MixRequest& request, const std::string& currency);
 /// @param known  lends labels and worths, cassette by cassette.
 Dispenser DispenserOfRequest(const MixRequest& request, const Dispenser& known);
 
-/// Reads a captured request.
+/// Reads a captured request, alone or with its result behind it, as they came back: an amount that
+/// the module has scaled in place is then as it was asked again.
 ///
-/// @throw InputError when the file has not exactly the bytes of a request.
+/// @throw InputError when the file has other than so many bytes.
 MixRequest ReadRawRequest(const std::string& file);
 
 /// The bytes of a request, or of a request and its result one behind the other.

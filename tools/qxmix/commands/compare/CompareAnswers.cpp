@@ -1,6 +1,5 @@
 #include "CompareAnswers.h"
 
-#include "answers/Judgement.h"
 #include "dispenser/NotesText.h"
 
 #include <algorithm>
@@ -21,8 +20,7 @@ bool IsDangerous(const MapCell& cell) {
 
 /// The items of an answer, those of slots that no cassette has at the end.
 std::string ItemsText(const Dispenser& dispenser, const MapCell& cell, bool tellsCassettes) {
-    std::string text =
-        NotesText(dispenser, Judge(dispenser, 0, ReplyOf(cell)).taken, tellsCassettes);
+    std::string text = NotesText(dispenser, AnswerOf(dispenser, 0, 0, cell).taken, tellsCassettes);
     for (std::size_t slot = 0; slot < cell.values.size(); ++slot) {
         const bool hasOwner =
             std::any_of(dispenser.cassettes.begin(), dispenser.cassettes.end(),

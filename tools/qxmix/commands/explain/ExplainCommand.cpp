@@ -5,13 +5,12 @@
 #include "amounts/WaitingLine.h"
 #include "answers/Envelope.h"
 #include "dispenser/DispenserJson.h"
-#include "dispenser/DispenserReader.h"
-#include "files/InputFile.h"
 #include "files/Output.h"
 #include "json/Json.h"
 #include "options/AskedModule.h"
 #include "requests/Request.h"
 #include "text/Duration.h"
+#include "text/Hex.h"
 
 #include <CLI/App.hpp>
 #include <optional>
@@ -39,6 +38,7 @@ TryToExplain(const MixQuestions& questions, MixAnswers& answers, Asker& asker) {
 std::string AnswerJson(const MixQuestions& questions,
                        const MixAnswers& answers,
                        const std::optional<Explanation>& story,
+                       bool isRaw,
                        const Asker& asker) {
     Envelope envelope = EnvelopeBy(asker, "explain");
     envelope.complete = answers.isComplete;
@@ -46,6 +46,9 @@ std::string AnswerJson(const MixQuestions& questions,
                       {"amount", questions.amount},
                       {"mix", std::uint16_t{questions.requests.front().usMixNumber}},
                       {"deadline", DurationText(questions.deadline)}};
+    if (isRaw) {
+        envelope.input["request"] = HexText(RawBytes(questions.requests.front()));
+    }
     envelope.result = story ? ExplainJson(questions, *story) : Json();
     envelope.warnings = answers.findings;
     envelope.exitStatus = ExitStatusOf(answers);
@@ -66,11 +69,12 @@ std::string AnswerText(const MixQuestions& questions,
 }  // namespace
 
 const CommandInfo& ExplainCommand::Info() const {
-    static const CommandInfo info = {"explain",
-                                     "Tells why an amount is paid as it is, or is not.",
-                                     {"explain DISPENSER --amount A [--mix N]"},
-                                     {"explain examples/euro.json --amount 285",
-                                      "explain EUR:50x10,20x10:empty --amount 80 --mix 5"}};
+    static const CommandInfo info = {
+        "explain",
+        "Tells why an amount is paid as it is, or is not.",
+        {"explain DISPENSER --amount A [--mix N]", "explain --raw-in F [DISPENSER]"},
+        {"explain examples/euro.json --amount 285",
+         "explain EUR:50x10,20x10:empty --amount 80 --mix 5"}};
     return info;
 }
 
@@ -89,8 +93,9 @@ ExitStatus ExplainCommand::Run(const CommonOptions& options) {
     if (answers.answers.empty() && !options.json) {
         throw Interruption();
     }
-    const std::string text = options.json ? AnswerJson(questions, answers, story, module.asker)
-                                          : AnswerText(questions, answers, story, options);
+    const std::string text =
+        options.json ? AnswerJson(questions, answers, story, !asked_.rawIn.empty(), module.asker)
+                     : AnswerText(questions, answers, story, options);
     OutputFiles files;
     files.Add(options.registryOut, module.asker.Registry());
     files.Commit();
@@ -100,6 +105,9 @@ ExitStatus ExplainCommand::Run(const CommonOptions& options) {
 
 MixQuestions ExplainCommand::Prepare() const {
     MixQuestions questions = asked_.Questions();
+    if (!questions.requests.empty()) {
+        return questions;
+    }
     const std::vector<std::uint16_t> mixes = asked_.ask.Mixes(questions.dispenser);
     if (mixes.size() != 1) {
         throw InputError(std::string(asked_.ask.mixes.empty() ? "--mix" : "--mixes") + ": " +

@@ -20,9 +20,6 @@ UnitsText(const MixQuestions& questions, const Explanation& story, const Painter
 /// A line for each step of the calculation, up to the one that decided.
 std::string StepsText(const MixQuestions& questions, const Explanation& story);
 
-/// The amounts around, and the other mixes, as far as they were asked.
-std::string AroundText(const MixQuestions& questions, const Explanation& story);
-
 /// The result of `mix`, and beside it the story.
 Json ExplainJson(const MixQuestions& questions, const Explanation& story);
 

@@ -29,10 +29,6 @@ Json UnitJson(const Dispenser& dispenser, const Unit& unit) {
             {"unitStatus", status ? Json(*status) : Json(unit.status)}};
 }
 
-Json NeighbourJson(const std::optional<Answer>& neighbour) {
-    return neighbour ? Json{{"amount", neighbour->amount}, {"values", neighbour->values}} : Json();
-}
-
 }  // namespace
 
 Json ExplainJson(const MixQuestions& questions, const Explanation& story) {
@@ -42,15 +38,9 @@ Json ExplainJson(const MixQuestions& questions, const Explanation& story) {
     for (const Unit& unit : story.units.All()) {
         units.push_back(UnitJson(dispenser, unit));
     }
-    const Surroundings& around = story.around;
     json["units"] = units;
     json["decidedBy"] = NameOf(story.decidedBy);
-    json["nearest"] = {{"below", NeighbourJson(around.below)},
-                       {"above", NeighbourJson(around.above)}};
-    json["otherMixes"] = {{"paid", around.payers}, {"noAnswer", around.unanswered}};
-    if (!around.dangerous.empty()) {
-        json["otherMixes"]["tooMuch"] = around.dangerous;
-    }
+    json.update(AroundJson(story.around));
     return json;
 }
 

@@ -2,10 +2,6 @@
 
 #include "amounts/MixText.h"
 #include "dispenser/ReadableMoney.h"
-#include "options/MixList.h"
-#include "text/TextList.h"
-
-#include <algorithm>
 
 namespace qxmix {
 
@@ -87,75 +83,13 @@ HeadlineText(const MixQuestions& questions, const Explanation& story, const Pain
     }
 }
 
-/// "70 = 1x50 2x10"
-std::string NeighbourText(const Dispenser& dispenser, const Answer& neighbour) {
-    std::vector<std::pair<std::string, std::uint64_t>> items;
-    for (std::size_t index = 0; index < dispenser.cassettes.size(); ++index) {
-        const std::uint32_t taken = neighbour.taken[index];
-        const std::string worth = dispenser.cassettes[index].Worth().ShortText();
-        const auto same = std::find_if(items.begin(), items.end(),
-                                       [&worth](const auto& item) { return item.first == worth; });
-        if (same != items.end()) {
-            same->second += taken;
-        } else if (taken != 0) {
-            items.emplace_back(worth, taken);
-        }
-    }
-    std::string text = ReadableText(neighbour.asked, AmountDecimals(dispenser)) + " =";
-    for (const auto& [worth, taken] : items) {
-        text += " " + std::to_string(taken) + "x" + worth;
-    }
-    return text;
-}
-
-std::string NearestText(const MixQuestions& questions, const Surroundings& around) {
-    if (!around.below && !around.above) {
-        return "nearest   no amount near it is paid\n";
-    }
-    const auto side = [&questions](const std::optional<Answer>& neighbour, const char* none) {
-        return neighbour ? NeighbourText(questions.dispenser, *neighbour) : std::string(none);
-    };
-    const std::string below = "nearest   " + side(around.below, "none below");
-    const std::string above = side(around.above, "none above") + "\n";
-    const bool fits = below.size() + above.size() + 8 <= kPlainWidth;
-    return below + (fits ? "   and   " : "\n    and   ") + above;
-}
-
-std::string OthersText(const MixQuestions& questions, const Explanation& story) {
-    const Surroundings& around = story.around;
-    const bool isPaid = story.answer.outcome == Outcome::Paid;
-    const std::string asked = AskedText(questions);
-    const std::string amount = asked.substr(0, asked.find(' '));
-    const std::string payers = around.payers.size() == std::size_t{kLastMix} - kFirstMix
-                                   ? "all other mixes"
-                               : around.payers.empty() ? (isPaid ? "no other mix" : "no mix")
-                                                       : MixesText(around.payers);
-    const bool isOne = around.payers.size() <= 1;
-    std::vector<std::string> parts = {payers + (isOne ? " pays " : " pay ") + amount};
-    if (!around.dangerous.empty()) {
-        parts.push_back(MixesText(around.dangerous) +
-                        (around.dangerous.size() == 1 ? " takes too much" : " take too much"));
-    }
-    if (!around.unanswered.empty()) {
-        parts.push_back(MixesText(around.unanswered) +
-                        (around.unanswered.size() == 1 ? " gives no answer" : " give no answer"));
-    }
-    const std::string line = Join(parts, "; ");
-    const bool fits = line.size() + 10 <= kPlainWidth;
-    return "others    " + (fits ? line : Join(parts, ";\n          ")) + "\n";
-}
-
 }  // namespace
-
-std::string AroundText(const MixQuestions& questions, const Explanation& story) {
-    const bool isPaid = story.answer.outcome == Outcome::Paid;
-    return (isPaid ? "" : NearestText(questions, story.around)) + OthersText(questions, story);
-}
 
 std::string
 ExplainText(const MixQuestions& questions, const Explanation& story, const Painter& painter) {
     return HeadlineText(questions, story, painter) + "\n\n" + UnitsText(questions, story, painter) +
-           "\n" + StepsText(questions, story) + "\n" + AroundText(questions, story);
+           "\n" + StepsText(questions, story) + "\n" +
+           AroundText(questions, story.answer, story.around);
 }
 
 }  // namespace qxmix

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Neighbours.h"
 #include "amounts/MixAnswers.h"
+#include "amounts/Neighbours.h"
 #include "units/Units.h"
 
 #include <cstdint>

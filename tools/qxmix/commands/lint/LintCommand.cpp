@@ -9,6 +9,7 @@
 #include "options/AskedModule.h"
 #include "options/DispenserArgument.h"
 #include "options/MixList.h"
+#include "requests/RawIn.h"
 #include "terminal/Progress.h"
 #include "text/Duration.h"
 
@@ -42,13 +43,14 @@ const CommandInfo& LintCommand::Info() const {
     static const CommandInfo info = {
         "lint",
         "Tells what is wrong with a dispenser, and what to do about it.",
-        {"lint DISPENSER [--mixes N|all] [--slow 20ms]"},
+        {"lint DISPENSER [--mixes N|all] [--slow 20ms]", "lint --raw-in F [DISPENSER]"},
         {"lint examples/trouble.json", "lint EUR:100x300,50x300:full,20x300 --mixes 1,4"}};
     return info;
 }
 
 void LintCommand::AddOptions(CLI::App& command) {
     AddDispenserArgument(command, dispenser_);
+    AddRawInOption(command, rawIn_);
     AddAmountRangeOptions(command, range_);
     AddAskOptions(command, ask_);
     command.add_option("--slow", slow_, "answers that take longer are reported; 20ms unless given")
@@ -77,10 +79,9 @@ ExitStatus LintCommand::Run(const CommonOptions& options) {
 }
 
 LintQuestions LintCommand::Prepare(const CommonOptions& options) const {
-    RequireDispenser(dispenser_);
     LintQuestions questions;
     MapQuestions& map = questions.map;
-    map.dispenser = DispenserAsked(dispenser_, ask_);
+    map.dispenser = DispenserAsked(dispenser_, rawIn_, ask_);
     map.mixes = map.dispenser.mix ? ask_.Mixes(map.dispenser) : ask_.MixesOrAll(map.dispenser);
     const AmountRange range = range_.RangeOf(map.dispenser);
     map.from = range.from;

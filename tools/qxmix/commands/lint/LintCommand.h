@@ -27,6 +27,7 @@ private:
                            const Asker& asker) const;
 
     std::string dispenser_;  // as named on the command line
+    std::string rawIn_;      // empty: not given
     AmountRangeOptions range_;
     std::string slow_;  // empty: not given
     JobsOption jobs_;

@@ -6,6 +6,7 @@
 #include "options/AskedModule.h"
 #include "options/DispenserArgument.h"
 #include "options/ShellWords.h"
+#include "requests/RawIn.h"
 #include "sweeps/MapDifferences.h"
 #include "terminal/Progress.h"
 #include "text/Duration.h"
@@ -25,7 +26,8 @@ const CommandInfo& MapCommand::Info() const {
     static const CommandInfo info = {
         "map",
         "Shows for every amount what every mix does.",
-        {"map DISPENSER [--mixes all] [--from A] [--to A] [--step A] [--output F]"},
+        {"map DISPENSER [--mixes all] [--from A] [--to A] [--step A] [--output F]",
+         "map --raw-in F [DISPENSER] [--mixes all] [--output F]"},
         {"map examples/four-notes.json --to 600 --mixes 1,4,9",
          "map EUR:50x100,20x200 --output map.html"}};
     return info;
@@ -33,6 +35,7 @@ const CommandInfo& MapCommand::Info() const {
 
 void MapCommand::AddOptions(CLI::App& command) {
     AddDispenserArgument(command, dispenser_);
+    AddRawInOption(command, rawIn_);
     AddAmountRangeOptions(command, range_);
     AddAskOptions(command, ask_);
     AddJobsOption(command, jobs_);
@@ -73,9 +76,8 @@ ExitStatus MapCommand::Run(const CommonOptions& options) {
 }
 
 MapQuestions MapCommand::Prepare(const CommonOptions& options) const {
-    RequireDispenser(dispenser_);
     MapQuestions questions;
-    questions.dispenser = DispenserAsked(dispenser_, ask_);
+    questions.dispenser = DispenserAsked(dispenser_, rawIn_, ask_);
     questions.mixes = ask_.MixesOrAll(questions.dispenser);
     const AmountRange range = range_.RangeOf(questions.dispenser);
     questions.from = range.from;
@@ -89,9 +91,11 @@ MapQuestions MapCommand::Prepare(const CommonOptions& options) const {
 
 std::string MapCommand::CommandLine(const MapQuestions& questions,
                                     const CommonOptions& options) const {
-    return "qxmix map " + ShellWord(dispenser_) + " --mixes " + MixListWord(questions.mixes) +
-           " --from " + std::to_string(questions.from) + " --to " + std::to_string(questions.to) +
-           " --step " + std::to_string(questions.step) + AskingWords(ask_, options);
+    return "qxmix map" + (rawIn_.empty() ? "" : " --raw-in " + ShellWord(rawIn_)) +
+           (dispenser_.empty() ? "" : " " + ShellWord(dispenser_)) + " --mixes " +
+           MixListWord(questions.mixes) + " --from " + std::to_string(questions.from) + " --to " +
+           std::to_string(questions.to) + " --step " + std::to_string(questions.step) +
+           AskingWords(ask_, options);
 }
 
 }  // namespace qxmix

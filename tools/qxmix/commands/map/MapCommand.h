@@ -23,6 +23,7 @@ private:
     std::string CommandLine(const MapQuestions& questions, const CommonOptions& options) const;
 
     std::string dispenser_;  // as named on the command line
+    std::string rawIn_;      // empty: not given
     AmountRangeOptions range_;
     JobsOption jobs_;
     OutputOption output_{kAllForms};

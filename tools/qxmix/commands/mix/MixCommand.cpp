@@ -5,8 +5,6 @@
 #include "answers/Envelope.h"
 #include "answers/ResultJson.h"
 #include "dispenser/DispenserJson.h"
-#include "dispenser/DispenserReader.h"
-#include "files/InputFile.h"
 #include "files/LineFile.h"
 #include "files/Output.h"
 #include "json/Json.h"
@@ -50,6 +48,30 @@ Json AnswersJson(const MixQuestions& questions, const MixAnswers& answers) {
         mixes.push_back(element);
     }
     return questions.asksList ? Json{{"mixes", mixes}} : Json();
+}
+
+bool IsRefused(Outcome outcome) {
+    switch (outcome) {
+    case Outcome::InvalidMixNumber:
+    case Outcome::Failed:
+    case Outcome::NotDispensable:
+    case Outcome::TooManyItems:
+    case Outcome::TooManyUnits:
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// What would be paid instead, and by which mix; none where the one mix asked did not refuse.
+std::optional<Surroundings>
+AskAroundRefused(const MixQuestions& questions, MixAnswers& answers, Asker& asker) {
+    if (questions.asksList || !answers.isComplete || !IsRefused(answers.answers.front().outcome)) {
+        return std::nullopt;
+    }
+    Surroundings around = AskAround(questions, answers.answers.front(), asker);
+    answers.isComplete = around.isComplete;
+    return around;
 }
 
 /// Last line of an answer that Ctrl-C cut short.
@@ -100,10 +122,6 @@ const CommandInfo& MixCommand::Info() const {
 
 void MixCommand::AddOptions(CLI::App& command) {
     AddAmountArguments(command, asked_);
-    command
-        .add_option("--raw-in", rawIn_,
-                    "captured request of 1060 bytes; a dispenser beside it lends labels and worth")
-        ->type_name("FILE");
     AddOutputFileOption(command, "--raw-out", rawOut_,
                         "writes request and result as they come back");
     AddOutputFileOption(command, "--record", record_,
@@ -113,7 +131,7 @@ void MixCommand::AddOptions(CLI::App& command) {
 ExitStatus MixCommand::Run(const CommonOptions& options) {
     RequireDifferentFiles(
         {{"--raw-out", rawOut_}, {"--registry-out", options.registryOut}, {"--record", record_}});
-    MixQuestions questions = rawIn_.empty() ? Prepare() : PrepareRaw();
+    MixQuestions questions = Prepare();
     questions.deadline = options.deadline.value_or(questions.deadline);
     if (!rawOut_.empty() && questions.requests.size() != 1) {
         throw InputError("--raw-out: " + std::to_string(questions.requests.size()) +
@@ -121,12 +139,13 @@ ExitStatus MixCommand::Run(const CommonOptions& options) {
     }
     AskedModule module(options.Library(), options, questions.dispenser);
     WaitingLine waiting(questions.dispenser, options, module.asker);
-    const MixAnswers answers = AskMixes(questions, module.asker, !options.registryOut.empty());
+    MixAnswers answers = AskMixes(questions, module.asker, !options.registryOut.empty());
+    const std::optional<Surroundings> around = AskAroundRefused(questions, answers, module.asker);
     waiting.Wipe();
     if (answers.answers.empty() && !options.json) {
         throw Interruption();
     }
-    const std::string text = Render(options, questions, answers, module.asker);
+    const std::string text = Render(options, questions, answers, around, module.asker);
     WriteFiles(options, questions, answers, module.asker.Registry());
     WriteStandardOutput(text);
     return ExitStatusOf(answers);
@@ -134,25 +153,13 @@ ExitStatus MixCommand::Run(const CommonOptions& options) {
 
 MixQuestions MixCommand::Prepare() const {
     MixQuestions questions = asked_.Questions();
+    if (!questions.requests.empty()) {
+        return questions;
+    }
     questions.asksList = asked_.ask.AsksList();
     for (const std::uint16_t mix : asked_.ask.Mixes(questions.dispenser)) {
         questions.requests.push_back(BuildRequest(questions.dispenser, questions.amount, mix));
     }
-    return questions;
-}
-
-MixQuestions MixCommand::PrepareRaw() const {
-    if (!asked_.amount.empty() || asked_.ask.AnyGiven()) {
-        throw InputError("--raw-in: given beside options that ask something else; expected alone, "
-                         "the request is asked as it stands");
-    }
-    const MixRequest request = ReadRawRequest(rawIn_);
-    MixQuestions questions;
-    const Dispenser known =
-        asked_.dispenser.empty() ? Dispenser{} : OpenDispenser(asked_.dispenser);
-    questions.dispenser = DispenserOfRequest(request, known);
-    questions.amount = request.ulAmount;
-    questions.requests = {request};
     return questions;
 }
 
@@ -177,12 +184,16 @@ void MixCommand::WriteFiles(const CommonOptions& options,
 std::string MixCommand::Render(const CommonOptions& options,
                                const MixQuestions& questions,
                                const MixAnswers& answers,
+                               const std::optional<Surroundings>& around,
                                const Asker& asker) const {
     if (options.json) {
         Envelope envelope = EnvelopeBy(asker, Info().name);
         envelope.complete = answers.isComplete;
-        envelope.input = InputJson(questions, !rawIn_.empty());
+        envelope.input = InputJson(questions, !asked_.rawIn.empty());
         envelope.result = AnswersJson(questions, answers);
+        if (around) {
+            envelope.result.update(AroundJson(*around));
+        }
         envelope.warnings = answers.findings;
         envelope.exitStatus = ExitStatusOf(answers);
         return EnvelopeText(envelope);
@@ -191,7 +202,8 @@ std::string MixCommand::Render(const CommonOptions& options,
     const std::string text = questions.asksList
                                  ? MixListText(questions, answers, painter)
                                  : MixText(questions, answers.answers.front(), painter);
-    return text + FindingsText(answers.findings, options.quiet, painter) +
+    return text + (around ? AroundText(questions, answers.answers.front(), *around) : "") +
+           FindingsText(answers.findings, options.quiet, painter) +
            InterruptionText(questions, answers);
 }
 

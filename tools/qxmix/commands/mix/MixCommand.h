@@ -2,8 +2,10 @@
 
 #include "amounts/AmountArguments.h"
 #include "amounts/MixAnswers.h"
+#include "amounts/Neighbours.h"
 #include "options/Command.h"
 
+#include <optional>
 #include <string>
 
 namespace qxmix {
@@ -17,7 +19,6 @@ public:
 
 private:
     MixQuestions Prepare() const;
-    MixQuestions PrepareRaw() const;
     void WriteFiles(const CommonOptions& options,
                     const MixQuestions& questions,
                     const MixAnswers& answers,
@@ -25,10 +26,10 @@ private:
     std::string Render(const CommonOptions& options,
                        const MixQuestions& questions,
                        const MixAnswers& answers,
+                       const std::optional<Surroundings>& around,
                        const Asker& asker) const;
 
     AmountArguments asked_;
-    std::string rawIn_;
     std::string rawOut_;
     std::string record_;
 };

@@ -146,9 +146,9 @@ private:
 
     /// Hands the good rows over, by their times.
     void TakeTimes() {
-        rows_.erase(std::remove_if(rows_.begin(), rows_.end(),
-                                   [](const Row& row) { return row.isBad; }),
-                    rows_.end());
+        rows_.erase(
+            std::remove_if(rows_.begin(), rows_.end(), [](const Row& row) { return row.isBad; }),
+            rows_.end());
         const std::vector<std::int64_t> times = times_.Seconds();
         const auto timeOf = [this, &times](const Row& row) {
             return hasTimes_ ? times[row.time] : 0;

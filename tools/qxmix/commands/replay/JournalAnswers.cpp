@@ -9,17 +9,16 @@ namespace qxmix {
 
 namespace {
 
-JournalNow NowOf(const Dispenser& dispenser, const JournalEntry& entry, const Reply& reply) {
-    const Judgement judgement = Judge(dispenser, entry.amount, reply);
+JournalNow NowOf(const Answer& answer) {
     JournalNow now;
-    now.outcome = judgement.outcome;
-    now.code = Printable(reply.calculation.written);
+    now.outcome = answer.outcome;
+    now.code = Printable(answer.code);
     if (now.IsAnswered()) {
-        now.returned = reply.calculation.returned;
+        now.returned = answer.returned;
     }
     if (now.IsAnswered() && now.returned == 0) {
-        now.paid = judgement.paid;
-        now.items = judgement.taken;
+        now.paid = answer.paid;
+        now.items = answer.taken;
     }
     return now;
 }
@@ -118,7 +117,7 @@ JournalAnswers AskJournal(const Journal& journal,
             const Reply reply = ask(request);
             const std::string& code = reply.calculation.written;
             answers.lastCode = code.empty() ? answers.lastCode : code;
-            const JournalNow now = NowOf(answers.end, entry, reply);
+            const JournalNow now = NowOf(Judge(answers.end, {entry.amount, entry.mix}, reply));
             const JournalChange change = ChangeOf(journal, answers.end, entry, now);
             if (change != JournalChange::Same) {
                 answers.differences.push_back({entry, change, now});

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Journal.h"
-#include "answers/Judgement.h"
+#include "answers/Answer.h"
 #include "workers/Desk.h"
 
 #include <array>
@@ -40,7 +40,7 @@ struct JournalNow {
     std::int32_t returned = 0;
     std::string code;  ///< error code left in the registry; empty: none
 
-    bool IsAnswered() const { return outcome != Outcome::NoAnswer && outcome != Outcome::Crashed; }
+    bool IsAnswered() const { return qxmix::IsAnswered(outcome); }
     bool IsPaid() const { return !paid.IsZero(); }
 };
 

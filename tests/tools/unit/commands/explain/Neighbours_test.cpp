@@ -1,4 +1,4 @@
-#include "commands/explain/Neighbours.h"
+#include "amounts/Neighbours.h"
 
 #include "AskedAmount.h"
 #include "FakeModule.h"

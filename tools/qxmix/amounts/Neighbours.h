@@ -1,12 +1,14 @@
 #pragma once
 
-#include "amounts/MixAnswers.h"
+#include "MixAnswers.h"
 #include "answers/Answer.h"
 #include "dispenser/Dispenser.h"
+#include "json/JsonName.h"
 #include "workers/Asker.h"
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace qxmix {
@@ -26,5 +28,13 @@ struct Surroundings {
 /// around it: at most 500 each way, in the step of what customers can ask. Each has a tenth of a
 /// second, and all together have two seconds.
 Surroundings AskAround(const MixQuestions& questions, const Answer& answer, Asker& asker);
+
+/// The nearest amounts that are paid, unless the amount itself is, and which other mixes pay it: a
+/// line or two each.
+std::string
+AroundText(const MixQuestions& questions, const Answer& answer, const Surroundings& around);
+
+/// The fields `nearest` and `otherMixes` of a result.
+Json AroundJson(const Surroundings& around);
 
 }  // namespace qxmix
