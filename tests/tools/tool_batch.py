@@ -42,7 +42,10 @@ def check_against_mix(tool, checks):
         output = tool.run(["mix", request["dispenser"], "--amount", str(request["amount"]),
                            "--mix", str(request["mix"]), "--json"])[1]
         del answer["id"]
-        checks.equal(f"{request['id']}: as mix says", answer, json.loads(output)["result"])
+        # What mix says beside a refusal is not the answer's.
+        expected = {key: value for key, value in json.loads(output)["result"].items()
+                    if key not in ("nearest", "otherMixes")}
+        checks.equal(f"{request['id']}: as mix says", answer, expected)
 
 
 def check_forms(tool, checks):

@@ -5,6 +5,8 @@
 #include "errors/Errors.h"
 #include "options/DispenserArgument.h"
 
+#include <CLI/App.hpp>
+
 namespace qxmix {
 
 void AddRawInOption(CLI::App& command, std::string& file) {

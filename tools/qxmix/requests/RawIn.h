@@ -3,8 +3,8 @@
 #include "Records.h"
 #include "dispenser/Dispenser.h"
 #include "options/AskOptions.h"
+#include "options/Parser.h"
 
-#include <CLI/App.hpp>
 #include <string>
 
 namespace qxmix {
