@@ -29,7 +29,8 @@ protected:
 /// The one proof that no word was forgotten and none too many is named.
 TEST_P(Fixups, AreTheWordsThatDifferBetweenTwoLinks) {
     if (FileOf(DllFolder() + "/parts/" + GetParam() + "/QXMIX-moved.dll").empty()) {
-        GTEST_SKIP() << "there is no second link in " << DllFolder() << ": run scripts/lib/build-dlls";
+        GTEST_SKIP() << "there is no second link in " << DllFolder()
+                     << ": run scripts/lib/build-dlls";
     }
     const PeFile library = Read("QXMIX.dll");
     const PeFile moved = Read("QXMIX-moved.dll");
