@@ -102,6 +102,9 @@ def check_against_mix(tool, checks):
         taken = [items for letter, items in steps if letter == "."]
         checks.equal(f"mix {mix}: items", known["items"],
                      {"notes": sum(map(sum, taken)), "coins": 0})
+        checks.equal(f"mix {mix}: paid", known["paid"],
+                     str(sum(count * value for items in taken
+                             for count, value in zip(items, (50, 20, 10, 20)))))
         shares = [left * 1000 // first for left, first in zip(held, (60, 70, 8, 500))]
         checks.equal(f"mix {mix}: spread", known["spread"], max(shares) - min(shares))
     checks.check("the example has refusals, dangers and empty cassettes",
