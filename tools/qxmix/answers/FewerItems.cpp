@@ -48,33 +48,49 @@ public:
         : stocks_(std::move(stocks)), most_(most) {}
 
     std::optional<CassetteItems> Find(std::uint32_t amount) {
-        Try(0, amount, 0);
+        if (!stocks_.empty()) {
+            levels_.push_back(LevelOf(0, amount, 0));
+        }
+        for (std::uint32_t steps = 0; steps < kMostSteps && !levels_.empty(); ++steps) {
+            Step();
+        }
         return best_;
     }
 
 private:
-    void Try(std::size_t place, std::uint32_t rest, std::uint64_t used) {
-        if (rest == 0) {
-            if (used <= most_) {
-                best_ = tried_;
-                most_ = used == 0 ? 0 : used - 1;
-            }
-            return;
-        }
-        if (place == stocks_.size()) {
-            return;
-        }
+    /// A stock, and what is left to make with it and those behind it.
+    struct Level {
+        std::size_t place;
+        std::uint32_t rest;
+        std::uint64_t used;  // items of those before it
+        std::uint64_t next;  // items of it to try next, and one more
+    };
+
+    Level LevelOf(std::size_t place, std::uint32_t rest, std::uint64_t used) const {
         const Stock& stock = stocks_[place];
-        for (std::uint64_t items = std::min(stock.count, rest / stock.value) + std::uint64_t{1};
-             items-- > 0;) {
-            const auto left = static_cast<std::uint32_t>(rest - items * stock.value);
-            if (++steps_ > kMostSteps || used + items + LeastItems(place + 1, left) > most_) {
-                break;  // with fewer of these, more of the smaller ones are needed
-            }
-            tried_[stock.cassette] = static_cast<std::uint32_t>(items);
-            Try(place + 1, left, used + items);
+        return {place, rest, used, std::min(stock.count, rest / stock.value) + std::uint64_t{1}};
+    }
+
+    void Step() {
+        Level& level = levels_.back();
+        const Stock& stock = stocks_[level.place];
+        const std::uint64_t items = level.next - 1;
+        const auto left = static_cast<std::uint32_t>(level.rest - items * stock.value);
+        const std::uint64_t used = level.used + items;
+        // With fewer of these, more of the smaller ones are needed.
+        if (level.next == 0 || used + LeastItems(level.place + 1, left) > most_) {
+            tried_[stock.cassette] = 0;
+            levels_.pop_back();
+            return;
         }
-        tried_[stock.cassette] = 0;
+        --level.next;
+        tried_[stock.cassette] = static_cast<std::uint32_t>(items);
+        if (left == 0) {
+            best_ = tried_;
+            most_ = used == 0 ? 0 : used - 1;
+        } else if (level.place + 1 < stocks_.size()) {
+            levels_.push_back(LevelOf(level.place + 1, left, used));
+        }
     }
 
     std::uint64_t LeastItems(std::size_t place, std::uint32_t rest) const {
@@ -87,7 +103,7 @@ private:
 
     std::vector<Stock> stocks_;
     std::uint64_t most_;
-    std::uint32_t steps_ = 0;
+    std::vector<Level> levels_;
     CassetteItems tried_{};
     std::optional<CassetteItems> best_;
 };

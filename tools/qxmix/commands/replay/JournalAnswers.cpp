@@ -68,6 +68,27 @@ bool Follow(Dispenser& dispenser, CassetteItems given) {
     return isHeld;
 }
 
+/// Asks one withdrawal of the dispenser as it is by then, and follows what the journal says of it.
+void AskEntry(const Journal& journal,
+              const JournalEntry& entry,
+              const AskJournalEntry& ask,
+              JournalAnswers& answers) {
+    MixRequest request = BuildRequest(answers.end, entry.amount, entry.mix);
+    SetCurrency(request, entry.currency);
+    const Answer answer = Judge(answers.end, {entry.amount, entry.mix}, ask(request));
+    answers.lastCode = answer.code.empty() ? answers.lastCode : answer.code;
+    const JournalNow now = NowOf(answer);
+    const JournalChange change = ChangeOf(journal, answers.end, entry, now);
+    if (change != JournalChange::Same) {
+        answers.differences.push_back({entry, change, now});
+    }
+    ++answers.lines;
+    ++answers.counts[static_cast<std::size_t>(change)];
+    if (!Follow(answers.end, Given(journal, answers.end, entry, now))) {
+        answers.firstBeyond = answers.beyond++ == 0 ? entry.line : answers.firstBeyond;
+    }
+}
+
 }  // namespace
 
 const std::vector<JournalChangeRow>& JournalChanges() {
@@ -109,32 +130,18 @@ JournalAnswers AskJournal(const Journal& journal,
                           const ProgressListener& listen) {
     JournalAnswers answers;
     answers.end = dispenser;
-    for (const JournalEntry& entry : journal.entries) {
-        answers.interruptedAt = entry.line;
-        MixRequest request = BuildRequest(answers.end, entry.amount, entry.mix);
-        SetCurrency(request, entry.currency);
-        try {
-            const Reply reply = ask(request);
-            const std::string& code = reply.calculation.written;
-            answers.lastCode = code.empty() ? answers.lastCode : code;
-            const JournalNow now = NowOf(Judge(answers.end, {entry.amount, entry.mix}, reply));
-            const JournalChange change = ChangeOf(journal, answers.end, entry, now);
-            if (change != JournalChange::Same) {
-                answers.differences.push_back({entry, change, now});
+    try {
+        for (const JournalEntry& entry : journal.entries) {
+            answers.interruptedAt = entry.line;
+            AskEntry(journal, entry, ask, answers);
+            listen({answers.lines, 0});
+            answers.isStopped = stops && !answers.differences.empty();
+            if (answers.isStopped) {
+                break;
             }
-            ++answers.lines;
-            ++answers.counts[static_cast<std::size_t>(change)];
-            if (!Follow(answers.end, Given(journal, answers.end, entry, now))) {
-                answers.firstBeyond = answers.beyond++ == 0 ? entry.line : answers.firstBeyond;
-            }
-            answers.isStopped = stops && change != JournalChange::Same;
-        } catch (const Interruption&) {
-            answers.isComplete = false;
         }
-        listen({answers.lines, 0});
-        if (answers.isStopped || !answers.isComplete) {
-            break;
-        }
+    } catch (const Interruption&) {
+        answers.isComplete = false;
     }
     return answers;
 }

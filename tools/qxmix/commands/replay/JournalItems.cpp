@@ -48,36 +48,49 @@ JournalItems::JournalItems(const std::string& file,
                            const SheetColumns& columns,
                            const Dispenser& dispenser)
     : file_(file), dispenser_(dispenser) {
-    for (std::size_t index = 0; index < kMaxCashUnits; ++index) {
-        if (Has(columns, kJournalCassettes + index)) {
-            if (index >= dispenser.cassettes.size()) {
-                throw InputError(file + ":1: column c" + std::to_string(index) +
-                                 ": no such cassette; expected c0 to c" +
-                                 std::to_string(dispenser.cassettes.size() - 1));
-            }
-            places_.push_back({kJournalCassettes + index, index});
-        }
-    }
-    const bool hasText = Has(columns, kJournalDispensed);
-    way_ = !places_.empty() ? Way::Cassettes : hasText ? Way::Text : Way::Notes;
-    for (std::size_t place = kJournalNotes; way_ == Way::Notes && place < wanted.size(); ++place) {
-        const auto cassette = CassetteOf(dispenser, wanted[place].name);
-        if (Has(columns, place) && !cassette) {
-            throw InputError("--columns: " + wanted[place].name +
-                             " is no note of the dispenser; expected " + NotesOf(dispenser));
-        }
-        if (Has(columns, place)) {
-            places_.push_back({place, *cassette});
-        }
-    }
-    if (way_ == Way::Notes && places_.empty()) {
-        throw InputError(file +
-                         ": no column tells what was dispensed; expected dispensed, c0 to c" +
-                         std::to_string(dispenser.cassettes.size() - 1) +
-                         ", or one for each note: " + NotesOf(dispenser));
-    }
     for (const WantedColumn& column : wanted) {
         names_.push_back(column.name);
+    }
+    AddCassettes(columns);
+    if (!places_.empty()) {
+        way_ = Way::Cassettes;
+    } else if (!Has(columns, kJournalDispensed)) {
+        way_ = Way::Notes;
+        AddNotes(columns);
+    }
+}
+
+void JournalItems::AddCassettes(const SheetColumns& columns) {
+    const std::size_t count = dispenser_.cassettes.size();
+    for (std::size_t index = 0; index < kMaxCashUnits; ++index) {
+        if (!Has(columns, kJournalCassettes + index)) {
+            continue;
+        }
+        if (index >= count) {
+            throw InputError(file_ + ":1: column c" + std::to_string(index) +
+                             ": no such cassette; expected c0 to c" + std::to_string(count - 1));
+        }
+        places_.push_back({kJournalCassettes + index, index});
+    }
+}
+
+void JournalItems::AddNotes(const SheetColumns& columns) {
+    for (std::size_t place = kJournalNotes; place < names_.size(); ++place) {
+        if (!Has(columns, place)) {
+            continue;
+        }
+        const auto cassette = CassetteOf(dispenser_, names_[place]);
+        if (!cassette) {
+            throw InputError("--columns: " + names_[place] +
+                             " is no note of the dispenser; expected " + NotesOf(dispenser_));
+        }
+        places_.push_back({place, *cassette});
+    }
+    if (places_.empty()) {
+        throw InputError(file_ +
+                         ": no column tells what was dispensed; expected dispensed, c0 to c" +
+                         std::to_string(dispenser_.cassettes.size() - 1) +
+                         ", or one for each note: " + NotesOf(dispenser_));
     }
 }
 

@@ -36,6 +36,8 @@ private:
         std::size_t cassette;
     };
 
+    void AddCassettes(const SheetColumns& columns);
+    void AddNotes(const SheetColumns& columns);
     CassetteItems ReadText(const SheetCell& cell) const;
     [[noreturn]] void Fail(const SheetCell& cell, const std::string& wrong) const;
 
