@@ -36,6 +36,35 @@ TEST(DecideFirstFit, FindsWhatTheLoopsRefuseLastBeforeTheyRepeat) {
         {13, 1, 1073741817, 13, 11});
 }
 
+void ExpectFound(const Table& table, const Counts& found) {
+    const FirstFitDecision decision = Decide(table);
+    EXPECT_EQ(Ending::Found, decision.ending);
+    EXPECT_EQ(found, decision.found);
+}
+
+TEST(DecideFirstFit, TakesTheGreedyCombinationWithinTheLimit) {
+    ExpectFound(Table().Bill(50, 9).Bill(20, 9).Bill(10, 9).Amount(80), {1, 1, 1});
+}
+
+TEST(DecideFirstFit, LooksAtTheLineOnWhichAllOtherItemsMakeUpForTheOuterUnit) {
+    // 3 lines on, the outer unit has run from 1 to -2, and the others give the two that they hold.
+    ExpectFound(Table().Bill(1, 1).Bill(10, 1).Bill(10, 1).Amount(18).Limit(0), {0xFFFFFFFE, 1, 1});
+}
+
+TEST(DecideFirstFit, LooksAtTheFirstOfTheLastLinesThatCanBeWithinTheLimit) {
+    // The outer unit takes the limit and as many items as the next one can run past 0.
+    const Table table =
+        Table().Bill(716000000, 1).Bill(200000, 1).Coin(100000, 4).Amount(1032704).Limit(4);
+    ExpectFound(table, {6, 0xFFFFFFFE, 4});
+    EXPECT_EQ((Counts{6, 0xFFFFFFFF, 2}), Decide(table).refusal.combination);
+}
+
+TEST(DecideFirstFit, RemembersTheLastRefusedOfTwoUnitsThatFallShort) {
+    const Table table = Table().Bill(20, 10).Bill(50, 10).Amount(135).Limit(3).Partial();
+    ExpectFound(table, {2, 1});
+    EXPECT_EQ((Counts{3, 1}), Decide(table).refusal.combination);
+}
+
 TEST(DecideFirstFit, TellsWhereNothingAtAllIsRefused) {
     // All values are even, and so is every rest that has wrapped.
     const FirstFitDecision decision =
@@ -51,6 +80,9 @@ TEST(DecideFirstFit, EndsWithTwoUnits) {
 }
 
 TEST(DecideFirstFit, LeavesToTheLoopsWhatMayWrapTwice) {
+    EXPECT_EQ(
+        Ending::Unknown,
+        Decide(Table().Bill(5, 10).Bill(1, 10).Bill(1000000, 5000).Amount(7777).Limit(0)).ending);
     // One item more of the last unit than there is, and one of the unit before: 2^32 at most.
     const auto endingFor = [](std::uint32_t innerValue) {
         return Decide(

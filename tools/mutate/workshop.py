@@ -36,6 +36,7 @@ TESTS = [
          {"QXMIX_CASES": "20000", "QXMIX_SEED": "7"}),
     Test("unit", ("bin/unit_tests", *STOP), target="unit_tests"),
     Test("tables", ("bin/table_images_tests", *STOP), target="table_images_tests"),
+    Test("words", ("bin/first_fit_words_tests", *STOP), target="first_fit_words_tests"),
     *(Test("small tables", ("bin/small_tables_tests", *STOP, f"--gtest_filter=*/{search}"),
            target="small_tables_tests", operation=f"Calc{search}")
       for search in ("MinimumNotes", "EqualNotes", "MaximumNotes", "EqualEmptying",
