@@ -2,9 +2,8 @@
 #include "CashUnitGroup.h"
 #include "Numbers.h"
 #include "OrderingRules.h"
+#include "PassedOver.h"
 #include "Trace.h"
-
-#include <cstring>
 
 namespace {
 
@@ -16,50 +15,33 @@ struct KeptUnit {
     std::uint32_t key;
 };
 
-/// Traces why a unit is passed over; the unit is named by its number among all groups.
-template <typename... Values>
-bool PassOver(const OrderingRule& rule, const char* format, Values... values) noexcept {
-    Trace(format, rule.tracePrefix, values...);
-    return false;
-}
-
-constexpr const char* kTypeLine = "%sThe type of Cassette %d is %d.";
-constexpr const char* kStatusLine = "%sThe status of Cassette %d is %d.";
-constexpr const char* kNotAvailableLine = "%sThe Cassette %d is not available.";
-
-bool PassesCountTest(const OrderingRule& rule,
+/// Tells why a unit is passed over; the unit is named by its number among all groups.
+void TracePassedOver(const OrderingRule& rule,
                      const CashUnitGroup& unit,
-                     std::uint32_t minimum) noexcept {
-    if (rule.countTest != CountTest::Positive && unit.count <= minimum) {
-        // On purpose: one ordering tells the status, though it is the count that was too small.
-        return rule.countTest == CountTest::AboveMinimum
-                   ? PassOver(rule, kNotAvailableLine, int{unit.number})
-                   : PassOver(rule, kStatusLine, int{unit.number}, int{unit.status});
+                     PassedOver reason) noexcept {
+    const int number = unit.number;
+    // On purpose: one ordering tells the status, though it is the count that was too small.
+    const bool tellsStatus =
+        reason == PassedOver::Status ||
+        (reason == PassedOver::Minimum && rule.countTest == CountTest::AboveMinimumAndPositive);
+    if (reason == PassedOver::Type) {
+        Trace("%sThe type of Cassette %d is %d.", rule.tracePrefix, number, int{unit.type});
+    } else if (tellsStatus) {
+        Trace("%sThe status of Cassette %d is %d.", rule.tracePrefix, number, int{unit.status});
+    } else if (reason != PassedOver::Currency) {  // On purpose: another currency leaves no trace.
+        Trace("%sThe Cassette %d is not available.", rule.tracePrefix, number);
     }
-    if (rule.countTest != CountTest::AboveMinimum && AsSigned(unit.count) <= 0) {
-        return PassOver(rule, kNotAvailableLine, int{unit.number});
-    }
-    return true;
 }
 
 bool Serves(const OrderingRule& rule,
             const MixRequest& request,
             const CashUnitGroup& unit,
             std::uint32_t minimum) noexcept {
-    if (!Contains(rule.types, unit.type)) {
-        return PassOver(rule, kTypeLine, int{unit.number}, int{unit.type});
+    const PassedOver reason = WhyPassedOver(rule, request, unit, minimum);
+    if (reason != PassedOver::No) {
+        TracePassedOver(rule, unit, reason);
     }
-    if (Contains(rule.droppedStatuses, unit.status)) {
-        return PassOver(rule, kStatusLine, int{unit.number}, int{unit.status});
-    }
-    if (!PassesCountTest(rule, unit, minimum)) {
-        return false;
-    }
-    if (unit.value == 0 && !Contains(SetOf(CashUnitType::CouponCassette), unit.type)) {
-        return PassOver(rule, kNotAvailableLine, int{unit.number});
-    }
-    // On purpose: another currency leaves no trace.
-    return std::memcmp(&unit.currency, &request.cCurrencyID, sizeof(CurrencyId)) == 0;
+    return reason == PassedOver::No;
 }
 
 /// Brings the value of a unit that serves to the unit of the amount.

@@ -1,5 +1,6 @@
 #include "CMixAlgorithm.h"
 
+#include "MixPlans.h"
 #include "ObjectLife.h"
 #include "Trace.h"
 #include "Version.h"
@@ -7,9 +8,9 @@
 CMixAlgorithm::CMixAlgorithm(MixAlgorithmHost* host) noexcept {
     self = this;
     host->OnObjectCreated(this);
-    usNumMixTypes = 10;
+    usNumMixTypes = kMixCount;
     usFirstMixNumber = 1;
-    usLastMixNumber = 10;
+    usLastMixNumber = kMixCount;
     ReadTraceLevel();
     Trace("CMixAlgorithm::CMixAlgorithm() MixAlgorithm.dll Version = %s.", QXMIX_VERSION_TEXT);
     ReadCstMinimum4Mix6();

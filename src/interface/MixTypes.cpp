@@ -1,4 +1,5 @@
 #include "CMixAlgorithm.h"
+#include "MixPlans.h"
 #include "PlatformApi.h"
 #include "ResultCodes.h"
 
@@ -32,6 +33,7 @@ constexpr MixType kMixTypes[] = {
 };
 // clang-format on
 constexpr unsigned kKnownMixTypes = sizeof(kMixTypes) / sizeof(kMixTypes[0]);
+static_assert(kKnownMixTypes == kMixCount, "a mix has a row here and one in MixPlans.h");
 
 /// A host can write usNumMixTypes and so ask for more entries than there are mixes: the surplus
 /// ones have the sub-type of equal emptying and the name of the last mix.

@@ -35,9 +35,9 @@ constexpr MixPlan kMixPlans[] = {
     {&Mix::SortLCUByDenomination,                     SmallestNote::FirstUnit, Mix::CalcMaximumNotes,     SpreadInOrder},     // 10
 };
 // clang-format on
+constexpr std::uint16_t kMixCount = sizeof(kMixPlans) / sizeof(kMixPlans[0]);
 
 /// @return null for a number that no mix has.
 inline const MixPlan* FindMixPlan(unsigned mixNumber) noexcept {
-    constexpr unsigned kMixes = sizeof(kMixPlans) / sizeof(kMixPlans[0]);
-    return mixNumber >= 1 && mixNumber <= kMixes ? &kMixPlans[mixNumber - 1] : nullptr;
+    return mixNumber >= 1 && mixNumber <= kMixCount ? &kMixPlans[mixNumber - 1] : nullptr;
 }

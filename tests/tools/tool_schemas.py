@@ -107,6 +107,23 @@ def check_dispensers(tool, checks):
                          is_valid(validator, json.loads(path.read_text())))
 
 
+def check_mixes(tool, checks):
+    """The schemas know as many mixes as the module offers."""
+    last = max(row["mix"] for row in
+               json.loads(tool.run(["types", "--json"])[1])["result"]["types"])
+    folder = tool.arguments.source / "schema"
+    mix = json.loads((folder / "dispenser.schema.json").read_text())["properties"]["mix"]
+    checks.equal("mixes of a dispenser", [mix["minimum"], mix["maximum"]], [1, last])
+    cure = json.loads((folder / "answer.schema.json").read_text())["$defs"]["lintCure"]
+    mix = cure["properties"]["mixes"]["items"]
+    checks.equal("mixes of a cure", [mix["minimum"], mix["maximum"]], [1, last])
+    for number, is_one in ((1, True), (last, True), (0, False), (last + 1, False)):
+        status, _, errors = tool.run(["mix", "EUR:50x200", "--amount", "50", "--mix", str(number)])
+        checks.equal(f"--mix {number}", status != 2, is_one)
+        checks.equal(f"--mix {number}: the range is told", f"expected 1 to {last}" in errors,
+                     not is_one)
+
+
 def check_answers(tool, checks):
     validator = validator_of(tool, "answer.schema.json")
     dispenser = validator_of(tool, "dispenser.schema.json")
@@ -140,4 +157,4 @@ def check_batch(tool, checks):
             checks.equal(f"batch {words}: {line[:40]}", problems, [])
 
 
-run_parts(check_dispensers, check_answers, check_batch)
+run_parts(check_dispensers, check_mixes, check_answers, check_batch)

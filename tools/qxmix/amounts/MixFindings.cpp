@@ -5,6 +5,7 @@
 #include "dispenser/NotesText.h"
 #include "dispenser/ReadableMoney.h"
 #include "findings/RuleTexts.h"
+#include "mixes/MixTraits.h"
 #include "module/LibrarySearch.h"
 #include "options/MixList.h"
 #include "text/Duration.h"

@@ -1,5 +1,6 @@
 #include "Neighbours.h"
 
+#include "mixes/MixTraits.h"
 #include "options/MixList.h"
 
 #include <algorithm>

@@ -6,6 +6,7 @@
 #include "dispenser/ReadableMoney.h"
 #include "errors/Errors.h"
 #include "json/JsonFields.h"
+#include "mixes/MixTraits.h"
 #include "text/ParseWhole.h"
 
 #include <CLI/App.hpp>

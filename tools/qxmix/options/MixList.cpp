@@ -2,6 +2,8 @@
 
 #include "dispenser/Dispenser.h"
 #include "errors/Errors.h"
+#include "json/JsonFields.h"
+#include "mixes/MixTraits.h"
 #include "text/ParseWhole.h"
 #include "text/TextList.h"
 
@@ -42,7 +44,8 @@ std::vector<std::uint16_t> ParseMixList(const std::string& text, const std::stri
         const std::optional<MixRange> range = ParseRange(part);
         if (!range) {
             throw InputError(option + ": " +
-                             NotAllowed(text, "mixes from 1 to 10 such as 1,3-5, or all"));
+                             NotAllowed(text, "mixes from " + RangeText(kFirstMix, kLastMix) +
+                                                  " such as 1,3-5, or all"));
         }
         for (std::uint16_t mix = range->first; mix <= range->last; ++mix) {
             mixes.insert(mix);
@@ -51,20 +54,26 @@ std::vector<std::uint16_t> ParseMixList(const std::string& text, const std::stri
     return {mixes.begin(), mixes.end()};
 }
 
-std::vector<std::uint16_t> AllMixes() {
-    std::vector<std::uint16_t> mixes;
-    for (std::uint16_t mix = kFirstMix; mix <= kLastMix; ++mix) {
-        mixes.push_back(mix);
-    }
-    return mixes;
-}
-
 std::string MixesText(const std::vector<std::uint16_t>& mixes) {
     std::vector<std::string> numbers;
     for (const std::uint16_t mix : mixes) {
         numbers.push_back(std::to_string(mix));
     }
     return (mixes.size() == 1 ? "mix " : "mixes ") + Join(numbers, " ");
+}
+
+std::string MixRangesText(const std::vector<std::uint16_t>& mixes) {
+    std::vector<std::string> ranges;
+    for (std::size_t first = 0; first < mixes.size();) {
+        std::size_t last = first;
+        while (last + 1 < mixes.size() && mixes[last + 1] == mixes[last] + 1) {
+            ++last;
+        }
+        ranges.push_back(std::to_string(mixes[first]) +
+                         (last == first ? "" : " to " + std::to_string(mixes[last])));
+        first = last + 1;
+    }
+    return (mixes.size() == 1 ? "mix " : "mixes ") + Join(ranges, " ");
 }
 
 std::string AllMixesText(std::size_t count) {

@@ -2,7 +2,9 @@
 
 #include "dispenser/StoredValues.h"
 #include "findings/RuleTexts.h"
+#include "mixes/MixTraits.h"
 #include "module/RegistryImage.h"
+#include "options/MixList.h"
 #include "options/ShellWords.h"
 #include "text/TextList.h"
 
@@ -38,7 +40,8 @@ Finding NoDecimalMinimum(std::uint32_t taken, const std::string& fileName) {
     finding.pointer = "/registry/CSTMinimum4Mix6";
     finding.message =
         "CSTMinimum4Mix6 is not a number: " +
-        (taken == 0 ? "mixes 6 to 9 keep no minimum" : "taken as " + std::to_string(taken));
+        (taken == 0 ? MixRangesText(MixesWith(&MixTraits::keepsMinimum)) + " keep no minimum"
+                    : "taken as " + std::to_string(taken));
     finding.advice = SetAdvice(fileName, "CSTMinimum4Mix6=100", "\"CSTMinimum4Mix6\": \"100\"");
     return finding;
 }

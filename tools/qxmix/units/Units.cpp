@@ -1,36 +1,15 @@
 #include "Units.h"
 
-#include "HostControl.h"
-#include "MixPlans.h"
 #include "Numbers.h"
-#include "OrderingRules.h"
+#include "PassedOver.h"
+#include "mixes/OrderingOf.h"
 #include "module/NoHost.h"
 
 #include <algorithm>
-#include <cstdio>
-#include <cstring>
 
 namespace qxmix {
 
 namespace {
-
-/// Collects the lines of this process's module while it lives.
-class LineCollector {
-public:
-    LineCollector() { QxmixSetTraceListener(&Collect, &lines_); }
-    LineCollector(const LineCollector&) = delete;
-    LineCollector& operator=(const LineCollector&) = delete;
-    ~LineCollector() { QxmixSetTraceListener(nullptr, nullptr); }
-
-    const std::vector<std::string>& Lines() const { return lines_; }
-
-private:
-    static void Collect(void* lines, const char* line) {
-        static_cast<std::vector<std::string>*>(lines)->emplace_back(line);
-    }
-
-    std::vector<std::string> lines_;
-};
 
 /// The module copies the service provider's bytes: there each cassette carries its place.
 MixRequest WithPlaces(const MixRequest& request) {
@@ -50,38 +29,29 @@ Unit UnitOf(const LogicalCashUnit& built) {
     unit.status = built.usStatus;
     unit.value = built.ulValues;
     unit.counted = built.ulCount;
-    unit.dropped = Dropped::Currency;  // the one test that leaves no line
     return unit;
 }
 
-/// Which test a unit failed, where its line tells "not available": of its count or of its value.
-Dropped NotAvailable(const MixPlan& plan, const Unit& unit, std::uint32_t minimum) {
-    if (unit.counted == 0) {
-        return Dropped::Count;
-    }
-    if (plan.order == &Mix::SortLCUByTotalAmountWithoutCSTBelowCSTMin) {
-        return unit.counted <= minimum ? Dropped::Minimum : Dropped::Value;
-    }
-    return AsSigned(unit.counted) < 0 ? Dropped::Count : Dropped::Value;
-}
-
-/// Which test a unit failed, where its line tells its status: one ordering writes that line, too,
-/// for a unit that holds no more than the minimum.
-Dropped StatusOrMinimum(const MixPlan& plan, const Unit& unit) {
-    const bool isOneOfTwo = plan.order == &Mix::SortLCUByDenomWithoutCSTBelowCSTMin;
-    if (!isOneOfTwo || Contains(kByDenomWithoutCSTBelowCSTMin.droppedStatuses, unit.status)) {
+/// What people are told of a unit that is passed over.
+std::optional<Dropped> DroppedBy(PassedOver reason, const Unit& unit) {
+    switch (reason) {
+    case PassedOver::No:
+        return std::nullopt;
+    case PassedOver::Type:
+        return Dropped::Type;
+    case PassedOver::Status:
         return Dropped::Status;
+    case PassedOver::Minimum:
+        // Nothing is too little whatever the minimum.
+        return unit.counted == 0 ? Dropped::Count : Dropped::Minimum;
+    case PassedOver::Count:
+        return Dropped::Count;
+    case PassedOver::Value:
+        return Dropped::Value;
+    case PassedOver::Currency:
+        break;
     }
-    return unit.counted == 0 ? Dropped::Count : Dropped::Minimum;
-}
-
-/// The number behind a text in a line, if the text is there.
-std::optional<std::size_t> NumberBehind(const std::string& line, const std::string& text) {
-    const std::size_t at = line.find(text);
-    std::size_t number = 0;
-    const bool isThere = at != std::string::npos &&
-                         std::sscanf(line.c_str() + at + text.size(), "%zu", &number) == 1;
-    return isThere ? std::make_optional(number) : std::nullopt;
+    return Dropped::Currency;
 }
 
 }  // namespace
@@ -97,34 +67,30 @@ Units::Units(const MixRequest& request, std::uint32_t minimum)
     NoHost host;
     CMixAlgorithm algorithm(&host);
     algorithm.ulCstMinimum4Mix6 = minimum;
-    const LineCollector collector;
     const MixPlan* const plan = FindMixPlan(request.usMixNumber);
     if (plan != nullptr) {
         (algorithm.*plan->order)(request_, kept_);
     }
-    ReadDrops(collector.Lines());
+    TellDrops();
     for (unsigned place = 0; place < kept_.usCount; ++place) {
         const LogicalCashUnit& serving = kept_.aLCUs[place];
         Unit& unit = units_[serving.usNumber];
-        unit.dropped.reset();
         unit.order = place;
         unit.searched = serving.ulValues;
     }
 }
 
-void Units::ReadDrops(const std::vector<std::string>& lines) {
+void Units::TellDrops() {
     const MixPlan* const plan = FindMixPlan(request_.usMixNumber);
-    for (const std::string& line : lines) {
-        const auto ofType = NumberBehind(line, "The type of Cassette ");
-        const auto ofStatus = NumberBehind(line, "The status of Cassette ");
-        const auto notAvailable = NumberBehind(line, "The Cassette ");
-        if (ofType) {
-            units_[*ofType].dropped = Dropped::Type;
-        } else if (ofStatus) {
-            units_[*ofStatus].dropped = StatusOrMinimum(*plan, units_[*ofStatus]);
-        } else if (notAvailable) {
-            units_[*notAvailable].dropped = NotAvailable(*plan, units_[*notAvailable], minimum_);
-        }
+    CashUnitGroup groups[kMaxCashUnits];
+    GroupCassettes(request_, groups);
+    for (std::size_t index = 0; index < units_.size(); ++index) {
+        Unit& unit = units_[index];
+        unit.dropped =
+            plan == nullptr
+                ? Dropped::Currency
+                : DroppedBy(WhyPassedOver(*OrderingOf(*plan), request_, groups[index], minimum_),
+                            unit);
     }
 }
 

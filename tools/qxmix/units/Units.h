@@ -29,7 +29,7 @@ struct Unit {
 /// What the module's own operations make of a request before they search.
 class Units {
 public:
-    /// @param minimum  most items of a unit that mixes 6 to 9 pass over.
+    /// @param minimum  most items of a unit that mixes with a minimum pass over.
     Units(const MixRequest& request, std::uint32_t minimum);
 
     /// All of them, in the order of their first cassettes.
@@ -38,7 +38,7 @@ public:
     /// Those that the mix draws from, in its order.
     std::vector<Unit> Kept() const;
 
-    /// Most items of a unit that mixes 6 to 9 pass over.
+    /// Most items of a unit that mixes with a minimum pass over.
     std::uint32_t Minimum() const { return minimum_; }
 
     /// The amount as the mix searches for it: a positive exponent is in it.
@@ -61,7 +61,7 @@ public:
     MixRequest OneCassettePerUnit() const;
 
 private:
-    void ReadDrops(const std::vector<std::string>& lines);
+    void TellDrops();
 
     MixRequest request_;
     std::uint32_t minimum_;

@@ -1,6 +1,7 @@
 #include "BatchCommand.h"
 
 #include "files/Output.h"
+#include "json/JsonFields.h"
 #include "module/LibrarySearch.h"
 #include "module/RegistryImage.h"
 #include "options/MixChoice.h"
@@ -70,7 +71,7 @@ void BatchCommand::CheckMixes() const {
         throw InputError("--mixes: a line asks one mix; expected --mix N");
     }
     if (ask_.Mixes(Dispenser{}).size() != 1) {
-        throw InputError("--mix: a line asks one mix; expected 1 to 10");
+        throw InputError("--mix: a line asks one mix; expected " + RangeText(kFirstMix, kLastMix));
     }
 }
 

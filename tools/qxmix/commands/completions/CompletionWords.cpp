@@ -1,5 +1,6 @@
 #include "CompletionWords.h"
 
+#include "mixes/MixTraits.h"
 #include "options/MixList.h"
 #include "text/TextList.h"
 

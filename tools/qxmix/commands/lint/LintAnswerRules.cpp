@@ -42,8 +42,7 @@ std::vector<std::string> RulesBehind(const LintCase& lint, const LintMix& mix) {
 /// Mixes that end their search at the first combination over the limit: with two units alone, one
 /// of notes and one of coins, which are held to the limit apart.
 bool CanStopAtLimit(const LintMix& mix) {
-    const bool isOne = mix.mix == 2 || mix.mix == 3 || mix.mix == 7 || mix.mix == 8;
-    return isOne && mix.kept.size() == 2 &&
+    return mix.Traits().stopsAtLimit && mix.kept.size() == 2 &&
            Contains(kCoinTypes, mix.kept[0].type) != Contains(kCoinTypes, mix.kept[1].type);
 }
 

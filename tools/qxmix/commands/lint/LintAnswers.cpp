@@ -1,6 +1,7 @@
 #include "LintAnswers.h"
 
 #include "errors/Errors.h"
+#include "mixes/MixTraits.h"
 #include "options/MixList.h"
 #include "requests/Request.h"
 #include "sweeps/MapDifferences.h"
@@ -12,7 +13,7 @@ namespace qxmix {
 
 namespace {
 
-/// All ten mixes, without answers.
+/// All mixes, without answers.
 void AddMixes(LintCase& lint) {
     for (const std::uint16_t mix : AllMixes()) {
         const auto& asked = lint.questions.mixes;

@@ -2,6 +2,7 @@
 
 #include "LintCures.h"
 #include "answers/OwnDecisions.h"
+#include "mixes/MixTraits.h"
 #include "sweeps/MapQuestions.h"
 #include "sweeps/MapRow.h"
 #include "units/Units.h"
@@ -28,6 +29,8 @@ struct LintMix {
     LintMix(std::uint16_t number, Units built)
         : mix(number), units(std::move(built)), kept(units.Kept()) {}
 
+    const MixTraits& Traits() const { return qxmix::Traits(mix); }
+
     std::uint16_t mix;
     Units units;             ///< as its own operations make them
     std::vector<Unit> kept;  ///< those that it draws from, in its order
@@ -43,7 +46,7 @@ struct LintMix {
     LintCures forOverLimit;  ///< of what the limit stops
 };
 
-/// Which of the ten mixes pay an amount that some mix asked does not, and which take too much.
+/// Which of all mixes pay an amount that some mix asked does not, and which take too much.
 struct PayersOfAmount {
     std::set<std::uint16_t> payers;
     std::set<std::uint16_t> dangerous;
@@ -121,11 +124,6 @@ std::vector<std::uint16_t> MixesWhere(const LintCase& lint, const Holds& holds) 
         }
     }
     return mixes;
-}
-
-/// Mixes that take the first combination that fits.
-inline bool IsFirstFit(std::uint16_t mix) {
-    return mix == 4 || mix == 9;
 }
 
 /// Whether an amount does not reach the smallest note that a mix draws from.

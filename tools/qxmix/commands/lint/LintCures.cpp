@@ -102,7 +102,7 @@ LintCures CureFinder::Find(const LintMix& mix, const std::vector<std::uint32_t>&
     FindPayers(lint_, mix, unpaid, cures);
     if (mix.kept.empty()) {
         FindBestLoading(mix, unpaid, cures);
-    } else if (!IsFirstFit(mix.mix)) {  // whatever is loaded, those two are not to be trusted
+    } else if (!mix.Traits().isFirstFit) {  // whatever is loaded, those two are not to be trusted
         cures.loading = FindLoading(mix, unpaid);
         cures.paidByLoading = cures.loading ? unpaid.size() : 0;
     }

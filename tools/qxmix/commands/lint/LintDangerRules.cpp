@@ -1,5 +1,6 @@
 #include "LintRules.h"
 #include "json/Json.h"
+#include "mixes/MixTraits.h"
 #include "options/MixList.h"
 
 #include <algorithm>
@@ -7,8 +8,6 @@
 namespace qxmix {
 
 namespace {
-
-constexpr std::size_t kMostUnits = 5;
 
 std::vector<LintAnswer> AnswersWith(const LintCase& lint, const LintMix& mix, Outcome outcome) {
     return AnswersWhere(
@@ -49,8 +48,8 @@ bool IsProved(const LintAnswer& answer) {
 
 std::vector<std::uint16_t> FirstFitMixesWith(const LintCase& lint, std::size_t leastUnits) {
     return MixesWhere(lint, [leastUnits](const LintMix& mix) {
-        return IsFirstFit(mix.mix) && mix.kept.size() >= leastUnits &&
-               mix.kept.size() <= kMostUnits;
+        return mix.Traits().isFirstFit && mix.kept.size() >= leastUnits &&
+               mix.kept.size() <= mix.Traits().mostUnits;
     });
 }
 
@@ -89,7 +88,7 @@ void CheckNoAnswer(const LintCase& lint, LintReport& report) {
 
 void CheckEndlessPair(const LintCase& lint, LintReport& report) {
     for (const LintMix& mix : lint.mixes) {
-        if (!IsFirstFit(mix.mix) || mix.kept.size() != 2 || mix.kept.back().searched == 0) {
+        if (!mix.Traits().isFirstFit || mix.kept.size() != 2 || mix.kept.back().searched == 0) {
             continue;
         }
         const Unit& lesser = mix.kept.back();

@@ -37,9 +37,9 @@ bool CanServe(const LintCase& lint, const LintMix& mix, std::size_t index) {
 
 /// Items that make a unit serve whatever the minimum.
 std::uint32_t FullCount(const LintMix& mix) {
-    const bool readsMinimum = mix.mix >= 6 && mix.mix <= 9;
-    return readsMinimum ? std::max(kFullCassette, std::min(mix.units.Minimum(), UINT32_MAX / 4) + 1)
-                        : kFullCassette;
+    return mix.Traits().keepsMinimum
+               ? std::max(kFullCassette, std::min(mix.units.Minimum(), UINT32_MAX / 4) + 1)
+               : kFullCassette;
 }
 
 void AddMended(const LintCase& lint, const LintMix& mix, std::vector<Loading>& loadings) {

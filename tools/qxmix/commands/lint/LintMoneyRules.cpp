@@ -1,6 +1,7 @@
 #include "CashUnitCodes.h"
 #include "LintRules.h"
 #include "dispenser/ReadableMoney.h"
+#include "options/MixList.h"
 
 namespace qxmix {
 
@@ -24,9 +25,8 @@ std::string WrapText(std::uint32_t number, int power) {
     return std::to_string(number) + " times 10^" + std::to_string(power) + " wraps at 2^32";
 }
 
-/// Mixes that bring notes to the unit of the amount.
 bool Rescales(const LintMix& mix) {
-    return mix.mix != 9;
+    return mix.Traits().rescalesNotes;
 }
 
 }  // namespace
@@ -42,9 +42,12 @@ void CheckRemainderUnits(const LintCase& lint, LintReport& report) {
 void CheckUnscaledNotes(const LintCase& lint, LintReport& report) {
     const Dispenser& dispenser = lint.TheDispenser();
     if (dispenser.exponent < 0) {
+        const std::vector<std::uint16_t> unscaled = MixesWithout(&MixTraits::rescalesNotes);
         report.Add("/exponent",
-                   "mix 9 does not rescale notes: it pays 10^" +
-                       std::to_string(-dispenser.exponent) + " times as much",
+                   MixesText(unscaled) +
+                       (unscaled.size() == 1 ? " does not rescale notes: it pays"
+                                             : " do not rescale notes: they pay") +
+                       " 10^" + std::to_string(-dispenser.exponent) + " times as much",
                    MixesWhere(lint, [](const LintMix& mix) { return !Rescales(mix); }));
     }
 }

@@ -7,14 +7,10 @@ namespace qxmix {
 
 namespace {
 
-bool ReadsMinimum(const LintMix& mix) {
-    return mix.mix >= 6 && mix.mix <= 9;
-}
-
 /// Whether the minimum leaves a mix nothing of what it would draw from without one.
 bool IsLeftNothing(const LintMix& mix) {
     const std::vector<Unit>& units = mix.units.All();
-    return ReadsMinimum(mix) && mix.kept.empty() &&
+    return mix.Traits().keepsMinimum && mix.kept.empty() &&
            std::any_of(units.begin(), units.end(),
                        [](const Unit& unit) { return unit.dropped == Dropped::Minimum; });
 }

@@ -9,14 +9,9 @@ namespace {
 
 constexpr std::uint64_t kWrap = std::uint64_t{1} << 32U;
 constexpr std::uint64_t kExactInSinglePrecision = 16777216;
-constexpr std::size_t kMostUnits = 5;
-
-bool IsOneOf(const LintMix& mix, std::uint16_t first, std::uint16_t second) {
-    return mix.mix == first || mix.mix == second;
-}
 
 bool HasSeveralUnits(const LintMix& mix) {
-    return mix.kept.size() >= 2 && mix.kept.size() <= kMostUnits;
+    return mix.kept.size() >= 2 && mix.kept.size() <= mix.Traits().mostUnits;
 }
 
 /// A product that is held to 2^32: what is beyond that does not matter.
@@ -66,8 +61,8 @@ bool CanSpreadWrap(const LintMix& mix, std::uint16_t limit) {
 
 /// Mixes that compare the shares of even emptying, and those that compare how even a payment is.
 bool ComparesWrapped(const LintMix& mix, std::uint16_t limit) {
-    return HasSeveralUnits(mix) && ((IsOneOf(mix, 3, 8) && CanImbalanceWrap(mix, limit)) ||
-                                    (IsOneOf(mix, 2, 7) && CanSpreadWrap(mix, limit)));
+    return HasSeveralUnits(mix) && ((mix.Traits().comparesShares && CanImbalanceWrap(mix, limit)) ||
+                                    (mix.Traits().comparesEvenness && CanSpreadWrap(mix, limit)));
 }
 
 /// The largest limit under which no comparison can wrap.
@@ -116,7 +111,7 @@ Money WorthOf(const LintMix& mix) {
 }  // namespace
 
 bool IsAdvisable(const LintCase& lint, std::uint16_t number) {
-    if (IsFirstFit(number)) {
+    if (Traits(number).isFirstFit) {
         return false;
     }
     const auto isIt = [number](const LintMix& mix) { return mix.mix == number; };
@@ -132,7 +127,7 @@ void CheckImbalanceScores(const LintCase& lint, LintReport& report) {
     const std::uint16_t limit = lint.TheDispenser().maxDispenseItems;
     report.Add("/mix", "shares may be compared as wrapped numbers: uneven emptying",
                MixesWhere(lint, [limit](const LintMix& mix) {
-                   return IsOneOf(mix, 3, 8) && ComparesWrapped(mix, limit);
+                   return mix.Traits().comparesShares && ComparesWrapped(mix, limit);
                }));
 }
 
@@ -140,7 +135,8 @@ void CheckSpreadScores(const LintCase& lint, LintReport& report) {
     std::uint16_t harmless = lint.TheDispenser().maxDispenseItems;
     bool losesNothing = true;
     const std::vector<std::uint16_t> mixes = MixesWhere(lint, [&lint](const LintMix& mix) {
-        return IsOneOf(mix, 2, 7) && ComparesWrapped(mix, lint.TheDispenser().maxDispenseItems);
+        return mix.Traits().comparesEvenness &&
+               ComparesWrapped(mix, lint.TheDispenser().maxDispenseItems);
     });
     for (const LintMix& mix : lint.mixes) {
         if (std::count(mixes.begin(), mixes.end(), mix.mix) != 0) {

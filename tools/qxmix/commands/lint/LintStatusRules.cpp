@@ -46,13 +46,11 @@ std::string StatusText(const Cassette& cassette) {
 
 /// What a coupon that is worth nothing makes of every amount.
 std::string RefusalText(const LintMix& mix) {
-    constexpr std::size_t kMostUnits = 5;
-    if (mix.kept.front().value == 0 &&
-        (mix.mix == 2 || mix.mix == 4 || mix.mix == 7 || mix.mix == 9)) {
+    if (mix.kept.front().value == 0 && mix.Traits().refusesInSilence) {
         return "every amount is refused, without a code";
     }
-    return mix.kept.size() > kMostUnits ? "every amount is refused with -315"
-                                        : "every amount is refused, code 971A2";
+    return mix.kept.size() > mix.Traits().mostUnits ? "every amount is refused with -315"
+                                                    : "every amount is refused, code 971A2";
 }
 
 /// Mixes by what they have in common.
@@ -72,7 +70,7 @@ MixGroups RefusalsOf(const LintCase& lint, std::size_t coupon) {
 /// Why a mix passes over a unit that another mix would draw from; empty: it does not.
 std::string PassedOverText(const LintMix& mix, const Unit& unit) {
     const bool isLow = unit.status == static_cast<std::uint16_t>(CashUnitStatus::Low);
-    if (mix.mix == 5 && unit.dropped == Dropped::Status && isLow) {
+    if (mix.Traits().passesOverLow && unit.dropped == Dropped::Status && isLow) {
         return "it is low";
     }
     if (unit.dropped == Dropped::Minimum) {

@@ -1,5 +1,6 @@
 #include "LintForms.h"
 
+#include "mixes/MixTraits.h"
 #include "options/MixList.h"
 #include "terminal/WrappedText.h"
 #include "text/TextList.h"
@@ -115,9 +116,10 @@ std::string LintText(const LintCase& lint,
                      const Painter& painter) {
     const std::vector<std::uint16_t>& mixes = lint.questions.mixes;
     const std::vector<Finding> told = ToldFindings(findings, quiet);
-    const std::string heading = SeveritiesText(told) + " for " +
-                                (mixes == AllMixes() ? "all 10 mixes" : MixesText(mixes)) + ", " +
-                                AskedText(lint);
+    const std::string heading =
+        SeveritiesText(told) + " for " +
+        (mixes == AllMixes() ? AllMixesText(mixes.size()) : MixesText(mixes)) + ", " +
+        AskedText(lint);
     std::string text = WrappedText(Split(heading, ' '), " ", 0, 2) + "\n";
     text += CrashesText(lint, painter);
     text += told.empty() ? "" : "\n";

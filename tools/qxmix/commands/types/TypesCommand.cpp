@@ -3,6 +3,7 @@
 #include "answers/Envelope.h"
 #include "files/Output.h"
 #include "json/Json.h"
+#include "mixes/MixTraits.h"
 #include "module/LibrarySearch.h"
 #include "terminal/Table.h"
 #include "text/Duration.h"
@@ -33,10 +34,10 @@ const char* AlgorithmName(std::uint16_t subType) {
 
 /// Which units a mix passes over that could serve: help for people, the module does not tell it.
 std::string PassesOver(std::uint16_t mix, std::uint32_t minimum) {
-    if (mix == 5) {
+    if (Traits(mix).passesOverLow) {
         return "low units";
     }
-    return mix >= 6 && mix <= 9 ? "units of <= " + std::to_string(minimum) : "-";
+    return Traits(mix).keepsMinimum ? "units of <= " + std::to_string(minimum) : "-";
 }
 
 std::string TypesText(const Catalogue& catalogue, std::uint32_t minimum, const Painter& painter) {
