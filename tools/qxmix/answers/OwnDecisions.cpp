@@ -1,5 +1,6 @@
 #include "OwnDecisions.h"
 
+#include "mixes/MixTraits.h"
 #include "module/LibrarySearch.h"
 #include "module/NeverAnswers.h"
 #include "workers/Bytes.h"
@@ -45,7 +46,7 @@ OwnDecisions::~OwnDecisions() = default;
 LibraryDifference OwnDecisions::Of(const MixRequest& request, Ending::Kind ending) {
     const bool isAnswered = ending == Ending::Kind::Answered;
     if (!isWanted_ || (!isAnswered && ending != Ending::Kind::NoAnswer) ||
-        (isAnswered && !HasEndlessCalls(request.usMixNumber))) {
+        (isAnswered && !Traits(request.usMixNumber).isFirstFit)) {
         return LibraryDifference::None;
     }
     if (child_ == nullptr) {

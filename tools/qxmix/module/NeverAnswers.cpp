@@ -5,6 +5,7 @@
 #include "MixPlans.h"
 #include "NoHost.h"
 #include "Numbers.h"
+#include "mixes/MixTraits.h"
 
 namespace qxmix {
 
@@ -20,7 +21,7 @@ CMixAlgorithm& AlgorithmWith(std::uint32_t minimum) {
 
 /// The road of a request as far as its search, which is decided and not run.
 CallEnding Decide(const MixRequest& request, std::uint32_t minimum, bool recordsCode) {
-    if (!HasEndlessCalls(request.usMixNumber)) {
+    if (!Traits(request.usMixNumber).isFirstFit) {
         return CallEnding::Ends;
     }
     MixRequest searched = request;
@@ -52,11 +53,6 @@ CallEnding Decide(const MixRequest& request, std::uint32_t minimum, bool records
 
 CallEnding DecideEnding(const MixRequest& request, std::uint32_t minimum) {
     return Decide(request, minimum, false);
-}
-
-bool HasEndlessCalls(std::uint16_t mix) {
-    const MixPlan* const plan = FindMixPlan(mix);
-    return plan != nullptr && plan->search == &Mix::CalcFirstFitEmptying;
 }
 
 bool NeverAnswers(const MixRequest& request, std::uint32_t minimum) {

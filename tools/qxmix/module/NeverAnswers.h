@@ -16,9 +16,6 @@ enum class CallEnding : std::uint8_t {
 /// @param minimum  most items of a unit that mixes 6 to 9 pass over.
 CallEnding DecideEnding(const MixRequest& request, std::uint32_t minimum);
 
-/// Whether there are calls of a mix that never end.
-bool HasEndlessCalls(std::uint16_t mix);
-
 /// Calls that the module would never answer: nobody needs to make them.
 ///
 /// @return false also where only the call can tell: no answer may come there either.

@@ -7,10 +7,6 @@ CallEnding DecideEnding(const MixRequest&, std::uint32_t) {
     return CallEnding::Unknown;
 }
 
-bool HasEndlessCalls(std::uint16_t) {
-    return false;
-}
-
 bool NeverAnswers(const MixRequest&, std::uint32_t) {
     return false;
 }
