@@ -61,9 +61,9 @@ static void CheckFields(const void* outer, const void* inner) {
     CHECK(PointerAt(outer, 2 * kPointer) == inner);
     CHECK(NumberAt(outer, 4 * kPointer + 96, 2) == 6);
     CHECK(NumberAt(inner, 2 * kPointer, 4) == 1);
-    CHECK(NumberAt(inner, 2 * kPointer + 4, 2) == 10);
+    CHECK(NumberAt(inner, 2 * kPointer + 4, 2) == kMixes);
     CHECK(NumberAt(inner, 2 * kPointer + 6, 2) == 1);
-    CHECK(NumberAt(inner, 2 * kPointer + 8, 2) == 10);
+    CHECK(NumberAt(inner, 2 * kPointer + 8, 2) == kMixes);
     CHECK(NumberAt(inner, 2 * kPointer + 10, 4) == 100);
 }
 
@@ -100,7 +100,7 @@ static void CheckCalculation(void* outer) {
     CHECK(NumberAt(request, 1056, 4) == 0);
     CHECK(memory[0] == 0xEE && memory[1 + kRequestSize] == 0xEE);
 
-    SetNumber(request, 0, 2, 11);
+    SetNumber(request, 0, 2, kMixes + 1);
     CHECK(SlotsOf(outer)->mixCalculate(outer, request, result) == -304);
     CHECK(NumberAt(result, 0, 4) == 0);
 }
@@ -111,17 +111,17 @@ static void CheckMixTypes(const Library* library, void* outer) {
     void* list = NULL;
     memcpy((unsigned char*)outer + 3 * kPointer + 88, &noEvent, sizeof(noEvent));
     CHECK(SlotsOf(outer)->getMixTypes(outer, &list) == 0);
-    for (unsigned index = 0; index < 10; ++index) {
+    for (unsigned index = 0; index < kMixes; ++index) {
         const void* entry = PointerAt(list, index * kPointer);
         uint16_t numbers[3];
         memcpy(numbers, entry, sizeof(numbers));
         CHECK(numbers[0] == index + 1);
         CHECK(numbers[1] == 1);
-        CHECK(numbers[2] == "\1\3\2\2\1\1\3\2\2\3"[index]);
+        CHECK(numbers[2] == kSubTypes[index]);
     }
     CHECK(strcmp(PointerAt(PointerAt(list, 6 * kPointer), 8),
                  "Varnholt Maximum Number of CashUnits") == 0);
-    CHECK(PointerAt(list, 10 * kPointer) == NULL);
+    CHECK(PointerAt(list, kMixes * kPointer) == NULL);
     *(void**)&freeBuffer = dlsym(library->handle, "WFMFreeBuffer");
     CHECK(freeBuffer != NULL && freeBuffer(list) == 0);
 }

@@ -53,11 +53,12 @@ int32_t
 RegOpenKeyExW(void* key, const uint16_t* path, uint32_t options, uint32_t access, void** opened) {
     CHECK(options == 0);
     if (calls++ == 0) {
-        /* Before anything is read, the object has its mix numbers: 10 of them, from 1 to 10. */
+        /* Before anything is read, the object has its mix numbers: how many, the first, the last. */
+        const unsigned char expected[] = {kMixes, 0, 1, 0, kMixes, 0};
         const unsigned char* const numbers =
             (const unsigned char*)objects[1] + 2 * sizeof(void*) + 4;
         CHECK(created == 2);
-        CHECK(memcmp(numbers, "\12\0\1\0\12\0", 6) == 0);
+        CHECK(memcmp(numbers, expected, 6) == 0);
         CHECK((uintptr_t)key == 0x80000000u);
         CHECK(IsText(path, "WOSA/XFS_ROOT\\SERVICE_PROVIDERS\\CashDispenser\\"));
         CHECK(access == 0x20019);
@@ -197,10 +198,10 @@ int main(int count, char** arguments) {
     CHECK(SlotsOf(outer)->getMixTypes(outer, &list) == 0);
     CHECK(list == (unsigned char*)arena + 1);
     const unsigned char* const places = list;
-    const unsigned char* const last = PointerAt(places + 9 * sizeof(void*));
-    CHECK(last[0] == 10 && last[2] == 1 && last[4] == 3 && last[6] == 0xA5);
-    CHECK(strcmp((const char*)PointerAt(last + 8), "Varnholt Maximum Notes") == 0);
-    CHECK(PointerAt(places + 10 * sizeof(void*)) == NULL);
+    const unsigned char* const last = PointerAt(places + (kMixes - 1) * sizeof(void*));
+    CHECK(last[0] == kMixes && last[2] == 1 && last[4] == 3 && last[6] == 0xA5);
+    CHECK(strcmp((const char*)PointerAt(last + 8), kLastMixName) == 0);
+    CHECK(PointerAt(places + kMixes * sizeof(void*)) == NULL);
 
     library.destroy();
     SlotsOf(objects[1])->destroy(objects[1], 1);

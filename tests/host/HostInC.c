@@ -64,8 +64,8 @@ static unsigned CheckFields(const Host* host, QxmixObject* outer) {
     if (fields->self != outer || fields->inner != host->objects[1] || fields->usMaxCashUnits != 6) {
         return 2;
     }
-    if (inner->self != inner || inner->usNumMixTypes != 10 || inner->usFirstMixNumber != 1 ||
-        inner->usLastMixNumber != 10) {
+    if (inner->self != inner || inner->usNumMixTypes != MIXES || inner->usFirstMixNumber != 1 ||
+        inner->usLastMixNumber != MIXES) {
         return 3;
     }
     return inner->ulTraceLevel != 1 || inner->ulCstMinimum4Mix6 != 100 ? 4 : 0;
@@ -110,7 +110,7 @@ static unsigned CheckMixTypes(QxmixObject* outer, void* event, QxmixMixType*** l
     if (QxmixGetMixTypes(outer, list) != kQxmixSuccess) {
         return 11;
     }
-    for (index = 0; index < 10; ++index) {
+    for (index = 0; index < MIXES; ++index) {
         const QxmixMixType* const type = (*list)[index];
         if (type->usMixNumber != index + 1 || type->usMixType != 1) {
             return 12;
@@ -120,7 +120,7 @@ static unsigned CheckMixTypes(QxmixObject* outer, void* event, QxmixMixType*** l
         (*list)[1]->lpszName[10] != 's' || (*list)[1]->lpszName[11] != '\0') {
         return 13;
     }
-    return (*list)[10] != 0 ? 14 : 0;
+    return (*list)[MIXES] != 0 ? 14 : 0;
 }
 
 unsigned QXMIX_CDECL RunHostInC(void* event, QxmixMixType*** list) {

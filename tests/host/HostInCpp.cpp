@@ -61,8 +61,8 @@ unsigned CheckFields(const Host& host, IMixAlgorithm* outer) {
     if (fields.self != outer || fields.inner != host.objects[1] || fields.usMaxCashUnits != 6) {
         return 2;
     }
-    if (inner.self != &inner || inner.usNumMixTypes != 10 || inner.usFirstMixNumber != 1 ||
-        inner.usLastMixNumber != 10) {
+    if (inner.self != &inner || inner.usNumMixTypes != MIXES || inner.usFirstMixNumber != 1 ||
+        inner.usLastMixNumber != MIXES) {
         return 3;
     }
     return inner.ulTraceLevel != 1 || inner.ulCstMinimum4Mix6 != 100 ? 4 : 0;
@@ -104,7 +104,7 @@ unsigned CheckMixTypes(IMixAlgorithm& outer, void* event, QxmixMixType*** list) 
     if (outer.GetMixTypes(list) != kQxmixSuccess) {
         return 11;
     }
-    for (unsigned index = 0; index < 10; ++index) {
+    for (unsigned index = 0; index < MIXES; ++index) {
         const QxmixMixType& type = *(*list)[index];
         if (type.usMixNumber != index + 1 || type.usMixType != 1) {
             return 12;
@@ -115,7 +115,7 @@ unsigned CheckMixTypes(IMixAlgorithm& outer, void* event, QxmixMixType*** list) 
         second.lpszName[11] != '\0') {
         return 13;
     }
-    return (*list)[10] != 0 ? 14 : 0;
+    return (*list)[MIXES] != 0 ? 14 : 0;
 }
 
 }  // namespace

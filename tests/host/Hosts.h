@@ -5,6 +5,8 @@
 
 #include "qxmix.h"
 
+#define MIXES 10 /* of the module that these hosts were written for */
+
 #ifdef __cplusplus
 extern "C" {
 #endif

@@ -20,7 +20,7 @@ constexpr CatalogueEntry kCatalogue[] = {
     {2, "Varnholt Equal Emptying 3"},
     {3, "Varnholt Maximum Notes"},
 };
-constexpr std::uint32_t kMixes = 10;
+constexpr std::uint32_t kMixes = sizeof(kCatalogue) / sizeof(kCatalogue[0]);
 
 class Catalogue : public ImageTest {
 protected:

@@ -40,7 +40,8 @@ struct Tally {
     std::uint64_t never = 0;
     std::uint64_t different = 0;
     std::uint64_t paid = 0;
-    std::array<std::uint64_t, 11> equalByMix{};  // by mix number; 0 stands for all invalid ones
+    /// By mix number; 0 stands for all invalid ones.
+    std::array<std::uint64_t, reference::kLastMix + 1> equalByMix{};
 };
 
 void Count(const Answer& answer, Tally& tally) {
@@ -50,7 +51,7 @@ void Count(const Answer& answer, Tally& tally) {
         ++tally.paid;
     }
     const unsigned mix = reference::ReadU16(answer.request.data());
-    ++tally.equalByMix[mix <= 10 ? mix : 0];
+    ++tally.equalByMix[mix <= reference::kLastMix ? mix : 0];
 }
 
 class AgainstReference : public testing::TestWithParam<Kind> {

@@ -118,7 +118,7 @@ TEST_P(GuardPages, AreNotReachedByAnyRequest) {
 TEST_P(GuardPages, AreNotReachedByWrongCountsAndPositions) {
     const std::uint16_t numbers[] = {0,   1,   5,     6,      7,      8,      23,    24,
                                      255, 256, 32767, 0x8000, 0x8001, 0xFFFA, 0xFFFF};
-    for (unsigned mix = 1; mix <= 10; ++mix) {
+    for (unsigned mix = 1; mix <= reference::kLastMix; ++mix) {
         for (const std::uint16_t cassettes : numbers) {
             for (const std::uint16_t position : numbers) {
                 RandomCase random;

@@ -20,9 +20,9 @@ const char* NameOf(Kind kind) {
 
 std::uint16_t RandomMix(Draw& draw) {
     if (draw.Percent(4)) {
-        return draw.Percent(50) ? 0 : 11;
+        return draw.Percent(50) ? std::uint16_t{0} : std::uint16_t{reference::kLastMix + 1};
     }
-    return static_cast<std::uint16_t>(draw.Between(1, 10));
+    return static_cast<std::uint16_t>(draw.Between(1, reference::kLastMix));
 }
 
 namespace {

@@ -51,7 +51,7 @@ Search SearchOf(std::uint16_t mix) {
 }
 
 bool ValidMix(const Object& object, std::uint16_t mix) {
-    return mix >= object.first && mix <= object.last && mix >= 1 && mix <= 10;
+    return mix >= object.first && mix <= object.last && mix >= 1 && mix <= kLastMix;
 }
 
 void ScaleAmount(std::uint8_t* request) {

@@ -17,6 +17,7 @@
 namespace reference {
 
 constexpr unsigned kMaxUnits = 6;
+constexpr std::uint16_t kLastMix = 10;  ///< the first is 1
 constexpr unsigned kRequestBytes = 1060;
 constexpr unsigned kResultBytes = 24;
 constexpr unsigned kTableBytes = 6316;
@@ -24,7 +25,7 @@ constexpr unsigned kTableBytes = 6316;
 /// What a host may have changed in the module's object; the defaults are those of a new object.
 struct Object {
     std::uint16_t first = 1;         ///< lowest mix number that passes
-    std::uint16_t last = 10;         ///< highest mix number that passes
+    std::uint16_t last = kLastMix;   ///< highest mix number that passes
     std::uint32_t cstMinimum = 100;  ///< mixes 6 to 9 leave out units holding no more than this
 };
 

@@ -10,7 +10,7 @@ import re
 import shutil
 import subprocess
 
-from tool_runner import Checks, Tool, parse_arguments
+from tool_runner import HERE, Checks, Tool, parse_arguments
 
 
 def help_of(tool, *words):
@@ -120,7 +120,8 @@ def complete_in_bash(tool, words):
     return ending.stdout.split()
 
 
-MIXES = [str(mix) for mix in range(1, 11)] + ["all"]
+SCHEMA = json.loads((HERE.parent.parent / "schema" / "dispenser.schema.json").read_text())
+MIXES = [str(mix) for mix in range(1, SCHEMA["properties"]["mix"]["maximum"] + 1)] + ["all"]
 OFFERED = [
     (["ty"], ["types"]),
     (["--ver"], ["--version"]),

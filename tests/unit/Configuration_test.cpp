@@ -1,4 +1,5 @@
 #include "Configuration.h"
+#include "MixPlans.h"
 
 #include "Terminal.h"
 #include "TestHost.h"
@@ -242,7 +243,7 @@ TEST_F(FailingRegistry, WorksOnDefaultsWhenEveryCallFails) {
     Module module;
     EXPECT_EQ(module.Inner().ulTraceLevel, 1U);
     EXPECT_EQ(module.Inner().ulCstMinimum4Mix6, 100U);
-    EXPECT_EQ(module.Inner().usLastMixNumber, 10);
+    EXPECT_EQ(module.Inner().usLastMixNumber, kMixCount);
     QxmixResetCalls();
 }
 

@@ -2,6 +2,7 @@
 // changes them.
 
 #include "Answer.h"
+#include "MixPlans.h"
 #include "Terminal.h"
 #include "TestHost.h"
 
@@ -94,7 +95,8 @@ TEST_F(CreationTrace, ComesWithTheMixNumbersAndTheTraceLevelInPlace) {
         &seen);
     seen.host.Create();
     QxmixSetTraceListener(nullptr, nullptr);
-    EXPECT_EQ(seen.numbers, std::vector<std::vector<std::uint32_t>>(2, {10, 1, 10, 3}));
+    EXPECT_EQ(seen.numbers,
+              std::vector<std::vector<std::uint32_t>>(2, {kMixCount, 1, kMixCount, 3}));
 }
 
 /// Everything that a creation, a success and three kinds of failure trace and call.
@@ -104,7 +106,7 @@ Lines EventsOfALife() {
     Ask(Request().Mix(2).Bill(50, 10).Bill(20, 10).Bill(10, 20).Amount(140).Limit(5), module);
     Ask(Request().Bill(50, 9).Bill(20, 9).Limit(3).Amount(110), module);
     Ask(Request().Mix(5).Bill(20, 9).Status(3).Amount(20), module);
-    Ask(Request().Mix(11), module);
+    Ask(Request().Mix(4711), module);
     return timeline.All();
 }
 
@@ -122,10 +124,10 @@ TEST_F(CreationTrace, IsTheSameAtEveryTraceLevel) {
 TEST_F(CreationTrace, FailureTellsItsCodeBetweenTheSettingAndTheClosing) {
     Module module;
     Timeline timeline;
-    Ask(Request().Mix(11), module);
+    Ask(Request().Mix(4711), module);
     EXPECT_EQ(
         timeline.All(),
-        (Lines{"MixCalculate() : Invalid Mix Algorithm (11).", "RegOpenKeyExW", "RegSetValueExW",
+        (Lines{"MixCalculate() : Invalid Mix Algorithm (4711).", "RegOpenKeyExW", "RegSetValueExW",
                "CMixAlgorithm::RegWriteError() Error Code is 971A5.", "RegCloseKey"}));
 }
 

@@ -1,4 +1,5 @@
 #include "Allocator.h"
+#include "MixPlans.h"
 #include "Slots.h"
 #include "Terminal.h"
 #include "TestHost.h"
@@ -199,9 +200,9 @@ TEST_F(Life, WritesTheFieldsOfTheInnerObjectAndNoOtherByte) {
     const CMixAlgorithm& inner = module.Inner();
     EXPECT_EQ(inner.self, &inner);
     EXPECT_EQ(inner.ulTraceLevel, 1U);
-    EXPECT_EQ(inner.usNumMixTypes, 10);
+    EXPECT_EQ(inner.usNumMixTypes, kMixCount);
     EXPECT_EQ(inner.usFirstMixNumber, 1);
-    EXPECT_EQ(inner.usLastMixNumber, 10);
+    EXPECT_EQ(inner.usLastMixNumber, kMixCount);
     EXPECT_EQ(inner.ulCstMinimum4Mix6, 100U);
     EXPECT_TRUE(IsUnwritten(inner.acHost, sizeof(inner.acHost)));
 }

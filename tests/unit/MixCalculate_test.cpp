@@ -1,4 +1,5 @@
 #include "Answer.h"
+#include "MixPlans.h"
 #include "Terminal.h"
 
 namespace {
@@ -20,20 +21,21 @@ Request PayableRequest(unsigned mix) {
     return Request().Mix(mix).Bill(20, 500).Amount(60);
 }
 
-TEST_F(MixCalculate, OffersTenMixes) {
+TEST_F(MixCalculate, OffersAllMixes) {
     for (const unsigned mix : kMixes) {
         EXPECT_EQ(Ask(PayableRequest(mix)), Paid({3})) << mix;
     }
 }
 
 TEST_F(MixCalculate, RefusesEveryOtherNumber) {
-    for (const unsigned mix : {0U, 11U, 12U, 256U, 257U, 266U, 0x8001U, 0xFFFFU}) {
+    for (const unsigned mix :
+         {0U, kMixCount + 1U, kMixCount + 2U, 256U, 257U, 266U, 0x8001U, 0xFFFFU}) {
         EXPECT_EQ(Ask(PayableRequest(mix)), kInvalidMix) << mix;
     }
 }
 
 TEST_F(MixCalculate, LeavesTheRequestOfAnInvalidMixUnchanged) {
-    EXPECT_EQ(Ask(PayableRequest(11).Exponent(2)).amount, 60U);
+    EXPECT_EQ(Ask(PayableRequest(4711).Exponent(2)).amount, 60U);
 }
 
 TEST_F(MixCalculate, AcceptsTheRangeOfTheObject) {
@@ -59,10 +61,10 @@ TEST_F(MixCalculate, RefusesNumbersInsideAWiderRangeThatNoMixHas) {
     Module module;
     module.Inner().usFirstMixNumber = std::uint16_t{0};
     module.Inner().usLastMixNumber = std::uint16_t{0xFFFF};
-    for (const unsigned mix : {0U, 11U, 0x7FFFU, 0x8000U, 0xFFFFU}) {
+    for (const unsigned mix : {0U, kMixCount + 1U, 0x7FFFU, 0x8000U, 0xFFFFU}) {
         EXPECT_EQ(Ask(PayableRequest(mix), module), kInvalidMix) << mix;
     }
-    EXPECT_EQ(Ask(PayableRequest(10), module), Paid({3}));
+    EXPECT_EQ(Ask(PayableRequest(kMixCount), module), Paid({3}));
 }
 
 TEST_F(MixCalculate, MultipliesTheAmountByAPositivePowerOfTen) {
@@ -229,7 +231,7 @@ TEST_F(MixCalculate, TakesRecordsAtAnyAddress) {
 
 TEST_F(MixCalculate, KeepsAnOlderCodeWhenItSucceeds) {
     Module module;
-    Ask(PayableRequest(11), module);
+    Ask(PayableRequest(4711), module);
     MixRequest record = PayableRequest(1).record;
     MixResult result;
     EXPECT_EQ(module.Outer().MixCalculate(&record, &result), 0);
@@ -239,7 +241,7 @@ TEST_F(MixCalculate, KeepsAnOlderCodeWhenItSucceeds) {
 TEST_F(MixCalculate, ReturnsItsResultWhenNoCodeCanBeRecorded) {
     Module module;
     QxmixRegistryDeleteKey(kErrorCodeKey);
-    EXPECT_EQ(Ask(PayableRequest(11), module), Refused(-304, ""));
+    EXPECT_EQ(Ask(PayableRequest(4711), module), Refused(-304, ""));
     EXPECT_EQ(Ask(Request().Bill(20, 9).Amount(70), module), Refused(-306, ""));
     EXPECT_EQ(QxmixRegistryKeyExists(kErrorCodeKey), 0);
 }

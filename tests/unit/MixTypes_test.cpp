@@ -1,3 +1,4 @@
+#include "MixPlans.h"
 #include "Terminal.h"
 #include "TestHost.h"
 
@@ -22,7 +23,8 @@ const MixType kMixTypes[] = {
     {2, "Varnholt Equal Emptying 3"},
     {3, "Varnholt Maximum Notes"},
 };
-constexpr std::uint32_t kAllocations = 21;
+static_assert(sizeof(kMixTypes) / sizeof(kMixTypes[0]) == kMixCount, "a mix has a row here, too");
+constexpr std::uint32_t kAllocations = 1 + 2 * kMixCount;
 constexpr char kUnwrittenByte = static_cast<char>(kQxmixUnwrittenByte);
 
 /// Whether memory still holds what the XFS manager left in it.
@@ -50,12 +52,12 @@ protected:
     WFSCDMMIXTYPE** list_ = nullptr;
 };
 
-TEST_F(GetMixTypes, ListsTheTenMixes) {
+TEST_F(GetMixTypes, ListsAllMixes) {
     ASSERT_EQ(Get(), 0);
-    for (unsigned index = 0; index < 10; ++index) {
+    for (unsigned index = 0; index < kMixCount; ++index) {
         ExpectEntry(index);
     }
-    EXPECT_EQ(list_[10], nullptr);
+    EXPECT_EQ(list_[kMixCount], nullptr);
 }
 
 TEST_F(GetMixTypes, LeavesTheTwoBytesBeforeTheNameUnwritten) {
@@ -66,7 +68,7 @@ TEST_F(GetMixTypes, LeavesTheTwoBytesBeforeTheNameUnwritten) {
 TEST_F(GetMixTypes, AllocatesListThenEachRecordAndItsName) {
     CallLog log;
     ASSERT_EQ(Get(), 0);
-    Lines expected = {"WFMAllocateBuffer(size " + std::to_string(11 * sizeof(void*)) +
+    Lines expected = {"WFMAllocateBuffer(size " + std::to_string((kMixCount + 1) * sizeof(void*)) +
                       ", flags 3) = 0"};
     for (const MixType& mixType : kMixTypes) {
         expected.push_back("WFMAllocateMore(size " + std::to_string(8 + sizeof(void*)) + ") = 0");
@@ -107,7 +109,7 @@ TEST_F(GetMixTypes, LeavesTheListAsFarAsItGotWhenAnAllocationFails) {
             ExpectNumbers(reached);
             EXPECT_TRUE(IsUnwritten(&list_[reached]->lpszName, sizeof(char*)));
         }
-        for (unsigned index = reached + (nameFailed ? 1 : 0); index <= 10; ++index) {
+        for (unsigned index = reached + (nameFailed ? 1 : 0); index <= kMixCount; ++index) {
             EXPECT_EQ(list_[index], nullptr) << n;
         }
         EXPECT_EQ(QxmixMemoryLiveBlocks(), n);

@@ -1,6 +1,7 @@
 /// What a calculation makes of the amount: held to what the units hold, and what stays unpaid.
 
 #include "Answer.h"
+#include "MixPlans.h"
 #include "Terminal.h"
 
 namespace {
@@ -18,7 +19,7 @@ TEST_F(PaidAmount, IsRefusedBeyondWhatTheUnitsHold) {
 }
 
 TEST_F(PaidAmount, IsLoweredToWhatTheUnitsHoldWhenAllowed) {
-    for (unsigned mix = 1; mix <= 10; ++mix) {
+    for (unsigned mix = 1; mix <= kMixCount; ++mix) {
         const Answer answer =
             Ask(Request().Mix(mix).Bill(100, 110).Limit(200).Amount(12000).Partial());
         EXPECT_EQ(answer, Paid({110})) << mix;

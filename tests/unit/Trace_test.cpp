@@ -100,7 +100,7 @@ TEST_F(TraceTest, TellsOnlyTheLastRefusedCombinationOfASearch) {
 TEST_F(TraceTest, FormatsNothingWhenNobodyListens) {
     Module module;
     formattings = 0;
-    Ask(Request().Mix(11), module);
+    Ask(Request().Mix(4711), module);
     Ask(Request().Cassette(2, 1, 1).Bill(20, 9).Limit(1).Amount(40), module);
     Ask(Request().Bill(20, 9).Amount(40), module);
     Module another;
@@ -111,7 +111,7 @@ TEST_F(TraceTest, FormatsForAListener) {
     Module module;
     formattings = 0;
     TraceLines lines;
-    Ask(Request().Mix(11), module);
+    Ask(Request().Mix(4711), module);
     EXPECT_EQ(formattings, lines.All().size());
 }
 
