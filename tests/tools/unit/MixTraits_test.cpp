@@ -76,7 +76,7 @@ TEST(MixTraits, TellHowManyUnitsTheModuleSearches) {
 
 TEST(MixTraits, TellWhoRefusesAFirstUnitThatIsWorthNothingWithoutACode) {
     for (const std::uint16_t mix : AllMixes()) {
-        const Calculation answer = AnswerTo("EUR:0x200:ok:couponCassette", mix, 50);
+        const Calculation answer = AnswerTo("EUR:0x200:ok:coupon", mix, 0);
         EXPECT_EQ(answer.returned, -306) << mix;
         EXPECT_EQ(answer.written.empty(), Traits(mix).refusesInSilence) << mix;
     }
