@@ -96,20 +96,25 @@ private:
             if (sum <= floor + most_.best) {
                 KeepAt(step, static_cast<std::uint32_t>(sum - floor));
             } else {
-                const std::uint32_t growth = GrowthAt(share, lastShare);
-                const std::uint32_t fall =
-                    kDirection == Direction::Downwards ? 0U - growth : growth;
-                if (fall == 0 || (fall >> 31U) != 0) {
-                    return;
-                }
-                const std::uint64_t excess = sum - floor - most_.best - 1;
-                steps = static_cast<std::uint32_t>(std::min(excess, Shares::kWord - 1)) / fall + 1;
+                steps = StepsDown<kDirection>(sum - floor - most_.best, share, lastShare);
             }
-            if (steps > last_ - passed) {
+            if (steps == 0 || steps > last_ - passed) {
                 return;
             }
             passed += steps;
         }
+    }
+
+    /// After how many steps at least the sum is lower by `excess`, 0 when it never is.
+    template <Direction kDirection>
+    std::uint32_t
+    StepsDown(std::uint64_t excess, std::uint32_t share, std::uint32_t lastShare) const noexcept {
+        const std::uint32_t growth = GrowthAt(share, lastShare);
+        const std::uint32_t fall = kDirection == Direction::Downwards ? 0U - growth : growth;
+        if (fall == 0 || (fall >> 31U) != 0) {
+            return 0;
+        }
+        return static_cast<std::uint32_t>(std::min(excess - 1, Shares::kWord - 1)) / fall + 1;
     }
 
     std::uint64_t SumOf(std::uint32_t share, std::uint32_t lastShare) const noexcept {
