@@ -21,12 +21,12 @@ struct ShareRule : WithinLimitRule<Shares> {
 
 /// Goes through the lines of the last two units. For walks that make the whole amount.
 struct LineRule : ShareRule {
-    static constexpr bool kTakesLines = true;
-
     ShareLine line;
 
     LineRule(MostEven<Shares>& search, const ExactWalk& walk) noexcept
         : ShareRule(search, walk), line(search, walk) {}
+
+    static constexpr bool TakesLines() noexcept { return true; }
 
     /// Nothing replaces a score of 0 but another one that the loops meet earlier.
     Verdict VisitLine(const Counts& head, std::uint32_t counts) noexcept {

@@ -24,7 +24,7 @@ struct WalkRule {
     /// Whether `Verdict VisitLine(const Counts& head, std::uint32_t counts)` takes the place of
     /// Visit: it is shown the first of the combinations that only exchange items of the last two
     /// units, and how many they are.
-    static constexpr bool kTakesLines = false;
+    static constexpr bool TakesLines() noexcept { return false; }
 };
 
 /// Walks just the combinations of two and more units that make an amount, in the order in which the
@@ -184,7 +184,7 @@ private:
         std::uint32_t& lastCount = combination_[walk_.last_];
         count = FirstOf(range);
         lastCount = (rests_[level_] - walk_.values_[level_] * count) / walk_.values_[walk_.last_];
-        if constexpr (Rule::kTakesLines) {
+        if constexpr (Rule::TakesLines()) {
             return rule_.VisitLine(combination_, counts);
         } else {
             return VisitEach(counts);

@@ -16,9 +16,10 @@ public:
             for (unsigned unit = 0; unit < n_; ++unit) {
                 const std::uint32_t most = std::min(units.counts[unit], units.limit);
                 const std::uint32_t weight = shares.Weight(unit);
-                supplies_[unit] = {std::uint64_t{units.values[unit]} * most,
-                                   (std::uint64_t{weight} << 32U) / units.values[unit],
-                                   weight * most};
+                Supply& supply = supplies_[unit];
+                supply.worth = std::uint64_t{units.values[unit]} * most;
+                supply.rate = (std::uint64_t{weight} << 32U) / units.values[unit];
+                supply.share = weight * most;
             }
         }
     }
