@@ -156,7 +156,7 @@ static unsigned char* PointerAt(const unsigned char* place) {
 
 int32_t WFMAllocateBuffer(uint32_t size, uint32_t flags, void** block) {
     CHECK(used == 0);
-    CHECK(size == 11 * sizeof(void*));
+    CHECK(size == (kMixes + 1) * sizeof(void*));
     CHECK(flags == 3);
     *block = Take(size);
     return 0;
