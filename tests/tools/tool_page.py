@@ -62,6 +62,9 @@ def check_content(tool, browser, checks, words):
             # Which misses come first, and so get the whole deadline, is a matter of time.
             row["deadlines"] = sum(length for _, length in row["deadlines"])
     checks.equal("the data is that of --json", known, expected)
+    shown = browser.shown_text()
+    checks.check("what is proved is called so in the legend too",
+                 "never answers" in shown and "no answer" not in shown)
 
 
 def check_cells(tool, browser, checks):

@@ -105,7 +105,7 @@ std::string
 OutcomeCountTable(const std::string& caption,
                   const std::vector<std::uint16_t>& mixes,
                   const std::function<std::uint64_t(std::size_t place, Outcome outcome)>& count,
-                  OutcomeWords words) {
+                  const OutcomeWords& words) {
     std::vector<std::string> headings = {"mix"};
     for (const OutcomeRow& outcome : OutcomeTable()) {
         headings.push_back(std::string(words(outcome)) + "#");
@@ -120,7 +120,7 @@ OutcomeCountTable(const std::string& caption,
     return HtmlTable("", caption, headings, lines);
 }
 
-Json OutcomesJson(OutcomeWords words) {
+Json OutcomesJson(const OutcomeWords& words) {
     Json json = Json::array();
     for (const OutcomeRow& row : OutcomeTable()) {
         json.push_back({{"name", row.name},

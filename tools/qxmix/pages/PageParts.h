@@ -38,7 +38,7 @@ struct PageParts {
 std::string PageText(const PageParts& parts, const Envelope& envelope);
 
 /// How people call an outcome.
-using OutcomeWords = const char* (*)(const OutcomeRow& row);
+using OutcomeWords = std::function<const char*(const OutcomeRow& row)>;
 
 /// As everywhere.
 inline const char* WordsOf(const OutcomeRow& row) {
@@ -52,9 +52,9 @@ std::string
 OutcomeCountTable(const std::string& caption,
                   const std::vector<std::uint16_t>& mixes,
                   const std::function<std::uint64_t(std::size_t place, Outcome outcome)>& count,
-                  OutcomeWords words);
+                  const OutcomeWords& words);
 
 /// The outcomes as pages know them: name, letter, words and badness.
-Json OutcomesJson(OutcomeWords words);
+Json OutcomesJson(const OutcomeWords& words);
 
 }  // namespace qxmix

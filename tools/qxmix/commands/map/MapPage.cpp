@@ -64,6 +64,7 @@ std::string
 MapPage(const MapReport& report, const Envelope& envelope, const std::string& commandLine) {
     const MapQuestions& questions = report.questions;
     const MapAnswers& answers = report.answers;
+    const auto words = [&report](const OutcomeRow& row) { return report.WordsOf(row); };
     PageParts parts;
     const std::string& name = questions.dispenser.name;
     parts.title = name.empty() ? "What this dispenser pays" : name;
@@ -75,12 +76,12 @@ MapPage(const MapReport& report, const Envelope& envelope, const std::string& co
         [&answers](std::size_t place, Outcome outcome) {
             return answers.rows[place].Count(outcome);
         },
-        &WordsOf);
+        words);
     parts.main = kMapHtml;
     parts.dispenser = DispenserHtml(questions.dispenser, FactsOf(questions, answers), commandLine);
     parts.style = kMapCss;
     parts.script = Script();
-    parts.page = {{"outcomes", OutcomesJson(&WordsOf)}};
+    parts.page = {{"outcomes", OutcomesJson(words)}};
     parts.fitting = [&questions](std::size_t size) { return FittingText(questions, size); };
     return PageText(parts, envelope);
 }

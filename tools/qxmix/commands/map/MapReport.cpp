@@ -184,6 +184,9 @@ ExitStatus ExitStatusOf(const MapAnswers& answers) {
 
 MapReport::MapReport(MapQuestions asked, MapAnswers came, std::vector<Finding> otherwise)
     : questions(std::move(asked)), answers(std::move(came)), differences(std::move(otherwise)),
+      areMissesProved(std::all_of(answers.rows.begin(),
+                                  answers.rows.end(),
+                                  [](const MapRow& row) { return row.AreMissesProved(); })),
       unpaid(UnpaidLines(questions, answers)), findings(FindingsOf(questions, answers)),
       status(ExitStatusOf(answers)) {
     AddVerdict(*this);

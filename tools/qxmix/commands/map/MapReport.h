@@ -22,6 +22,13 @@ struct MapReport {
     Outcome colour = Outcome::Paid;  ///< the word's
     std::string rest;
 
+    /// What the map calls an outcome: a missed deadline is "never answers" where each one is
+    /// proved.
+    const char* WordsOf(const OutcomeRow& row) const {
+        return row.outcome == Outcome::NoAnswer && areMissesProved ? "never answers" : row.words;
+    }
+    bool areMissesProved;
+
     /// A line for each set of mixes that refuse the same amounts: "Not paid by mix 1: 10, 30 EUR".
     std::vector<std::string> unpaid;
 

@@ -74,7 +74,8 @@ std::string RowLine(std::uint16_t mix, const std::vector<Outcome>& cells, const 
     return line + "\n";
 }
 
-std::string LegendText(const MapAnswers& answers, std::uint64_t stretch, const Painter& painter) {
+std::string LegendText(const MapReport& report, std::uint64_t stretch, const Painter& painter) {
+    const MapAnswers& answers = report.answers;
     std::vector<OutcomeRow> seen;
     for (const OutcomeRow& row : OutcomeTable()) {
         if (std::any_of(answers.rows.begin(), answers.rows.end(),
@@ -85,10 +86,8 @@ std::string LegendText(const MapAnswers& answers, std::uint64_t stretch, const P
     std::sort(seen.begin(), seen.end(), [](const OutcomeRow& left, const OutcomeRow& right) {
         return left.badness < right.badness;
     });
-    const bool isProved = std::all_of(answers.rows.begin(), answers.rows.end(),
-                                      [](const MapRow& cells) { return cells.AreMissesProved(); });
     for (OutcomeRow& row : seen) {
-        row.words = row.outcome == Outcome::NoAnswer && isProved ? "never answers" : row.words;
+        row.words = report.WordsOf(row);
     }
     std::vector<std::string> parts;
     for (const OutcomeRow& row : seen) {
@@ -138,7 +137,7 @@ std::string MapText(const MapReport& report, const Painter& painter) {
     for (std::size_t row = 0; row < answers.rows.size(); ++row) {
         text += RowLine(questions.mixes[row], WorstOf(answers.rows[row], stretch), painter);
     }
-    return text + LegendText(answers, stretch, painter) +
+    return text + LegendText(report, stretch, painter) +
            FindingsText(report.differences, false, painter) + InterruptionText(questions, answers);
 }
 
