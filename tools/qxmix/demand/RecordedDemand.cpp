@@ -20,12 +20,6 @@ std::int64_t DayOfTime(std::int64_t time) {
     return (time - (time % kSecondsInDay + kSecondsInDay) % kSecondsInDay) / kSecondsInDay;
 }
 
-Finding Note(const char* id, const std::string& message) {
-    Finding note = FindingOf(id);
-    note.message = message;
-    return note;
-}
-
 /// Reads the rows of one sheet.
 class RecordedRows {
 public:
@@ -47,8 +41,8 @@ public:
                                      "and a line for each, or JSON");
         }
         if (!columns.others.empty()) {
-            demand_.notes.push_back(
-                Note("QX702", file_ + ": columns passed over: " + HeadingList(columns.others)));
+            demand_.notes.push_back(FindingOf(
+                "QX702", file_ + ": columns passed over: " + HeadingList(columns.others)));
         }
         Fill();
         Sort();
@@ -96,9 +90,9 @@ private:
             demand_.withdrawals.push_back({times[place], amounts[place], currencies_[place]});
         }
         if (const std::string money = amounts_.MoneyText(); !money.empty()) {
-            demand_.notes.push_back(Note("QX703", file_ + ": amounts are read as money in " +
-                                                      dispenser_.currency + ", since one is " +
-                                                      money));
+            demand_.notes.push_back(FindingOf("QX703", file_ + ": amounts are read as money in " +
+                                                           dispenser_.currency + ", since one is " +
+                                                           money));
         }
     }
 
@@ -115,7 +109,7 @@ private:
             latest = std::max(latest, withdrawals[place].time);
         }
         if (late > 0) {
-            demand_.notes.push_back(Note(
+            demand_.notes.push_back(FindingOf(
                 "QX701", file_ + ":" + std::to_string(firstLate) + ": " + std::to_string(late) +
                              (late == 1 ? " row stands" : " rows stand") +
                              " below a later one; all were sorted by time"));

@@ -79,4 +79,10 @@ Finding FindingOf(const char* id) {
     return finding;
 }
 
+Finding FindingOf(const char* id, const std::string& message) {
+    Finding finding = FindingOf(id);
+    finding.message = message;
+    return finding;
+}
+
 }  // namespace qxmix

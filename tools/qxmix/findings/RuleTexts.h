@@ -16,7 +16,9 @@ const char* AdviceOf(const char* id);
 
 /// The beginning of a finding: id, severity and advice of the rule.
 ///
-/// @param id  of a rule in RuleTexts.cpp.
+/// @param id       of a rule in RuleTexts.cpp.
+/// @param message  what it says.
 Finding FindingOf(const char* id);
+Finding FindingOf(const char* id, const std::string& message);
 
 }  // namespace qxmix

@@ -15,12 +15,6 @@ namespace qxmix {
 
 namespace {
 
-Finding Note(const char* id, const std::string& message) {
-    Finding note = FindingOf(id);
-    note.message = message;
-    return note;
-}
-
 /// Reads the rows of one journal.
 class JournalRows {
 public:
@@ -50,8 +44,8 @@ public:
             throw InputError(file_ + ": no withdrawals; expected a line for each");
         }
         if (!columns.others.empty()) {
-            journal_.notes.push_back(
-                Note("QX702", file_ + ": columns passed over: " + HeadingList(columns.others)));
+            journal_.notes.push_back(FindingOf(
+                "QX702", file_ + ": columns passed over: " + HeadingList(columns.others)));
         }
         TakeAmounts();
         TakeTimes();
@@ -138,9 +132,9 @@ private:
             rows_[place].entry.amount = amounts[place];
         }
         if (const std::string money = amounts_.MoneyText(); !money.empty()) {
-            journal_.notes.push_back(Note("QX703", file_ + ": amounts are read as money in " +
-                                                       dispenser_.currency + ", since one is " +
-                                                       money));
+            journal_.notes.push_back(FindingOf("QX703", file_ + ": amounts are read as money in " +
+                                                            dispenser_.currency +
+                                                            ", since one is " + money));
         }
     }
 
@@ -159,8 +153,8 @@ private:
         if (!std::is_sorted(rows_.begin(), rows_.end(), isEarlier)) {
             const auto late = std::is_sorted_until(rows_.begin(), rows_.end(), isEarlier);
             journal_.notes.push_back(
-                Note("QX701", file_ + ":" + std::to_string(late->entry.line) +
-                                  ": stands below a later row; all were sorted by time"));
+                FindingOf("QX701", file_ + ":" + std::to_string(late->entry.line) +
+                                       ": stands below a later row; all were sorted by time"));
             std::stable_sort(rows_.begin(), rows_.end(), isEarlier);
         }
         for (Row& row : rows_) {
