@@ -17,7 +17,7 @@ struct MixQuestions {
     std::uint32_t amount = 0;
     bool asksList = false;             ///< the answer is a list, however many mixes it has
     std::vector<MixRequest> requests;  ///< one a mix, in the order of the answers
-    Milliseconds deadline{2000};
+    Milliseconds deadline = kUsualDeadline;
 };
 
 /// What is known of the questions.

@@ -9,9 +9,8 @@ namespace qxmix {
 
 namespace {
 
-constexpr Milliseconds kDeadline{100};
 constexpr Milliseconds kWholeTime{2000};
-constexpr std::uint32_t kMostSteps = 500;
+constexpr std::uint32_t kMostAmounts = 500;
 
 /// Asks while there is time.
 class TimedAsker {
@@ -27,7 +26,7 @@ public:
         request.usMixNumber = mix;
         request.ulAmount = amount;
         const auto left = std::chrono::ceil<Milliseconds>(end_ - Clock::now());
-        const Milliseconds deadline = std::clamp(left, Milliseconds(1), kDeadline);
+        const Milliseconds deadline = std::clamp(left, Milliseconds(1), kSideDeadline);
         return AskSilently(asker_, dispenser_, request, deadline);
     }
 
@@ -45,7 +44,7 @@ public:
     Side(std::int64_t next, std::int64_t step) : next_(next), step_(step) {}
 
     bool IsDone() const {
-        return found || tried_ == kMostSteps || next_ < 1 || next_ > std::int64_t{UINT32_MAX};
+        return found || tried_ == kMostAmounts || next_ < 1 || next_ > std::int64_t{UINT32_MAX};
     }
 
     void TryNext(TimedAsker& asker, std::uint16_t mix) {

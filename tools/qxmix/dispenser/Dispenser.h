@@ -2,6 +2,7 @@
 
 #include "Money.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -54,6 +55,12 @@ struct Dispenser {
 
     std::uint16_t MixOrDefault() const { return mix.value_or(1); }
 };
+
+/// A request has places for so many.
+constexpr std::size_t kMostCassettes = 6;
+
+/// The dispense limit that refuses least: more items than the field can hold are over any.
+constexpr std::uint16_t kNoLimit = UINT16_MAX;
 
 constexpr std::uint16_t kFirstMix = 1;
 constexpr std::uint16_t kLastMix = 10;

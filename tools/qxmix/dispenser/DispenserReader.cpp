@@ -15,7 +15,6 @@ namespace qxmix {
 
 namespace {
 
-constexpr std::size_t kMostCassettes = 6;
 constexpr std::size_t kLongestName = 120;
 constexpr std::size_t kLongestLabel = 40;
 

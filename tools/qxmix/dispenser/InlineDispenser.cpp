@@ -11,7 +11,6 @@ namespace qxmix {
 namespace {
 
 constexpr std::size_t kCurrencyLength = 3;
-constexpr std::size_t kMostCassettes = 6;
 
 std::string Quoted(const std::string& text) {
     return "\"" + text + "\"";

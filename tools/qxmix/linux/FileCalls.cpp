@@ -1,5 +1,7 @@
 #include "files/FileCalls.h"
 
+#include "FileModes.h"
+
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
@@ -7,12 +9,6 @@
 #include <unistd.h>
 
 namespace qxmix {
-
-namespace {
-
-constexpr mode_t kUsualMode = 0666;
-
-}  // namespace
 
 int OpenThere(const std::string& file) {
     return open(file.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC);

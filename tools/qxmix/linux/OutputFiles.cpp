@@ -1,5 +1,7 @@
 #include "files/Output.h"
 
+#include "FileModes.h"
+#include "OutputFolder.h"
 #include "PartFile.h"
 #include "errors/Errors.h"
 #include "files/FileCalls.h"
@@ -17,11 +19,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr mode_t kUsualMode = 0666;
-constexpr mode_t kOwnersMode = 0600;
 constexpr mode_t kAllModeBits = 07777;
-
-using FileState = struct stat;
 
 /// What has this name already; nothing: none. It is opened and closed again, so that the system's
 /// own rules hold for what may be written, and for links in folders that everybody may write to.
@@ -47,40 +45,6 @@ std::optional<FileState> WhatIsThere(const std::string& file) {
     }
     return there;
 }
-
-/// A folder by which its files are named from then on, whatever becomes of its own name.
-class Folder {
-public:
-    Folder(const std::string& path, const std::string& nameInErrors)
-        : descriptor_(open(path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)) {
-        if (descriptor_ < 0) {
-            FailToWrite(nameInErrors);
-        }
-    }
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-    ~Folder() { close(descriptor_); }
-
-    int Descriptor() const { return descriptor_; }
-
-    bool Holds(const std::string& name, const FileState& expected) const {
-        FileState there{};
-        return fstatat(descriptor_, name.c_str(), &there, AT_SYMLINK_NOFOLLOW) == 0 &&
-               there.st_dev == expected.st_dev && there.st_ino == expected.st_ino;
-    }
-
-    /// New names outlive a power failure, where the file system can see to that.
-    void Synchronise() const {
-        const int readable = openat(descriptor_, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-        if (readable >= 0) {
-            fsync(readable);
-            close(readable);
-        }
-    }
-
-private:
-    int descriptor_;
-};
 
 /// Where a name leads; a link stays a link when its file is replaced.
 fs::path FollowLinks(const std::string& file) {
@@ -125,7 +89,7 @@ private:
     }
 
     std::string name_;
-    Folder folder_;
+    OutputFolder folder_;
     PartFile part_;
 };
 

@@ -11,7 +11,6 @@ namespace {
 
 using Form = WrittenAmount::Form;
 
-constexpr std::size_t kGroup = 3;
 constexpr int kThousandths = -3;
 
 const char* NameOf(char mark) {
@@ -105,7 +104,7 @@ bool AmountColumn::IsGroupMark(char mark) const {
         }
         longest = isEither ? longest : std::max(longest, row.amount.text.size());
     }
-    return longest > 0 && longest <= kGroup && dispenser_.exponent > kThousandths;
+    return longest > 0 && longest <= WrittenAmount::kGroup && dispenser_.exponent > kThousandths;
 }
 
 bool AmountColumn::HasForm(Form form) const {

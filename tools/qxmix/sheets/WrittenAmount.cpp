@@ -13,7 +13,6 @@ namespace {
 using Form = WrittenAmount::Form;
 
 constexpr char kApart = '\'';  // parts groups and nothing else
-constexpr std::size_t kGroup = 3;
 
 /// The text with every apostrophe and blank within it made one character.
 std::string WithOneApart(const std::string& text) {
@@ -40,8 +39,9 @@ bool AreGroups(const std::vector<std::string>& parts) {
                            [size](const std::string& part) { return part.size() == size; });
     };
     const std::size_t first = parts.front().size();
-    return parts.back().size() == kGroup &&
-           ((first <= kGroup && haveSize(kGroup)) || (first <= 2 && haveSize(2)));
+    return parts.back().size() == WrittenAmount::kGroup &&
+           ((first <= WrittenAmount::kGroup && haveSize(WrittenAmount::kGroup)) ||
+            (first <= 2 && haveSize(2)));
 }
 
 /// With no other mark among them.

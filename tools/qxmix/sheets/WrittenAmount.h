@@ -2,6 +2,7 @@
 
 #include "dispenser/Money.h"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 
@@ -15,6 +16,8 @@ struct WrittenAmount {
         Decimals,  ///< 50.00 or 1.234,00
         Either     ///< 1.234: grouped, or with decimals
     };
+
+    static constexpr std::size_t kGroup = 3;  ///< digits
 
     std::string text;
     Form form = Form::Plain;

@@ -7,7 +7,7 @@ namespace qxmix {
 
 namespace {
 
-constexpr std::uint64_t kMillisecondsInSecond = 1000;
+constexpr std::uint64_t kSecond = 1000;  // in milliseconds
 
 }  // namespace
 
@@ -26,7 +26,7 @@ std::string ProgressText(const std::string& command,
                          std::optional<std::uint64_t> total,
                          std::chrono::milliseconds passed) {
     const auto time = static_cast<std::uint64_t>(std::max<std::int64_t>(passed.count(), 1));
-    const std::uint64_t speed = work.done * kMillisecondsInSecond / time;
+    const std::uint64_t speed = work.done * kSecond / time;
     std::string text = command + "  ";
     if (total) {
         text += std::to_string(*total == 0 ? 100 : work.done * 100 / *total) + "%  " +

@@ -6,11 +6,7 @@
 
 namespace qxmix {
 
-namespace {
-
-constexpr Milliseconds kDeadline{100};
-
-}  // namespace
+namespace {}  // namespace
 
 std::vector<std::uint32_t> SearchedItems(const Units& units,
                                          std::uint32_t amount,
@@ -21,7 +17,7 @@ std::vector<std::uint32_t> SearchedItems(const Units& units,
     if (limit) {
         request.usMaxDispenseItems = *limit;
     }
-    const Reply reply = asker.Ask(request, kDeadline, Asker::Tracing::Silent);
+    const Reply reply = asker.Ask(request, kSideDeadline, Asker::Tracing::Silent);
     if (reply.ending.kind != Ending::Kind::Answered || reply.calculation.returned != kSuccess) {
         return {};
     }

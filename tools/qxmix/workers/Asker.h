@@ -9,6 +9,10 @@
 
 namespace qxmix {
 
+/// What a question may take where nobody says otherwise, and what one beside the answer may take.
+constexpr Milliseconds kUsualDeadline{2000};
+constexpr Milliseconds kSideDeadline{100};
+
 /// Is told, about ten times a second, which answer is waited for and how long so far.
 using WaitListener =
     std::function<void(const MixRequest& request, Milliseconds waited, Milliseconds deadline)>;

@@ -24,7 +24,7 @@ std::string CommandNames(const CompletionWords& words, const std::string& separa
 }
 
 /// Sets COMPREPLY to the words, or leaves it to the shell's own file names.
-std::string Reply(const CompletionValue& value) {
+std::string ReplyWords(const CompletionValue& value) {
     return value.isFile          ? "return"
            : value.words.empty() ? "compopt +o default 2>/dev/null; return"
                                  : "words=\"" + Join(value.words, " ") + "\"";
@@ -37,7 +37,7 @@ std::string ValueCases(const CompletionWords& words) {
     for (const CompletionCommand& command : words.commands) {
         for (const CompletionOption& option : command.options) {
             if (!option.typeName.empty()) {
-                cases[NamesOf(option, " | ")] = Reply(option.value);
+                cases[NamesOf(option, " | ")] = ReplyWords(option.value);
             }
         }
     }

@@ -9,9 +9,6 @@ namespace qxmix {
 
 namespace {
 
-constexpr Milliseconds kDeadline{100};
-constexpr std::uint16_t kNoLimit = UINT16_MAX;
-
 /// What the units hold together, as they count.
 Money Counted(const Dispenser& dispenser, const Units& units) {
     Money total;
@@ -33,7 +30,7 @@ public:
         request.usMaxDispenseItems = kNoLimit;
         Dispenser dispenser = questions_.dispenser;
         dispenser.maxDispenseItems = kNoLimit;
-        const Answer answer = AskSilently(asker_, dispenser, request, kDeadline);
+        const Answer answer = AskSilently(asker_, dispenser, request, kSideDeadline);
         return answer.outcome == Outcome::Paid || (answer.outcome == Outcome::PaidInPart &&
                                                    answer.paid == SearchedMoney(dispenser, sought));
     }
@@ -46,7 +43,7 @@ public:
             return false;
         }
         request.bAllowPartial = 1;
-        const Answer answer = AskSilently(asker_, questions_.dispenser, request, kDeadline);
+        const Answer answer = AskSilently(asker_, questions_.dispenser, request, kSideDeadline);
         if (answer.amountAfter) {
             return *answer.amountAfter != units_.Amount();
         }

@@ -11,10 +11,8 @@ namespace qxmix {
 
 namespace {
 
-constexpr Milliseconds kDeadline{100};
 constexpr std::uint64_t kMostQuestions = 6000;
 constexpr unsigned kMostMisses = 5;
-constexpr std::uint16_t kNoLimit = UINT16_MAX;
 
 /// The mixes that pay some of these amounts and are safe to change to, each with how many it pays.
 std::map<std::uint16_t, std::size_t>
@@ -200,7 +198,7 @@ CureFinder::Ask(const Dispenser& changed, std::uint16_t mix, std::uint32_t amoun
     }
     --questionsLeft_;
     const Answer answer =
-        AskSilently(asker_, changed, BuildRequest(changed, amount, mix), kDeadline);
+        AskSilently(asker_, changed, BuildRequest(changed, amount, mix), kSideDeadline);
     missesLeft_ -= answer.IsAnswered() ? 0U : 1U;
     return answer;
 }

@@ -11,9 +11,7 @@ namespace qxmix {
 
 namespace {
 
-constexpr Milliseconds kDeadline{100};
-constexpr std::uint64_t kMostMisses = 3;
-constexpr std::uint16_t kNoLimit = UINT16_MAX;
+constexpr std::uint64_t kMissesToGiveUp = 3;
 constexpr std::uint16_t kMaximumNotes = 10;
 
 /// Asks more about what the mixes answered to the amounts.
@@ -44,7 +42,7 @@ private:
         if (questions.listed.empty() || questions.mixes.empty()) {
             return answers;
         }
-        questions.mostMisses = kMostMisses;
+        questions.mostMisses = kMissesToGiveUp;
         answers = AskMap(questions, order_, nullptr, [](const WorkProgress&) {});
         for (std::size_t row = 0; row < answers.rows.size(); ++row) {
             MapRowReader reader(answers.rows[row]);
@@ -174,7 +172,7 @@ private:
         request.bAllowPartial = 0;
         request.sExponent = 0;
         request.ulAmount = amount;
-        const Reply reply = asker_.Ask(request, kDeadline, Asker::Tracing::Silent);
+        const Reply reply = asker_.Ask(request, kSideDeadline, Asker::Tracing::Silent);
         return reply.ending.kind == Ending::Kind::Answered && reply.calculation.returned == 0 &&
                reply.calculation.request.ulRemainder == 0U;
     }

@@ -18,8 +18,6 @@ namespace qxmix {
 
 namespace {
 
-constexpr Milliseconds kDeadline{2000};
-
 Journal OpenJournal(const JournalArguments& arguments, const Dispenser& dispenser) {
     const InputFile file = ReadInput(arguments.journal);
     return ReadJournal(file.name, SheetText(file), dispenser, arguments.sheet);
@@ -61,7 +59,7 @@ ExitStatus ReplayJournal(const JournalArguments& arguments, const CommonOptions&
     }
     Dispenser dispenser = OpenDispenser(arguments.dispenser);
     const Journal journal = OpenJournal(arguments, dispenser);
-    const Milliseconds deadline = options.deadline.value_or(kDeadline);
+    const Milliseconds deadline = options.deadline.value_or(kUsualDeadline);
     AskedModule module(options.Library(), options, dispenser);
     module.Open();
     if (!options.json) {

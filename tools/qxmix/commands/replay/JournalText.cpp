@@ -10,6 +10,8 @@ namespace qxmix {
 
 namespace {
 
+using Align = Table::Align;
+
 std::string LinesText(std::uint64_t lines) {
     return std::to_string(lines) + (lines == 1 ? " line" : " lines");
 }
@@ -18,7 +20,6 @@ std::string DifferencesText(const Journal& journal,
                             const Dispenser& dispenser,
                             const JournalAnswers& answers,
                             const Painter& painter) {
-    using Align = Table::Align;
     Table table({{Align::Right, 1, 5},
                  {Align::Left, 1, 0},
                  {Align::Right, 1, 6},

@@ -15,10 +15,8 @@ namespace qxmix {
 
 namespace {
 
-constexpr Milliseconds kDeadline{2000};
-
 Milliseconds DeadlineOf(const CommonOptions& options) {
-    return options.deadline.value_or(kDeadline);
+    return options.deadline.value_or(kUsualDeadline);
 }
 
 ExitStatus StatusOf(const ReplayAnswers& answers) {

@@ -16,8 +16,6 @@ namespace {
 
 using Align = Table::Align;
 
-constexpr Milliseconds kUsualDeadline{2000};
-
 /// Name of a sub-type, after the XFS CDM interface; null for one that has none.
 const char* AlgorithmName(std::uint16_t subType) {
     switch (subType) {
