@@ -64,6 +64,7 @@ ANSWERS = [
     "explain --raw-in both.bin",
     "map --raw-in both.bin --mixes 1,2",
     "lint --raw-in both.bin",
+    "lint examples/trouble.json examples/kiosk.json bad.json nowhere.json",
     "mix EUR:5x40,500x3,25x1,200x200 --amount 675",
     "replay examples/trace.ndjson --library fake.so --library examples/../fake.so",
     "types",

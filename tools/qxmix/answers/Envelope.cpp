@@ -8,6 +8,11 @@ namespace qxmix {
 
 namespace {
 
+/// Names of libraries and files need not be UTF-8; JSON has to be.
+std::string TextOf(const Json& json) {
+    return json.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
 Json TextOrNull(const std::string& text) {
     return text.empty() ? Json() : Json(text);
 }
@@ -36,8 +41,24 @@ Json EnvelopeJson(const Envelope& envelope) {
 }
 
 std::string EnvelopeText(const Envelope& envelope) {
-    // Names of libraries and files need not be UTF-8; JSON has to be.
-    return EnvelopeJson(envelope).dump(-1, ' ', false, Json::error_handler_t::replace) + "\n";
+    return TextOf(EnvelopeJson(envelope)) + "\n";
+}
+
+void WriteEnvelope(const Envelope& envelope,
+                   const std::function<void(const std::string& part)>& take,
+                   const std::function<void()>& result) {
+    std::string before = "{";
+    const Json fields = EnvelopeJson(envelope);
+    for (const auto& field : fields.items()) {
+        take(before + Json(field.key()).dump() + ":");
+        if (field.key() == "result") {
+            result();
+        } else {
+            take(TextOf(field.value()));
+        }
+        before = ",";
+    }
+    take("}\n");
 }
 
 std::string AnswerForms::File(OutputForm form, const Envelope& envelope) const {

@@ -33,6 +33,13 @@ Json EnvelopeJson(const Envelope& envelope);
 /// The envelope on one line, with its line end.
 std::string EnvelopeText(const Envelope& envelope);
 
+/// Writes the same for a result that is too large to be held: the parts of the text in their order.
+///
+/// @param result  writes it where it belongs.
+void WriteEnvelope(const Envelope& envelope,
+                   const std::function<void(const std::string& part)>& take,
+                   const std::function<void()>& result);
+
 /// An answer in each form in which it can be written; made only when it is wanted. As JSON it is
 /// the text of its envelope.
 struct AnswerForms {

@@ -7,19 +7,26 @@ namespace qxmix {
 
 namespace {
 
-OpenOrder OrderOf(const std::string& library, const CommonOptions& options, Dispenser& dispenser) {
+OpenOrder OrderOf(const std::string& library,
+                  const CommonOptions& options,
+                  Dispenser& dispenser,
+                  const OpenHere& here) {
     const std::string registry = options.RegistryOr(dispenser.registry);
     dispenser.registry = TakenValues(registry);
-    return {FindLibrary(library), registry};
+    OpenOrder order{FindLibrary(library), registry};
+    if (here != nullptr) {
+        order.here = here(order);
+    }
+    return order;
 }
 
 }  // namespace
 
 AskedModule::AskedModule(const std::string& library,
                          const CommonOptions& options,
-                         Dispenser& dispenser)
-    : order(OrderOf(library, options, dispenser)),
-      asker(order.library, order.registry, options.Trace()) {
+                         Dispenser& dispenser,
+                         const OpenHere& here)
+    : order(OrderOf(library, options, dispenser, here)), asker(order, options.Trace()) {
 }
 
 void AskedModule::Open() {

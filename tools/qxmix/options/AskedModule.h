@@ -3,6 +3,7 @@
 #include "CommonOptions.h"
 #include "dispenser/Dispenser.h"
 #include "workers/Asker.h"
+#include "workers/OpenedModule.h"
 
 #include <string>
 
@@ -12,8 +13,12 @@ namespace qxmix {
 struct AskedModule {
     /// @param library    as named with --library; empty: not given.
     /// @param dispenser  keeps of its registry what the module takes.
+    /// @param here       opens it in this process; empty: workers are asked.
     /// @throw InputError, or WorkError when a named library is not there.
-    AskedModule(const std::string& library, const CommonOptions& options, Dispenser& dispenser);
+    AskedModule(const std::string& library,
+                const CommonOptions& options,
+                Dispenser& dispenser,
+                const OpenHere& here = nullptr);
 
     /// Opens the library, so that it is known to work, and keeps what that leaves in the registry.
     ///

@@ -1,6 +1,7 @@
 #include "Asker.h"
 
 #include "Interrupt.h"
+#include "OpenedModule.h"
 #include "module/SharedLibrary.h"
 
 #include <utility>
@@ -11,11 +12,19 @@ Asker::Asker(std::string library, std::string registry, TraceSink trace)
     : library_(std::move(library)), registry_(std::move(registry)), trace_(std::move(trace)) {
 }
 
+Asker::Asker(const OpenOrder& order, TraceSink trace)
+    : Asker(order.library, order.registry, std::move(trace)) {
+    here_ = order.here;
+}
+
 const Opening& Asker::Open() {
-    return OpenWorker().Opened();
+    return here_ != nullptr ? here_->Opened() : OpenWorker().Opened();
 }
 
 Reply Asker::Ask(const MixRequest& request, Milliseconds deadline, Tracing tracing) {
+    if (here_ != nullptr) {
+        return here_->Answer(request, deadline);
+    }
     Tick tick;
     if (listener_ != nullptr) {
         tick = [&](Milliseconds waited) { listener_(request, waited, deadline); };

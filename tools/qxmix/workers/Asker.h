@@ -25,6 +25,7 @@ public:
     /// @param registry  what the module reads: the text of a registry file.
     /// @param trace     hears the module's lines; empty: nobody does.
     Asker(std::string library, std::string registry, TraceSink trace = nullptr);
+    explicit Asker(const OpenOrder& order, TraceSink trace = nullptr);
 
     /// Opens the library if it is not open; every question does so by itself.
     ///
@@ -60,6 +61,7 @@ private:
 
     std::string library_;
     std::string registry_;
+    std::shared_ptr<OpenedModule> here_;  // answers instead of a worker; null: a worker does
     TraceSink trace_;
     WaitListener listener_;
     std::string version_;

@@ -8,9 +8,10 @@ bool WorkOff(Desk& desk,
              const OpenOrder& order,
              std::size_t jobs,
              const TraceSink& trace,
-             const ProgressListener& listen) {
+             const ProgressListener& listen,
+             const Job& job) {
     // Lines of several workers would be all mixed up.
-    WorkerPool pool(order, trace == nullptr ? jobs : 1, trace);
+    WorkerPool pool(order, trace == nullptr ? jobs : 1, trace, job);
     try {
         pool.Run([&desk] { return desk.NextTask(); },
                  [&desk, &listen](const WorkerPool::Task& task, const Reply& reply) {

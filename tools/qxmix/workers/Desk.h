@@ -41,12 +41,14 @@ private:
 /// @param jobs    workers side by side.
 /// @param trace   hears the module's lines; a single worker asks then.
 /// @param listen  is told after each answer.
+/// @param job     what workers do with tasks that are no calculation; empty: there are none.
 /// @return false when Ctrl-C came before the end.
 /// @throw WorkError when the library cannot be used.
 bool WorkOff(Desk& desk,
              const OpenOrder& order,
              std::size_t jobs,
              const TraceSink& trace,
-             const ProgressListener& listen);
+             const ProgressListener& listen,
+             const Job& job = nullptr);
 
 }  // namespace qxmix

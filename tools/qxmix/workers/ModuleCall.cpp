@@ -20,6 +20,16 @@ std::chrono::nanoseconds ThreadTime() {
 
 }  // namespace
 
+Opening OpeningOf(const ModuleLibrary& library) {
+    Opening opening;
+    if (const MixAlgorithmFields* fields = library.Configuration()) {
+        opening.traceLevel = fields->ulTraceLevel;
+        opening.minimum = fields->ulCstMinimum4Mix6;
+        opening.mixTypeCount = fields->usNumMixTypes;
+    }
+    return opening;
+}
+
 Calculation CallModule(const ModuleLibrary& library,
                        const MixRequest& request,
                        TraceListener listener,

@@ -17,6 +17,9 @@ public:
     ~TraceListening();
 };
 
+/// What the library's object took from the registry.
+Opening OpeningOf(const ModuleLibrary& library);
+
 /// One calculation in this process, in the stand-in's registry as it is.
 ///
 /// An error code that stood there before is set aside, so that it shows whether this call writes

@@ -28,7 +28,8 @@ Reply ReplyWith(Calculation calculation) {
     return reply;
 }
 
-Worker::Worker(const OpenOrder& order, const TraceSink& trace) : child_(&RunWorker) {
+Worker::Worker(const OpenOrder& order, const TraceSink& trace, const Job& job)
+    : child_([job](Channel& channel) { RunWorker(channel, job); }) {
     Message answer;
     const Ending ending = Exchange(ToMessage(order), kOpenDeadline, trace, answer);
     if (ending.kind == Ending::Kind::NoAnswer) {
@@ -67,6 +68,10 @@ void Worker::Start(const MixRequest& request, bool traces) {
     child_.Connection().Send(ToMessage(order));
 }
 
+void Worker::StartJob(const std::string& bytes) {
+    child_.Connection().Send(ToMessage(MessageKind::Job, bytes));
+}
+
 std::optional<Reply> Worker::Finish(const TraceSink& trace) {
     Message answer;
     Channel::State state = child_.Connection().Receive(answer, Clock::now());
@@ -84,12 +89,15 @@ std::optional<Reply> Worker::Finish(const TraceSink& trace) {
     if (state == Channel::State::Waiting || KindOf(answer) == MessageKind::TraceLine) {
         return std::nullopt;
     }
+    if (KindOf(answer) == MessageKind::Reported) {
+        return Reply{{Ending::Kind::Answered, ""}, {}, std::move(answer.bytes)};
+    }
     return ReplyWith(ReadCalculation(answer));
 }
 
 Reply Worker::GiveUp() {
     child_.Kill();
-    return {{Ending::Kind::NoAnswer, ""}, {}};
+    return {{Ending::Kind::NoAnswer, ""}, {}, ""};
 }
 
 Ending Worker::ListTypes(Catalogue& catalogue, Milliseconds deadline) {

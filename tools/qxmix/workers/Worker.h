@@ -33,10 +33,14 @@ struct Ending {
 struct Reply {
     Ending ending;
     Calculation calculation{};  ///< all zero without an answer
+    std::string report{};       ///< what came of a job
 };
 
 /// What a worker has sent as a reply.
 Reply ReplyWith(Calculation calculation);
+
+/// What a worker does beside calculating, in its own process: bytes in, bytes out.
+using Job = std::function<std::string(const std::string& bytes)>;
 
 /// Takes the module's trace lines one by one.
 using TraceSink = std::function<void(const std::string& line)>;
@@ -51,8 +55,9 @@ using Tick = std::function<void(Milliseconds waited)>;
 class Worker {
 public:
     /// @param trace  hears the lines of the library's objects while they are created.
+    /// @param job    what StartJob has done; empty: nothing.
     /// @throw WorkError when the library cannot be used.
-    Worker(const OpenOrder& order, const TraceSink& trace);
+    Worker(const OpenOrder& order, const TraceSink& trace, const Job& job = nullptr);
 
     const Opening& Opened() const { return opening_; }
 
@@ -65,6 +70,9 @@ public:
 
     /// Sends a calculation on its way; Finish brings its reply. One at a time.
     void Start(const MixRequest& request, bool traces);
+
+    /// Sends a job on its way; Finish brings its reply.
+    void StartJob(const std::string& bytes);
 
     /// The reply of the calculation on its way, if it is there; does not wait.
     std::optional<Reply> Finish(const TraceSink& trace);

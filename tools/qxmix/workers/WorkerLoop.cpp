@@ -16,16 +16,6 @@ void SendTraceLine(void* channel, const char* line) {
     static_cast<Channel*>(channel)->Send(ToMessage(MessageKind::TraceLine, line));
 }
 
-Opening OpeningOf(const ModuleLibrary& library) {
-    Opening opening;
-    if (const MixAlgorithmFields* fields = library.Configuration()) {
-        opening.traceLevel = fields->ulTraceLevel;
-        opening.minimum = fields->ulCstMinimum4Mix6;
-        opening.mixTypeCount = fields->usNumMixTypes;
-    }
-    return opening;
-}
-
 Catalogue ListTypes(ModuleLibrary& library) {
     WFSCDMMIXTYPE** list = nullptr;
     Catalogue catalogue;
@@ -43,7 +33,7 @@ Catalogue ListTypes(ModuleLibrary& library) {
     return catalogue;
 }
 
-Message CarryOut(ModuleLibrary& library, const Message& order, Channel& channel) {
+Message CarryOut(ModuleLibrary& library, const Message& order, Channel& channel, const Job& job) {
     switch (KindOf(order)) {
     case MessageKind::Calculate: {
         const CalculateOrder calculate = ReadCalculateOrder(order);
@@ -54,6 +44,11 @@ Message CarryOut(ModuleLibrary& library, const Message& order, Channel& channel)
         return ToMessage(ListTypes(library));
     case MessageKind::SaveRegistry:
         return ToMessage(MessageKind::Registry, SaveRegistry());
+    case MessageKind::Job:
+        if (job != nullptr) {
+            return ToMessage(MessageKind::Reported, job(order.bytes));
+        }
+        [[fallthrough]];
     default:
         throw WorkError("an order that no worker knows");
     }
@@ -74,7 +69,7 @@ std::unique_ptr<ModuleLibrary> Open(const OpenOrder& order, Channel& channel) {
 
 }  // namespace
 
-void RunWorker(Channel& channel) {
+void RunWorker(Channel& channel, const Job& job) {
     Message order;
     if (channel.Receive(order, std::nullopt) != Channel::State::Received) {
         return;
@@ -84,7 +79,7 @@ void RunWorker(Channel& channel) {
         return;
     }
     while (channel.Receive(order, std::nullopt) == Channel::State::Received) {
-        if (!channel.Send(CarryOut(*library, order, channel))) {
+        if (!channel.Send(CarryOut(*library, order, channel, job))) {
             return;
         }
     }

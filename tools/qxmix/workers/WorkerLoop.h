@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Channel.h"
+#include "Worker.h"
 
 namespace qxmix {
 
@@ -9,6 +10,8 @@ namespace qxmix {
 ///
 /// The stand-in of the terminal's system is this process's own: what the library reads and writes
 /// there is nobody else's.
-void RunWorker(Channel& channel);
+///
+/// @param job  carries out orders of the caller's own; empty: there are none.
+void RunWorker(Channel& channel, const Job& job = nullptr);
 
 }  // namespace qxmix

@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,7 @@ enum class MessageKind : std::uint8_t {
     Calculate,     ///< CalculateOrder; answered by Calculated
     ListTypes,     ///< answered by Catalogue
     SaveRegistry,  ///< answered by Registry
+    Job,           ///< bytes of the caller's own; answered by Reported
     // to the tool
     Opened,      ///< Opening
     Broken,      ///< text: why the library cannot be used
@@ -24,12 +26,18 @@ enum class MessageKind : std::uint8_t {
     Calculated,  ///< Calculation
     Catalogue,   ///< Catalogue
     Registry,    ///< text: the registry as the text of a registry file
+    Reported,    ///< bytes of the caller's own
 };
+
+class OpenedModule;
 
 /// Which library to open, in which surroundings.
 struct OpenOrder {
     std::string library;   ///< file name, or the bare name for the system's own search
     std::string registry;  ///< text of a registry file: what the module reads; empty: start content
+
+    /// Answers in this process, which somebody else watches; null: workers answer.
+    std::shared_ptr<OpenedModule> here = nullptr;
 };
 
 /// What the library's object holds once it is created.

@@ -2,6 +2,7 @@
 
 #include "Interrupt.h"
 #include "LastShare.h"
+#include "OpenedModule.h"
 #include "errors/Errors.h"
 
 #include <algorithm>
@@ -12,6 +13,9 @@ namespace qxmix {
 
 namespace {
 
+/// Jobs after which a worker is replaced: what they open the module does not give back whole.
+constexpr std::size_t kMostJobs = 256;
+
 int MillisecondsUntil(Clock::time_point time) {
     const auto left = std::chrono::ceil<Milliseconds>(time - Clock::now()).count();
     return static_cast<int>(std::clamp<std::int64_t>(left, 0, INT32_MAX));
@@ -19,11 +23,15 @@ int MillisecondsUntil(Clock::time_point time) {
 
 }  // namespace
 
-WorkerPool::WorkerPool(OpenOrder order, std::size_t size, TraceSink trace)
-    : order_(std::move(order)), trace_(std::move(trace)), places_(size) {
+WorkerPool::WorkerPool(OpenOrder order, std::size_t size, TraceSink trace, Job job)
+    : order_(std::move(order)), trace_(std::move(trace)), job_(std::move(job)), places_(size) {
 }
 
 void WorkerPool::Run(const Source& source, const Sink& sink) {
+    if (order_.here != nullptr) {
+        RunHere(source, sink);
+        return;
+    }
     CatchInterrupts();
     std::size_t busy = 0;
     for (Place& place : places_) {
@@ -37,12 +45,19 @@ void WorkerPool::Run(const Source& source, const Sink& sink) {
             if (!reply) {
                 continue;
             }
-            if (!reply->ending.LeavesWorker()) {
+            const bool isWorn = place.jobs >= kMostJobs;
+            if (!reply->ending.LeavesWorker() || isWorn) {
                 place.worker.reset();
             }
             sink(*std::exchange(place.task, std::nullopt), *reply);
             busy -= StartNext(place, source) ? 0U : 1U;
         }
+    }
+}
+
+void WorkerPool::RunHere(const Source& source, const Sink& sink) const {
+    for (std::optional<Task> task = source(); task; task = source()) {
+        sink(*task, order_.here->Answer(task->request, task->deadline));
     }
 }
 
@@ -52,12 +67,18 @@ bool WorkerPool::StartNext(Place& place, const Source& source) {
         return false;
     }
     if (place.worker == nullptr) {
-        place.worker = std::make_unique<Worker>(order_, nullptr);
+        place.worker = std::make_unique<Worker>(order_, nullptr, job_);
+        place.jobs = 0;
     }
     place.workingTimeBefore = place.worker->WorkingTime();
     place.lookAgain = Clock::now() + place.task->deadline;
     place.last = Clock::now() + place.task->deadline * kLastShare;
-    place.worker->Start(place.task->request, trace_ != nullptr);
+    if (place.task->job.empty()) {
+        place.worker->Start(place.task->request, trace_ != nullptr);
+    } else {
+        place.worker->StartJob(place.task->job);
+        ++place.jobs;
+    }
     return true;
 }
 

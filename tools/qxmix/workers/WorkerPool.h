@@ -21,6 +21,7 @@ public:
         std::uint64_t number = 0;  ///< the caller's own
         MixRequest request;
         Milliseconds deadline{0};
+        std::string job{};  ///< if not empty: bytes for the pool's job, and nothing is calculated
     };
 
     /// The next task; none when there are no more.
@@ -29,7 +30,8 @@ public:
 
     /// @param size   workers, at least 1.
     /// @param trace  hears the module's lines; empty: nobody does.
-    WorkerPool(OpenOrder order, std::size_t size, TraceSink trace);
+    /// @param job    what workers do with tasks that are no calculation; empty: there are none.
+    WorkerPool(OpenOrder order, std::size_t size, TraceSink trace, Job job = nullptr);
 
     /// Does all tasks; replies come in the order in which they are ready.
     ///
@@ -40,17 +42,20 @@ private:
     struct Place {
         std::unique_ptr<Worker> worker;
         std::optional<Task> task;
+        std::size_t jobs = 0;  // done by this worker
         std::chrono::nanoseconds workingTimeBefore{0};
         Clock::time_point lookAgain;  // when the deadline may have passed
         Clock::time_point last;       // when it has
     };
 
+    void RunHere(const Source& source, const Sink& sink) const;
     bool StartNext(Place& place, const Source& source);
     void Wait() const;
     std::optional<Reply> ReplyOf(Place& place, Clock::time_point now);
 
     OpenOrder order_;
     TraceSink trace_;
+    Job job_;
     std::vector<Place> places_;
 };
 

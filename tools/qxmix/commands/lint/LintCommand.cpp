@@ -1,5 +1,6 @@
 #include "LintCommand.h"
 
+#include "LintFleetForms.h"
 #include "LintForms.h"
 #include "LintRules.h"
 #include "answers/Envelope.h"
@@ -7,7 +8,6 @@
 #include "module/LibrarySearch.h"
 #include "module/RegistryImage.h"
 #include "options/AskedModule.h"
-#include "options/DispenserArgument.h"
 #include "options/MixList.h"
 #include "requests/RawIn.h"
 #include "terminal/Progress.h"
@@ -43,45 +43,114 @@ const CommandInfo& LintCommand::Info() const {
     static const CommandInfo info = {
         "lint",
         "Tells what is wrong with a dispenser, and what to do about it.",
-        {"lint DISPENSER [--mixes N|all] [--slow 20ms]", "lint --raw-in F [DISPENSER]"},
+        {"lint DISPENSER [--mixes N|all] [--slow 20ms]", "lint DISPENSER ... | @LIST [--all]",
+         "lint --raw-in F [DISPENSER]"},
         {"lint examples/trouble.json", "lint EUR:100x300,50x300:full,20x300 --mixes 1,4"}};
     return info;
 }
 
 void LintCommand::AddOptions(CLI::App& command) {
-    AddDispenserArgument(command, dispenser_);
+    dispensers_.AddTo(command);
     AddRawInOption(command, rawIn_);
     AddAmountRangeOptions(command, range_);
     AddAskOptions(command, ask_);
     command.add_option("--slow", slow_, "answers that take longer are reported; 20ms unless given")
         ->type_name("TIME");
+    command.add_flag("--all", tellsAll_, "of many dispensers all that was found, not rows alone");
     AddJobsOption(command, jobs_);
 }
 
 ExitStatus LintCommand::Run(const CommonOptions& options) {
-    LintQuestions questions = Prepare(options);
-    AskedModule module(options.Library(), options, questions.map.dispenser);
-    questions.registry = module.order.registry;
-    module.Open();
-    Progress progress(Info().name, questions.map.CellCount(), options.quiet);
-    const LintCase lint = AskLint(questions, module.order, module.asker, options.Trace(),
-                                  [&progress](const WorkProgress& now) { progress.Show(now); });
-    progress.Wipe();
-    const std::vector<LintFinding> findings = CheckAll(lint);
-    const ExitStatus status = StatusOf(lint, findings);
-    OutputFiles files;
-    files.Add(options.registryOut, WithErrorCode(module.asker.Registry(), lint.lastCode));
-    files.Commit();
-    WriteStandardOutput(options.json
-                            ? RenderJson(lint, findings, status, module.asker)
-                            : LintText(lint, findings, options.quiet, Painter(options.color)));
-    return status;
+    return dispensers_.AreMany() ? RunMany(options) : RunOne(options);
 }
 
-LintQuestions LintCommand::Prepare(const CommonOptions& options) const {
+LintCommand::Linted LintCommand::Lint(LintQuestions& questions,
+                                      AskedModule& module,
+                                      const CommonOptions& options,
+                                      const ProgressListener& listen) {
+    questions.registry = module.order.registry;
+    Linted linted;
+    linted.lint = AskLint(questions, module.order, module.asker, options.Trace(), listen);
+    linted.findings = CheckAll(linted.lint);
+    linted.status = StatusOf(linted.lint, linted.findings);
+    return linted;
+}
+
+ExitStatus LintCommand::RunOne(const CommonOptions& options) const {
+    LintQuestions questions = Prepare(dispensers_.One(), options);
+    AskedModule module(options.Library(), options, questions.map.dispenser);
+    module.Open();
+    Progress progress(Info().name, questions.map.CellCount(), options.quiet);
+    const Linted linted = Lint(questions, module, options,
+                               [&progress](const WorkProgress& now) { progress.Show(now); });
+    progress.Wipe();
+    OutputFiles files;
+    files.Add(options.registryOut, WithErrorCode(module.asker.Registry(), linted.lint.lastCode));
+    files.Commit();
+    WriteStandardOutput(
+        options.json
+            ? RenderJson(linted.lint, linted.findings, linted.status, module.asker)
+            : LintText(linted.lint, linted.findings, options.quiet, Painter(options.color)));
+    return linted.status;
+}
+
+ExitStatus LintCommand::RunMany(const CommonOptions& options) const {
+    dispensers_.RefuseForMany("--raw-in", !rawIn_.empty());
+    dispensers_.RefuseForMany("--registry-out", !options.registryOut.empty());
+    dispensers_.RefuseForMany("--trace", options.trace);
+    const std::vector<std::string> names = dispensers_.All();
+    // Made here: a worker's standard output is another one.
+    const Painter painter(options.color);
+    Dispenser none;
+    AskedModule module(options.Library(), options, none);
+    module.asker.Open();
+    LintFleet fleet;
+    Progress progress(Info().name, names.size(), options.quiet);
+    AskLintFleet(
+        fleet, names, module.order, jobs_.Count(),
+        [&progress](const WorkProgress& now) { progress.Show(now); },
+        [&](const std::string& name, const OpenHere& here) {
+            return ReportBytes(name, options, painter, here);
+        });
+    progress.Wipe();
+    Envelope envelope = EnvelopeBy(module.asker, Info().name);
+    envelope.complete = fleet.isComplete;
+    envelope.input = FleetInputJson(names.size(), options);
+    envelope.exitStatus = fleet.Status();
+    if (options.json) {
+        WriteFleetJson(fleet, envelope, &WriteStandardOutput);
+    } else {
+        WriteFleetText(fleet, tellsAll_, painter, &WriteStandardOutput);
+    }
+    return envelope.exitStatus;
+}
+
+/// In a worker's process.
+std::string LintCommand::ReportBytes(const std::string& dispenser,
+                                     const CommonOptions& options,
+                                     const Painter& painter,
+                                     const OpenHere& here) const {
+    try {
+        LintQuestions questions = Prepare(dispenser, options);
+        questions.map.jobs = 1;  // there is a worker for each core already
+        AskedModule module(options.Library(), options, questions.map.dispenser, here);
+        const Linted linted = Lint(questions, module, options, [](const WorkProgress&) {});
+        LintFleetReport report =
+            ReportOf(dispenser, linted.lint, linted.findings, linted.status, options.quiet);
+        if (tellsAll_ && !options.json) {
+            report.text = LintText(linted.lint, linted.findings, options.quiet, painter);
+        }
+        return ToBytes(report);
+    } catch (const ToolError& error) {
+        return ToBytes(ReportOf(dispenser, error));
+    }
+}
+
+LintQuestions LintCommand::Prepare(const std::string& dispenser,
+                                   const CommonOptions& options) const {
     LintQuestions questions;
     MapQuestions& map = questions.map;
-    map.dispenser = DispenserAsked(dispenser_, rawIn_, ask_);
+    map.dispenser = DispenserAsked(dispenser, rawIn_, ask_);
     map.mixes = map.dispenser.mix ? ask_.Mixes(map.dispenser) : ask_.MixesOrAll(map.dispenser);
     const AmountRange range = range_.RangeOf(map.dispenser);
     map.from = range.from;
@@ -114,6 +183,18 @@ std::string LintCommand::RenderJson(const LintCase& lint,
     envelope.result = LintResultJson(findings);
     envelope.exitStatus = status;
     return EnvelopeText(envelope);
+}
+
+Json LintCommand::FleetInputJson(std::size_t count, const CommonOptions& options) const {
+    const LintQuestions defaults;
+    const auto orNull = [](const std::string& text) { return text.empty() ? Json() : Json(text); };
+    return {{"dispensers", count},
+            {"mixes", orNull(ask_.mixes.empty() ? ask_.mix : ask_.mixes)},
+            {"from", orNull(range_.from)},
+            {"to", orNull(range_.to)},
+            {"step", range_.step ? Json(*range_.step) : Json()},
+            {"slow", DurationText(slow_.empty() ? defaults.slow : *ParseDuration(slow_))},
+            {"deadline", DurationText(options.deadline.value_or(defaults.map.deadline))}};
 }
 
 }  // namespace qxmix

@@ -2,8 +2,11 @@
 
 #include "LintAnswers.h"
 #include "LintReport.h"
+#include "fleet/AskFleet.h"
+#include "fleet/DispenserNames.h"
 #include "options/AmountRange.h"
 #include "options/AskOptions.h"
+#include "options/AskedModule.h"
 #include "options/Command.h"
 #include "options/JobsOption.h"
 
@@ -20,17 +23,36 @@ public:
     ExitStatus Run(const CommonOptions& options) override;
 
 private:
-    LintQuestions Prepare(const CommonOptions& options) const;
+    /// What was asked of one dispenser, and what is wrong with it.
+    struct Linted {
+        LintCase lint;
+        std::vector<LintFinding> findings;
+        ExitStatus status;
+    };
+
+    LintQuestions Prepare(const std::string& dispenser, const CommonOptions& options) const;
+    static Linted Lint(LintQuestions& questions,
+                       AskedModule& module,
+                       const CommonOptions& options,
+                       const ProgressListener& listen);
+    ExitStatus RunOne(const CommonOptions& options) const;
+    ExitStatus RunMany(const CommonOptions& options) const;
+    std::string ReportBytes(const std::string& dispenser,
+                            const CommonOptions& options,
+                            const Painter& painter,
+                            const OpenHere& here) const;
+    Json FleetInputJson(std::size_t count, const CommonOptions& options) const;
     std::string RenderJson(const LintCase& lint,
                            const std::vector<LintFinding>& findings,
                            ExitStatus status,
                            const Asker& asker) const;
 
-    std::string dispenser_;  // as named on the command line
-    std::string rawIn_;      // empty: not given
+    DispenserNames dispensers_;
+    std::string rawIn_;  // empty: not given
     AmountRangeOptions range_;
     std::string slow_;  // empty: not given
     JobsOption jobs_;
+    bool tellsAll_ = false;
     AskOptions ask_;
 };
 

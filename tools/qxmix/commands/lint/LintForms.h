@@ -9,6 +9,17 @@
 
 namespace qxmix {
 
+/// "4 errors", "1 error"
+std::string CountText(std::uint64_t count, const std::string& what);
+
+/// The findings that people are told of: one where several mixes have the same.
+///
+/// @param quiet  leaves the notes out.
+std::vector<Finding> ToldFindings(const std::vector<LintFinding>& findings, bool quiet);
+
+/// "mix 4 crashes on 2 amounts": what the module did beside answering, a line a mix.
+std::vector<std::string> CrashLines(const LintCase& lint);
+
 /// What was found, for people.
 ///
 /// @param quiet  leaves the notes out.

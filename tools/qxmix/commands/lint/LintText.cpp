@@ -12,10 +12,6 @@ namespace qxmix {
 
 namespace {
 
-std::string CountText(std::uint64_t count, const std::string& what) {
-    return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
-}
-
 /// "4 errors, 1 note", or "nothing found".
 std::string SeveritiesText(const std::vector<Finding>& told) {
     std::vector<std::string> parts;
@@ -48,19 +44,6 @@ std::string AskedText(const LintCase& lint) {
                      AmountText(lint, lint.questions.Amount(count - 1)) + " " + currency + " asked";
 }
 
-/// What the module did beside answering: no rule tells of it.
-std::string CrashesText(const LintCase& lint, const Painter& painter) {
-    std::string text;
-    for (const LintMix& mix : lint.mixes) {
-        const std::uint64_t crashes = mix.row.Count(Outcome::Crashed);
-        if (crashes > 0) {
-            text += painter.Paint("CRASH", RowOf(Outcome::Crashed).terminalStyle) + "  mix " +
-                    std::to_string(mix.mix) + " crashes on " + CountText(crashes, "amount") + "\n";
-        }
-    }
-    return text;
-}
-
 std::string InterruptionText(const LintCase& lint) {
     const std::uint64_t done = lint.amountCount;
     const std::uint64_t all = lint.questions.AmountCount();
@@ -83,7 +66,12 @@ std::string WithoutMix(const LintFinding& finding) {
     return at == std::string::npos ? text : text.erase(at, mix.size());
 }
 
-/// The findings that are told: one where several mixes have the same.
+}  // namespace
+
+std::string CountText(std::uint64_t count, const std::string& what) {
+    return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+}
+
 std::vector<Finding> ToldFindings(const std::vector<LintFinding>& findings, bool quiet) {
     std::vector<Finding> told;
     std::vector<std::vector<std::uint16_t>> others;
@@ -108,7 +96,17 @@ std::vector<Finding> ToldFindings(const std::vector<LintFinding>& findings, bool
     return told;
 }
 
-}  // namespace
+std::vector<std::string> CrashLines(const LintCase& lint) {
+    std::vector<std::string> lines;
+    for (const LintMix& mix : lint.mixes) {
+        const std::uint64_t crashes = mix.row.Count(Outcome::Crashed);
+        if (crashes > 0) {
+            lines.push_back("mix " + std::to_string(mix.mix) + " crashes on " +
+                            CountText(crashes, "amount"));
+        }
+    }
+    return lines;
+}
 
 std::string LintText(const LintCase& lint,
                      const std::vector<LintFinding>& findings,
@@ -121,7 +119,9 @@ std::string LintText(const LintCase& lint,
         (mixes == AllMixes() ? AllMixesText(mixes.size()) : MixesText(mixes)) + ", " +
         AskedText(lint);
     std::string text = WrappedText(Split(heading, ' '), " ", 0, 2) + "\n";
-    text += CrashesText(lint, painter);
+    for (const std::string& crash : CrashLines(lint)) {
+        text += painter.Paint("CRASH", RowOf(Outcome::Crashed).terminalStyle) + "  " + crash + "\n";
+    }
     text += told.empty() ? "" : "\n";
     for (const Finding& finding : told) {
         text += FindingText(finding, FindingPlace::Told, painter);

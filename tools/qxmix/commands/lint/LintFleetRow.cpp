@@ -1,0 +1,97 @@
+#include "LintFleetRow.h"
+
+#include "LintForms.h"
+#include "json/Json.h"
+#include "workers/Bytes.h"
+
+#include <algorithm>
+
+namespace qxmix {
+
+namespace {
+
+Json ElementOf(const std::string& file, ExitStatus status) {
+    return {{"file", file}, {"exitStatus", static_cast<int>(status)}};
+}
+
+std::string TextOf(const Json& json) {
+    // The name of a file need not be UTF-8; JSON has to be.
+    return json.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+/// What is wrong, without the name of the file that stands in the row already.
+std::string WithoutFile(const std::string& error, const std::string& file) {
+    if (error.compare(0, file.size(), file) != 0) {
+        return error;
+    }
+    const std::size_t rest = error.find_first_not_of(": ", file.size());
+    return rest == std::string::npos ? error : error.substr(rest);
+}
+
+/// The gravest of them; of several the first.
+std::string FirstLine(const std::vector<Finding>& told) {
+    const auto gravest =
+        std::max_element(told.begin(), told.end(), [](const Finding& one, const Finding& other) {
+            return one.severity < other.severity;
+        });
+    return gravest == told.end() ? "" : gravest->id + " " + gravest->message;
+}
+
+}  // namespace
+
+LintFleetReport ReportOf(const std::string& file,
+                         const LintCase& lint,
+                         const std::vector<LintFinding>& findings,
+                         ExitStatus status,
+                         bool isQuiet) {
+    LintFleetReport report;
+    report.row.file = file;
+    report.row.status = status;
+    report.row.isAsked = true;
+    const std::vector<Finding> told = ToldFindings(findings, isQuiet);
+    for (const Finding& finding : told) {
+        ++report.row.told[static_cast<std::size_t>(finding.severity)];
+    }
+    const std::vector<std::string> crashes = CrashLines(lint);
+    report.row.first = crashes.empty() ? FirstLine(told) : crashes.front();
+    Json json = ElementOf(file, status);
+    json.update(LintResultJson(findings));
+    report.json = TextOf(json);
+    return report;
+}
+
+LintFleetReport ReportOf(const std::string& file, const ToolError& error) {
+    LintFleetReport report;
+    report.row.file = file;
+    report.row.status = error.Status();
+    report.row.first = WithoutFile(error.what(), file);
+    report.text = Printable(report.row.first) + "\n";
+    const auto* const field = dynamic_cast<const FieldError*>(&error);
+    const bool hasPointer = field != nullptr && !field->Pointer().empty();
+    Json json = ElementOf(file, report.row.status);
+    json["error"] = {{"pointer", hasPointer ? Json(field->Pointer()) : Json()},
+                     {"message", hasPointer ? field->Wrong() : report.row.first}};
+    report.json = TextOf(json);
+    return report;
+}
+
+std::string ToBytes(const LintFleetReport& report) {
+    ByteWriter writer;
+    writer.Put(report.row.status).Put(report.row.isAsked).Put(report.row.told);
+    return writer.PutText(report.row.first).PutText(report.json).PutText(report.text).Bytes();
+}
+
+LintFleetReport ReadReport(const std::string& file, const std::string& bytes) {
+    ByteReader reader(bytes);
+    LintFleetReport report;
+    report.row.file = file;
+    report.row.status = reader.Take<ExitStatus>();
+    report.row.isAsked = reader.Take<bool>();
+    report.row.told = reader.Take<decltype(report.row.told)>();
+    report.row.first = reader.TakeText();
+    report.json = reader.TakeText();
+    report.text = reader.TakeText();
+    return report;
+}
+
+}  // namespace qxmix
