@@ -45,7 +45,7 @@ std::string EnvelopeText(const Envelope& envelope) {
 }
 
 void WriteEnvelope(const Envelope& envelope,
-                   const std::function<void(const std::string& part)>& take,
+                   const TakePart& take,
                    const std::function<void()>& result) {
     std::string before = "{";
     const Json fields = EnvelopeJson(envelope);
@@ -69,7 +69,7 @@ std::string AnswerForms::File(OutputForm form, const Envelope& envelope) const {
         return csv();
     case OutputForm::Page:
         return page();
-    case OutputForm::JsonFile:
+    default:  // those that this answer has no form of its own for are refused by name
         break;
     }
     return EnvelopeText(envelope);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "errors/Errors.h"
+#include "files/Output.h"
 #include "files/OutputForm.h"
 #include "findings/Findings.h"
 #include "json/Json.h"
@@ -37,7 +38,7 @@ std::string EnvelopeText(const Envelope& envelope);
 ///
 /// @param result  writes it where it belongs.
 void WriteEnvelope(const Envelope& envelope,
-                   const std::function<void(const std::string& part)>& take,
+                   const TakePart& take,
                    const std::function<void()>& result);
 
 /// An answer in each form in which it can be written; made only when it is wanted. As JSON it is

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -52,6 +53,9 @@ struct Dispenser {
     Amounts amounts;
     std::vector<Cassette> cassettes;  ///< 1 to 6; none only for a captured request without any
     std::vector<StoredValue> registry;
+
+    /// Ids of findings that are wanted as they are, each with the reason.
+    std::map<std::string, std::string> accepted;
 
     std::uint16_t MixOrDefault() const { return mix.value_or(1); }
 };

@@ -55,6 +55,9 @@ Json DispenserJson(const Dispenser& dispenser) {
         json["cassettes"].push_back(CassetteJson(cassette));
     }
     json["registry"] = StoredValuesJson(dispenser.registry);
+    if (!dispenser.accepted.empty()) {
+        json["lint"] = {{"accept", dispenser.accepted}};
+    }
     return json;
 }
 

@@ -17,10 +17,12 @@ namespace {
 
 constexpr std::size_t kLongestName = 120;
 constexpr std::size_t kLongestLabel = 40;
+constexpr std::size_t kLongestReason = 200;
+constexpr std::size_t kFindingIdSize = 5;
 
 const std::vector<std::string> kDispenserFields = {
-    "currency", "exponent",  "partial",  "mix",  "maxDispenseItems",
-    "amounts",  "cassettes", "registry", "name", "$schema"};
+    "currency",  "exponent", "partial", "mix",  "maxDispenseItems", "amounts",
+    "cassettes", "registry", "lint",    "name", "$schema"};
 const std::vector<std::string> kCassetteFields = {
     "position", "type",  "status",       "currency",       "value",
     "count",    "worth", "lowThreshold", "emptyThreshold", "label"};
@@ -128,6 +130,32 @@ Amounts ReadAmounts(const Json& json, const Place& place) {
     return amounts;
 }
 
+/// A finding's id: "QX205".
+bool IsFindingId(const std::string& text) {
+    return text.size() == kFindingIdSize && text.compare(0, 2, "QX") == 0 &&
+           text.find_first_not_of("0123456789", 2) == std::string::npos;
+}
+
+/// Findings that are accepted, each with the reason.
+std::map<std::string, std::string> ReadAccepted(const Json& json, const Place& place) {
+    std::vector<std::string> ids;
+    for (const auto& field : json.items()) {
+        if (json.is_object() && !IsFindingId(field.key())) {
+            throw place.Below(field.key()).Error("no id of a finding; expected one such as QX205");
+        }
+        ids.push_back(field.key());
+    }
+    const JsonFields reasons(json, place, ids, JsonFields::OwnFields::Refused);
+    std::map<std::string, std::string> accepted;
+    for (const std::string& id : ids) {
+        accepted[id] = reasons.Text(id, kLongestReason).value_or("");
+        if (accepted[id].empty()) {
+            throw place.Below(id).Error("empty; expected the reason why it is accepted");
+        }
+    }
+    return accepted;
+}
+
 /// The one field that only an editor reads still has to be text.
 void CheckSchemaField(const JsonFields& fields) {
     const Json* schema = fields.Find("$schema");
@@ -173,6 +201,13 @@ void ReadDispenserFields(const JsonFields& fields, Dispenser& dispenser) {
     if (const Json* cassettes = fields.Find("cassettes")) {
         dispenser.cassettes =
             ReadCassettes(*cassettes, fields.Here().Below("cassettes"), dispenser.currency);
+    }
+    if (const Json* lint = fields.Find("lint")) {
+        const Place here = fields.Here().Below("lint");
+        const JsonFields known(*lint, here, {"accept"}, JsonFields::OwnFields::Refused);
+        if (const Json* accept = known.Find("accept")) {
+            dispenser.accepted = ReadAccepted(*accept, here.Below("accept"));
+        }
     }
     if (const Json* registry = fields.Find("registry")) {
         dispenser.registry = ReadStoredValues(*registry, fields.Here().Below("registry"));

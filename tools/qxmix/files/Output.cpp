@@ -39,6 +39,10 @@ void RequireDifferentFiles(const std::vector<NamedOutput>& outputs) {
     }
 }
 
+void OutputFiles::Add(const std::string& file, const std::string& content) {
+    Add(file, [&content](const TakePart& take) { take(content); });
+}
+
 void Complain(const std::string& line) {
     // A text of the input may be as long as a file.
     constexpr std::size_t kMostColumns = 2000;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -10,6 +11,9 @@ namespace qxmix {
 ///
 /// @throw WorkError when it did not; a closed pipe ends the tool silently instead.
 void WriteStandardOutput(const std::string& text);
+
+/// Takes a content part by part.
+using TakePart = std::function<void(const std::string& part)>;
 
 /// Writes one line to standard error, with the tool's name before it.
 void Complain(const std::string& line);
@@ -39,6 +43,9 @@ public:
     /// write. What is there already has to be writable, though it is replaced.
     /// @throw WorkError
     void Add(const std::string& file, const std::string& content);
+
+    /// @param write  gives the content part by part.
+    void Add(const std::string& file, const std::function<void(const TakePart& take)>& write);
 
     /// @throw WorkError
     void Commit();

@@ -1,26 +1,85 @@
 #include "OutputForm.h"
 
 #include "errors/Errors.h"
+#include "text/TextList.h"
 
-#include <map>
+#include <algorithm>
 
 namespace qxmix {
 
+namespace {
+
+struct FormRow {
+    OutputForm form;
+    const char* name;
+    const char* ending;  // of a file; empty: it is for standard output alone
+};
+
+// clang-format off
+constexpr FormRow kFormRows[] = {
+    {OutputForm::TextFile, "text",   ".txt"},
+    {OutputForm::JsonFile, "json",   ".json"},
+    {OutputForm::CsvFile,  "csv",    ".csv"},
+    {OutputForm::Page,     "html",   ".html"},
+    {OutputForm::Sarif,    "sarif",  ".sarif"},
+    {OutputForm::JUnit,    "junit",  ".xml"},
+    {OutputForm::Github,   "github", ""},
+};
+// clang-format on
+
+bool Holds(const OutputForms& allowed, OutputForm form) {
+    return std::count(allowed.forms.begin(), allowed.forms.end(), form) != 0;
+}
+
+}  // namespace
+
+const OutputForms& AllForms() {
+    static const OutputForms forms = {
+        ".txt, .json, .csv or .html",
+        {OutputForm::TextFile, OutputForm::JsonFile, OutputForm::CsvFile, OutputForm::Page}};
+    return forms;
+}
+
+const OutputForms& FormsWithoutPage() {
+    static const OutputForms forms = {
+        ".txt, .json or .csv", {OutputForm::TextFile, OutputForm::JsonFile, OutputForm::CsvFile}};
+    return forms;
+}
+
+const OutputForms& CheckForms() {
+    static const OutputForms forms = {".txt, .json, .csv, .sarif or .xml",
+                                      {OutputForm::TextFile, OutputForm::JsonFile,
+                                       OutputForm::CsvFile, OutputForm::Sarif, OutputForm::JUnit,
+                                       OutputForm::Github}};
+    return forms;
+}
+
 std::optional<OutputForm> OutputFormOf(const std::string& file, const OutputForms& allowed) {
-    static const std::map<std::string, OutputForm> forms = {{".txt", OutputForm::TextFile},
-                                                            {".json", OutputForm::JsonFile},
-                                                            {".csv", OutputForm::CsvFile},
-                                                            {".html", OutputForm::Page}};
     if (file.empty()) {
         return std::nullopt;
     }
     const std::size_t dot = file.rfind('.');
-    const auto form = forms.find(dot == std::string::npos ? "" : file.substr(dot));
-    if (form == forms.end() || (form->second == OutputForm::Page && !allowed.hasPage)) {
-        throw InputError("--output: " +
-                         NotAllowed(file, std::string("a name that ends in ") + allowed.endings));
+    const std::string ending = dot == std::string::npos ? "" : file.substr(dot);
+    for (const FormRow& row : kFormRows) {
+        if (!ending.empty() && ending == row.ending && Holds(allowed, row.form)) {
+            return row.form;
+        }
     }
-    return form->second;
+    throw InputError("--output: " +
+                     NotAllowed(file, std::string("a name that ends in ") + allowed.endings));
+}
+
+OutputForm FormNamed(const std::string& name, const OutputForms& allowed) {
+    std::vector<std::string> names;
+    for (const FormRow& row : kFormRows) {
+        if (Holds(allowed, row.form)) {
+            if (name == row.name) {
+                return row.form;
+            }
+            names.emplace_back(row.name);
+        }
+    }
+    throw InputError("--format: " + NotAllowed(name, "one of " + Join(names, ", ")));
 }
 
 bool NeedsResult(std::optional<OutputForm> form) {

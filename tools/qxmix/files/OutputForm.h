@@ -2,26 +2,41 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace qxmix {
 
-/// The forms in which an answer is written to a file.
-enum class OutputForm { TextFile, JsonFile, CsvFile, Page };
+/// The forms in which an answer is written.
+enum class OutputForm {
+    TextFile,
+    JsonFile,
+    CsvFile,
+    Page,
+    Sarif,   ///< findings as checks of source code give them
+    JUnit,   ///< the cases of a test
+    Github,  ///< notes beside the files that a workflow has checked
+};
 
 /// The forms that a command can write.
 struct OutputForms {
     const char* endings;  ///< of the file names, for people
-    bool hasPage;
+    std::vector<OutputForm> forms;
 };
 
-constexpr OutputForms kAllForms = {".txt, .json, .csv or .html", true};
-constexpr OutputForms kFormsWithoutPage = {".txt, .json or .csv", false};
+const OutputForms& AllForms();
+const OutputForms& FormsWithoutPage();
+const OutputForms& CheckForms();
 
 /// The form that a file's name asks for.
 ///
 /// @param file  of --output; empty: none.
 /// @throw InputError when the name asks for none of the forms.
 std::optional<OutputForm> OutputFormOf(const std::string& file, const OutputForms& allowed);
+
+/// The form with this name, for standard output.
+///
+/// @throw InputError when it is none.
+OutputForm FormNamed(const std::string& name, const OutputForms& allowed);
 
 /// Whether a form holds the answer as JSON.
 bool NeedsResult(std::optional<OutputForm> form);

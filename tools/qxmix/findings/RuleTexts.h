@@ -9,7 +9,11 @@ struct RuleText {
     const char* id;
     Severity severity;
     const char* advice;  ///< what to do, unless the finding knows better; empty: it always does
+    const char* found;   ///< when it is found
 };
+
+/// All rules, by id.
+const std::vector<RuleText>& RuleTexts();
 
 /// What to do, as the rule says it.
 const char* AdviceOf(const char* id);

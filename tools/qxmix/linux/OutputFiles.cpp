@@ -65,8 +65,8 @@ public:
     Staged(const std::string& file, const std::optional<FileState>& there)
         : Staged(FollowLinks(file), file, there) {}
 
-    void Write(const std::string& content) {
-        part_.File().Write(content);
+    void Write(const std::function<void(const TakePart& take)>& write) {
+        write([this](const std::string& part) { part_.File().Write(part); });
         part_.File().Synchronise();
         part_.File().Close();
     }
@@ -96,19 +96,20 @@ private:
 OutputFiles::OutputFiles() = default;
 OutputFiles::~OutputFiles() = default;
 
-void OutputFiles::Add(const std::string& file, const std::string& content) {
+void OutputFiles::Add(const std::string& file,
+                      const std::function<void(const TakePart& take)>& write) {
     if (file.empty()) {
         return;
     }
     const std::optional<FileState> there = WhatIsThere(file);
     if (there && !S_ISREG(there->st_mode)) {
         WritableFile device(OpenThere(file), file);
-        device.Write(content);
+        write([&device](const std::string& part) { device.Write(part); });
         device.Close();
         return;
     }
     staged_.push_back(std::make_unique<Staged>(file, there));
-    staged_.back()->Write(content);
+    staged_.back()->Write(write);
 }
 
 void OutputFiles::Commit() {

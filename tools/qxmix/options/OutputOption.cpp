@@ -32,4 +32,35 @@ ExitStatus OutputOption::Write(const CommonOptions& options,
     return envelope.exitStatus;
 }
 
+void OutputOption::AddFormatTo(CLI::App& command) {
+    command
+        .add_option("--format", format_,
+                    "form on standard output: text, json, csv, sarif, junit, or github for the "
+                    "notes of a workflow")
+        ->type_name("FORM");
+}
+
+OutputForm OutputOption::StandardForm(const CommonOptions& options) const {
+    const OutputForm plain = options.json ? OutputForm::JsonFile : OutputForm::TextFile;
+    const OutputForm form = format_.empty() ? plain : FormNamed(format_, forms_);
+    if (options.json && form != OutputForm::JsonFile) {
+        throw InputError("--format: given beside --json; expected one of them");
+    }
+    return form;
+}
+
+void OutputOption::WriteParts(
+    const CommonOptions& options,
+    const std::function<void(OutputForm form, const Painter& painter, const TakePart& take)>& write,
+    const std::string& registry) const {
+    OutputFiles files;
+    files.Add(options.registryOut, registry);
+    if (const auto form = OutputFormOf(file_, forms_)) {
+        files.Add(file_,
+                  [&](const TakePart& take) { write(*form, Painter(ColorMode::Never), take); });
+    }
+    files.Commit();
+    write(StandardForm(options), Painter(options.color), &WriteStandardOutput);
+}
+
 }  // namespace qxmix

@@ -34,9 +34,28 @@ public:
                      const AnswerForms& answer,
                      const std::string& registry) const;
 
+    /// Adds --format, for the form of standard output.
+    void AddFormatTo(CLI::App& command);
+
+    /// The form of standard output: that of --format, else of --json, else text.
+    ///
+    /// @throw InputError when --format names none of the forms, or another than --json.
+    OutputForm StandardForm(const CommonOptions& options) const;
+
+    /// Writes an answer that is too large to be held: the files of --output and --registry-out,
+    /// then standard output.
+    ///
+    /// @param write  gives a form part by part; a file has no colours.
+    void WriteParts(
+        const CommonOptions& options,
+        const std::function<void(OutputForm form, const Painter& painter, const TakePart& take)>&
+            write,
+        const std::string& registry) const;
+
 private:
     OutputForms forms_;
-    std::string file_;  // empty: not given
+    std::string file_;    // empty: not given
+    std::string format_;  // empty: not given
 };
 
 }  // namespace qxmix

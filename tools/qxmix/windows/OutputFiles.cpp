@@ -11,8 +11,9 @@ namespace fs = std::filesystem;
 /// A file that waits beside its place.
 class OutputFiles::Staged {
 public:
-    Staged(const std::string& file, const std::string& content) : part_(file) {
-        part_.File().Write(content);
+    Staged(const std::string& file, const std::function<void(const TakePart& take)>& write)
+        : part_(file) {
+        write([this](const std::string& part) { part_.File().Write(part); });
         part_.File().Synchronise();
         part_.File().Close();
     }
@@ -26,7 +27,8 @@ private:
 OutputFiles::OutputFiles() = default;
 OutputFiles::~OutputFiles() = default;
 
-void OutputFiles::Add(const std::string& file, const std::string& content) {
+void OutputFiles::Add(const std::string& file,
+                      const std::function<void(const TakePart& take)>& write) {
     if (file.empty()) {
         return;
     }
@@ -35,12 +37,12 @@ void OutputFiles::Add(const std::string& file, const std::string& content) {
         // What may not be written is not replaced either.
         WritableFile there(OpenThere(file), file);
         if (!fs::is_regular_file(file, error)) {
-            there.Write(content);
+            write([&there](const std::string& part) { there.Write(part); });
             there.Close();
             return;
         }
     }
-    staged_.push_back(std::make_unique<Staged>(file, content));
+    staged_.push_back(std::make_unique<Staged>(file, write));
 }
 
 void OutputFiles::Commit() {

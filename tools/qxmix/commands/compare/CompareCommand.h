@@ -30,7 +30,7 @@ private:
     AmountRangeOptions range_;
     AskOptions ask_;
     JobsOption jobs_;
-    OutputOption output_{kFormsWithoutPage};
+    OutputOption output_{FormsWithoutPage()};
 };
 
 }  // namespace qxmix

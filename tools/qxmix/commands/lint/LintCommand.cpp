@@ -4,7 +4,6 @@
 #include "LintForms.h"
 #include "LintRules.h"
 #include "answers/Envelope.h"
-#include "files/Output.h"
 #include "module/LibrarySearch.h"
 #include "module/RegistryImage.h"
 #include "options/AskedModule.h"
@@ -22,6 +21,22 @@ namespace {
 
 constexpr std::uint64_t kMostCells = 1000000;
 
+void WriteLintForm(OutputForm form,
+                   const LintFleet& fleet,
+                   const Envelope& envelope,
+                   const TakePart& take) {
+    switch (form) {
+    case OutputForm::CsvFile:
+        return WriteLintCsv(fleet, take);
+    case OutputForm::Sarif:
+        return WriteLintSarif(fleet, envelope, take);
+    case OutputForm::JUnit:
+        return WriteLintJUnit(fleet, take);
+    default:
+        return WriteLintGithub(fleet, take);
+    }
+}
+
 /// The worst of what was found and of what the module did.
 ExitStatus StatusOf(const LintCase& lint, const std::vector<LintFinding>& findings) {
     if (!lint.isComplete) {
@@ -29,7 +44,7 @@ ExitStatus StatusOf(const LintCase& lint, const std::vector<LintFinding>& findin
     }
     ExitStatus status = ExitStatus::Well;
     for (const LintFinding& finding : findings) {
-        status = std::max(status, ExitStatusOf(finding.severity));
+        status = finding.accepted ? status : std::max(status, ExitStatusOf(finding.severity));
     }
     const bool hasCrashed = std::any_of(lint.mixes.begin(), lint.mixes.end(), [](const auto& mix) {
         return mix.row.Count(Outcome::Crashed) > 0;
@@ -43,8 +58,8 @@ const CommandInfo& LintCommand::Info() const {
     static const CommandInfo info = {
         "lint",
         "Tells what is wrong with a dispenser, and what to do about it.",
-        {"lint DISPENSER [--mixes N|all] [--slow 20ms]", "lint DISPENSER ... | @LIST [--all]",
-         "lint --raw-in F [DISPENSER]"},
+        {"lint DISPENSER [--mixes N|all] [--slow 20ms]",
+         "lint DISPENSER ... | @LIST [--all] [--output F]", "lint --raw-in F [DISPENSER]"},
         {"lint examples/trouble.json", "lint EUR:100x300,50x300:full,20x300 --mixes 1,4"}};
     return info;
 }
@@ -56,51 +71,85 @@ void LintCommand::AddOptions(CLI::App& command) {
     AddAskOptions(command, ask_);
     command.add_option("--slow", slow_, "answers that take longer are reported; 20ms unless given")
         ->type_name("TIME");
-    command.add_flag("--all", tellsAll_, "of many dispensers all that was found, not rows alone");
+    command.add_flag(
+        "--all", tellsAll_,
+        "of many dispensers all that was found, not rows alone; accepted findings, too");
+    command.add_option("--baseline", baseline_, "accepts what --json or --output had found before")
+        ->type_name("FILE");
     AddJobsOption(command, jobs_);
+    output_.AddTo(command, "findings");
+    output_.AddFormatTo(command);
 }
 
 ExitStatus LintCommand::Run(const CommonOptions& options) {
-    return dispensers_.AreMany() ? RunMany(options) : RunOne(options);
+    output_.Form(options);
+    output_.StandardForm(options);
+    const LintBaseline baseline(baseline_, dispensers_.AreMany());
+    return dispensers_.AreMany() ? RunMany(options, baseline) : RunOne(options, baseline);
 }
 
-LintCommand::Linted LintCommand::Lint(LintQuestions& questions,
+LintCommand::Linted LintCommand::Lint(const std::string& dispenser,
+                                      LintQuestions& questions,
                                       AskedModule& module,
-                                      const CommonOptions& options,
+                                      const LintSetting& setting,
                                       const ProgressListener& listen) {
     questions.registry = module.order.registry;
     Linted linted;
-    linted.lint = AskLint(questions, module.order, module.asker, options.Trace(), listen);
+    linted.lint = AskLint(questions, module.order, module.asker, setting.options.Trace(), listen);
     linted.findings = CheckAll(linted.lint);
+    if (linted.lint.isComplete) {
+        AcceptFindings(linted.lint.TheDispenser(), linted.findings);
+        setting.baseline.Accept(dispenser, linted.findings);
+    }
     linted.status = StatusOf(linted.lint, linted.findings);
     return linted;
 }
 
-ExitStatus LintCommand::RunOne(const CommonOptions& options) const {
-    LintQuestions questions = Prepare(dispensers_.One(), options);
+ExitStatus LintCommand::RunOne(const CommonOptions& options, const LintBaseline& baseline) const {
+    const std::string name = dispensers_.One();
+    LintQuestions questions = Prepare(name, options);
     AskedModule module(options.Library(), options, questions.map.dispenser);
     module.Open();
     Progress progress(Info().name, questions.map.CellCount(), options.quiet);
-    const Linted linted = Lint(questions, module, options,
+    const Linted linted = Lint(name, questions, module, {options, baseline},
                                [&progress](const WorkProgress& now) { progress.Show(now); });
     progress.Wipe();
-    OutputFiles files;
-    files.Add(options.registryOut, WithErrorCode(module.asker.Registry(), linted.lint.lastCode));
-    files.Commit();
-    WriteStandardOutput(
-        options.json
-            ? RenderJson(linted.lint, linted.findings, linted.status, module.asker)
-            : LintText(linted.lint, linted.findings, options.quiet, Painter(options.color)));
+    Envelope envelope = EnvelopeBy(module.asker, Info().name);
+    envelope.complete = linted.lint.isComplete;
+    envelope.input = LintInputJson(linted.lint);
+    envelope.result = LintResultJson(linted.findings);
+    envelope.exitStatus = linted.status;
+    LintFleet fleet;
+    LintFleetReport report =
+        ReportOf(name.empty() ? rawIn_ : name, linted.lint, linted.findings, linted.status, false);
+    if (rawIn_.empty()) {
+        AddPlaces(report);
+    }
+    fleet.Keep(report);
+    fleet.isComplete = linted.lint.isComplete;
+    output_.WriteParts(
+        options,
+        [&](OutputForm form, const Painter& painter, const TakePart& take) {
+            if (form == OutputForm::TextFile) {
+                take(LintText(linted.lint, linted.findings, options.quiet, tellsAll_, painter));
+            } else if (form == OutputForm::JsonFile) {
+                take(EnvelopeText(envelope));
+            } else {
+                WriteLintForm(form, fleet, envelope, take);
+            }
+        },
+        WithErrorCode(module.asker.Registry(), linted.lint.lastCode));
     return linted.status;
 }
 
-ExitStatus LintCommand::RunMany(const CommonOptions& options) const {
+ExitStatus LintCommand::RunMany(const CommonOptions& options, const LintBaseline& baseline) const {
     dispensers_.RefuseForMany("--raw-in", !rawIn_.empty());
     dispensers_.RefuseForMany("--registry-out", !options.registryOut.empty());
     dispensers_.RefuseForMany("--trace", options.trace);
     const std::vector<std::string> names = dispensers_.All();
-    // Made here: a worker's standard output is another one.
-    const Painter painter(options.color);
+    // Made here: a worker's standard output is another one. What is written twice has no colours.
+    const bool isWritten = output_.Form(options) == OutputForm::TextFile;
+    const Painter painter(isWritten ? ColorMode::Never : options.color);
     Dispenser none;
     AskedModule module(options.Library(), options, none);
     module.asker.Open();
@@ -110,40 +159,50 @@ ExitStatus LintCommand::RunMany(const CommonOptions& options) const {
         fleet, names, module.order, jobs_.Count(),
         [&progress](const WorkProgress& now) { progress.Show(now); },
         [&](const std::string& name, const OpenHere& here) {
-            return ReportBytes(name, options, painter, here);
+            return ReportBytes(name, {options, baseline}, painter, here);
         });
     progress.Wipe();
     Envelope envelope = EnvelopeBy(module.asker, Info().name);
     envelope.complete = fleet.isComplete;
     envelope.input = FleetInputJson(names.size(), options);
     envelope.exitStatus = fleet.Status();
-    if (options.json) {
-        WriteFleetJson(fleet, envelope, &WriteStandardOutput);
-    } else {
-        WriteFleetText(fleet, tellsAll_, painter, &WriteStandardOutput);
-    }
+    output_.WriteParts(
+        options,
+        [&](OutputForm form, const Painter& formPainter, const TakePart& take) {
+            if (form == OutputForm::TextFile) {
+                WriteFleetText(fleet, tellsAll_, formPainter, take);
+            } else if (form == OutputForm::JsonFile) {
+                WriteFleetJson(fleet, envelope, take);
+            } else {
+                WriteLintForm(form, fleet, envelope, take);
+            }
+        },
+        "");
     return envelope.exitStatus;
 }
 
 /// In a worker's process.
 std::string LintCommand::ReportBytes(const std::string& dispenser,
-                                     const CommonOptions& options,
+                                     const LintSetting& setting,
                                      const Painter& painter,
                                      const OpenHere& here) const {
+    const CommonOptions& options = setting.options;
+    LintFleetReport report;
     try {
         LintQuestions questions = Prepare(dispenser, options);
         questions.map.jobs = 1;  // there is a worker for each core already
         AskedModule module(options.Library(), options, questions.map.dispenser, here);
-        const Linted linted = Lint(questions, module, options, [](const WorkProgress&) {});
-        LintFleetReport report =
-            ReportOf(dispenser, linted.lint, linted.findings, linted.status, options.quiet);
-        if (tellsAll_ && !options.json) {
-            report.text = LintText(linted.lint, linted.findings, options.quiet, painter);
+        const Linted linted =
+            Lint(dispenser, questions, module, setting, [](const WorkProgress&) {});
+        report = ReportOf(dispenser, linted.lint, linted.findings, linted.status, options.quiet);
+        if (tellsAll_) {
+            report.text = LintText(linted.lint, linted.findings, options.quiet, true, painter);
         }
-        return ToBytes(report);
     } catch (const ToolError& error) {
-        return ToBytes(ReportOf(dispenser, error));
+        report = ReportOf(dispenser, error);
     }
+    AddPlaces(report);
+    return ToBytes(report);
 }
 
 LintQuestions LintCommand::Prepare(const std::string& dispenser,
@@ -171,18 +230,6 @@ LintQuestions LintCommand::Prepare(const std::string& dispenser,
     const Amounts& named = map.dispenser.amounts;
     questions.isRangeNamed = named.min || named.max || named.step || range_.IsNamed();
     return questions;
-}
-
-std::string LintCommand::RenderJson(const LintCase& lint,
-                                    const std::vector<LintFinding>& findings,
-                                    ExitStatus status,
-                                    const Asker& asker) const {
-    Envelope envelope = EnvelopeBy(asker, Info().name);
-    envelope.complete = lint.isComplete;
-    envelope.input = LintInputJson(lint);
-    envelope.result = LintResultJson(findings);
-    envelope.exitStatus = status;
-    return EnvelopeText(envelope);
 }
 
 Json LintCommand::FleetInputJson(std::size_t count, const CommonOptions& options) const {

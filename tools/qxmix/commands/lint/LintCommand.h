@@ -1,5 +1,6 @@
 #pragma once
 
+#include "LintAccept.h"
 #include "LintAnswers.h"
 #include "LintReport.h"
 #include "fleet/AskFleet.h"
@@ -9,6 +10,7 @@
 #include "options/AskedModule.h"
 #include "options/Command.h"
 #include "options/JobsOption.h"
+#include "options/OutputOption.h"
 
 #include <string>
 #include <vector>
@@ -30,22 +32,25 @@ private:
         ExitStatus status;
     };
 
+    /// What all dispensers of a run have in common beside this command's own options.
+    struct LintSetting {
+        const CommonOptions& options;
+        const LintBaseline& baseline;
+    };
+
     LintQuestions Prepare(const std::string& dispenser, const CommonOptions& options) const;
-    static Linted Lint(LintQuestions& questions,
+    static Linted Lint(const std::string& dispenser,
+                       LintQuestions& questions,
                        AskedModule& module,
-                       const CommonOptions& options,
+                       const LintSetting& setting,
                        const ProgressListener& listen);
-    ExitStatus RunOne(const CommonOptions& options) const;
-    ExitStatus RunMany(const CommonOptions& options) const;
+    ExitStatus RunOne(const CommonOptions& options, const LintBaseline& baseline) const;
+    ExitStatus RunMany(const CommonOptions& options, const LintBaseline& baseline) const;
     std::string ReportBytes(const std::string& dispenser,
-                            const CommonOptions& options,
+                            const LintSetting& setting,
                             const Painter& painter,
                             const OpenHere& here) const;
     Json FleetInputJson(std::size_t count, const CommonOptions& options) const;
-    std::string RenderJson(const LintCase& lint,
-                           const std::vector<LintFinding>& findings,
-                           ExitStatus status,
-                           const Asker& asker) const;
 
     DispenserNames dispensers_;
     std::string rawIn_;  // empty: not given
@@ -53,6 +58,8 @@ private:
     std::string slow_;  // empty: not given
     JobsOption jobs_;
     bool tellsAll_ = false;
+    std::string baseline_;  // empty: not given
+    OutputOption output_{CheckForms()};
     AskOptions ask_;
 };
 

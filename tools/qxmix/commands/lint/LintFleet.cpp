@@ -5,6 +5,22 @@
 
 namespace qxmix {
 
+namespace {
+
+LintFleetRow PutAway(LintFleetReport report, Spool& spool) {
+    report.row.json = spool.Add(report.json);
+    report.row.text = spool.Add(report.text);
+    report.row.places = spool.Add(report.places);
+    return std::move(report.row);
+}
+
+}  // namespace
+
+void LintFleet::Keep(const LintFleetReport& report) {
+    rows.push_back(PutAway(report, spool));
+    named = rows.size();
+}
+
 ExitStatus LintFleet::Status() const {
     if (!isComplete) {
         return ExitStatus::Interrupted;
@@ -19,6 +35,7 @@ ExitStatus LintFleet::Status() const {
 LintFleetTotals TotalsOf(const LintFleet& fleet) {
     LintFleetTotals totals;
     for (const LintFleetRow& row : fleet.rows) {
+        totals.accepted += row.accepted;
         ++(!row.isAsked                      ? totals.notAsked
            : row.Told(Severity::Error) > 0   ? totals.withErrors
            : row.Told(Severity::Warning) > 0 ? totals.withWarnings
@@ -37,12 +54,10 @@ void AskLintFleet(LintFleet& fleet,
     fleet.named = names.size();
     std::map<std::size_t, LintFleetRow> rows;  // by place: they come as they are ready
     const auto keep = [&](std::size_t place, const std::string& bytes, const std::string& crash) {
-        LintFleetReport report =
+        const LintFleetReport report =
             bytes.empty() ? ReportOf(names[place], WorkError("its worker ended: " + crash))
                           : ReadReport(names[place], bytes);
-        report.row.json = fleet.spool.Add(report.json);
-        report.row.text = fleet.spool.Add(report.text);
-        rows.emplace(place, std::move(report.row));
+        rows.emplace(place, PutAway(report, fleet.spool));
     };
     fleet.isComplete = AskFleet(names, order, jobs, listen, work, keep);
     for (auto& [place, row] : rows) {

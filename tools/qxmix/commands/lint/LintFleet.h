@@ -15,6 +15,9 @@ struct LintFleet {
     bool isComplete = true;          ///< false: Ctrl-C came before the end
     Spool spool;
 
+    /// Keeps what is known of the next dispenser.
+    void Keep(const LintFleetReport& report);
+
     /// The highest of all dispensers.
     ExitStatus Status() const;
 };
@@ -26,6 +29,7 @@ struct LintFleetTotals {
     std::size_t withWarnings = 0;
     std::size_t withNotes = 0;
     std::size_t clean = 0;
+    std::uint64_t accepted = 0;  ///< findings, not dispensers
 };
 
 LintFleetTotals TotalsOf(const LintFleet& fleet);

@@ -9,9 +9,6 @@
 
 namespace qxmix {
 
-/// Takes a form of an answer part by part.
-using TakePart = std::function<void(const std::string& part)>;
-
 /// Many dispensers for people: a verdict over all, and a row each, the worst first.
 ///
 /// @param hasAll  whether all that was found follows, a dispenser after the other.
@@ -22,5 +19,17 @@ void WriteFleetText(const LintFleet& fleet,
 
 /// The envelope with a result for each dispenser, in the order in which they were named.
 void WriteFleetJson(const LintFleet& fleet, const Envelope& envelope, const TakePart& take);
+
+/// A line a finding, or a dispenser that could not be asked.
+void WriteLintCsv(const LintFleet& fleet, const TakePart& take);
+
+/// A log of a check as SARIF 2.1.0: the rules with their texts, and a result a finding.
+void WriteLintSarif(const LintFleet& fleet, const Envelope& envelope, const TakePart& take);
+
+/// A test as JUnit's XML: a case a dispenser, which fails with its errors and warnings.
+void WriteLintJUnit(const LintFleet& fleet, const TakePart& take);
+
+/// A command of a workflow for each finding that is not accepted.
+void WriteLintGithub(const LintFleet& fleet, const TakePart& take);
 
 }  // namespace qxmix

@@ -19,12 +19,14 @@ struct LintFleetRow {
 
     /// Findings that people are told of, by severity.
     std::array<std::uint32_t, 3> told{};
+    std::uint32_t accepted = 0;  ///< those that are wanted as they are, and not in `told`
 
     /// The gravest finding as a line without its place, or why there is none; empty: all is well.
     std::string first;
 
-    Spool::Part json;  ///< its element of the result
-    Spool::Part text;  ///< all of it for people; empty unless it was asked for
+    Spool::Part json;    ///< its element of the result
+    Spool::Part text;    ///< all of it for people; empty unless it was asked for
+    Spool::Part places;  ///< where in its file each finding is; empty: it is no file
 
     std::uint32_t Told(Severity severity) const { return told[static_cast<std::size_t>(severity)]; }
 };
@@ -34,6 +36,7 @@ struct LintFleetReport {
     LintFleetRow row;
     std::string json;
     std::string text;
+    std::string places;
 };
 
 /// @param isQuiet  leaves the notes out for people.
@@ -45,6 +48,9 @@ LintFleetReport ReportOf(const std::string& file,
 
 /// A dispenser that costs itself: nothing could be asked.
 LintFleetReport ReportOf(const std::string& file, const ToolError& error);
+
+/// Adds where in the dispenser's file its findings, or its error, are.
+void AddPlaces(LintFleetReport& report);
 
 std::string ToBytes(const LintFleetReport& report);
 LintFleetReport ReadReport(const std::string& file, const std::string& bytes);

@@ -31,10 +31,13 @@ std::string VerdictText(const LintFleet& fleet) {
     add(totals.withWarnings, "has warnings", "have warnings");
     add(totals.notAsked, "cannot be asked", "cannot be asked");
     const std::string all = CountText(fleet.rows.size(), "dispenser");
+    const std::string accepted =
+        totals.accepted == 0 ? "" : "; " + CountText(totals.accepted, "finding") + " accepted";
     if (!parts.empty()) {
-        return "Of " + all + " " + Join(parts, ", ");
+        return "Of " + all + " " + Join(parts, ", ") + accepted;
     }
-    return (totals.withNotes > 0 ? "nothing worse than notes in " : "nothing found in ") + all;
+    return (totals.withNotes > 0 ? "nothing worse than notes in " : "nothing found in ") + all +
+           accepted;
 }
 
 std::vector<const LintFleetRow*> WorstFirst(const LintFleet& fleet) {

@@ -14,18 +14,22 @@ std::string CountText(std::uint64_t count, const std::string& what);
 
 /// The findings that people are told of: one where several mixes have the same.
 ///
-/// @param quiet  leaves the notes out.
-std::vector<Finding> ToldFindings(const std::vector<LintFinding>& findings, bool quiet);
+/// @param quiet       leaves the notes out.
+/// @param isAccepted  those that are accepted, or the others.
+std::vector<LintFinding>
+ToldFindings(const std::vector<LintFinding>& findings, bool quiet, bool isAccepted);
 
 /// "mix 4 crashes on 2 amounts": what the module did beside answering, a line a mix.
 std::vector<std::string> CrashLines(const LintCase& lint);
 
 /// What was found, for people.
 ///
-/// @param quiet  leaves the notes out.
+/// @param quiet   leaves the notes out.
+/// @param hasAll  tells of accepted findings more than their number.
 std::string LintText(const LintCase& lint,
                      const std::vector<LintFinding>& findings,
                      bool quiet,
+                     bool hasAll,
                      const Painter& painter);
 
 /// What was asked, as the envelope holds it.

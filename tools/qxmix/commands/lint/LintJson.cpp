@@ -33,6 +33,9 @@ Json LintResultJson(const std::vector<LintFinding>& findings) {
         Json json = FindingJson(finding);
         json["amounts"] = AmountsJson(finding.amounts);
         json["cures"] = finding.cures;
+        if (finding.accepted) {
+            json["accepted"] = *finding.accepted;
+        }
         list.push_back(json);
     }
     return {{"findings", list}};

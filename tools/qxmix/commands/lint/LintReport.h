@@ -18,7 +18,8 @@ struct LintAmounts {
 
 struct LintFinding : Finding {
     std::optional<LintAmounts> amounts;
-    Json cures = Json::array();  ///< what the advice names, each an object
+    Json cures = Json::array();           ///< what the advice names, each an object
+    std::optional<std::string> accepted;  ///< why it is wanted as it is; none: it is not
 };
 
 /// How a finding tells of the answers that it is about.

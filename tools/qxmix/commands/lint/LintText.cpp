@@ -13,7 +13,7 @@ namespace qxmix {
 namespace {
 
 /// "4 errors, 1 note", or "nothing found".
-std::string SeveritiesText(const std::vector<Finding>& told) {
+std::string SeveritiesText(const std::vector<LintFinding>& told, std::size_t accepted) {
     std::vector<std::string> parts;
     const auto add = [&](Severity severity, const std::string& name) {
         const auto count =
@@ -27,6 +27,9 @@ std::string SeveritiesText(const std::vector<Finding>& told) {
     add(Severity::Error, "error");
     add(Severity::Warning, "warning");
     add(Severity::Note, "note");
+    if (accepted > 0) {
+        parts.push_back(std::to_string(accepted) + " accepted");
+    }
     return parts.empty() ? "nothing found" : Join(parts, ", ");
 }
 
@@ -42,6 +45,14 @@ std::string AskedText(const LintCase& lint) {
                ? first + " " + currency + " asked"
                : CountText(count, "amount") + " from " + first + " to " +
                      AmountText(lint, lint.questions.Amount(count - 1)) + " " + currency + " asked";
+}
+
+/// A finding with the reason why it is accepted, in the place of what to do.
+std::string AcceptedText(LintFinding finding, const Painter& painter) {
+    finding.advice.clear();
+    const std::string reason =
+        WrappedText(Split(Printable(*finding.accepted), ' '), " ", kLeftOfFinding, kLeftOfFinding);
+    return FindingText(finding, FindingPlace::Told, painter) + "      ok     " + reason + "\n";
 }
 
 std::string InterruptionText(const LintCase& lint) {
@@ -72,12 +83,14 @@ std::string CountText(std::uint64_t count, const std::string& what) {
     return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
 }
 
-std::vector<Finding> ToldFindings(const std::vector<LintFinding>& findings, bool quiet) {
-    std::vector<Finding> told;
+std::vector<LintFinding>
+ToldFindings(const std::vector<LintFinding>& findings, bool quiet, bool isAccepted) {
+    std::vector<LintFinding> told;
     std::vector<std::vector<std::uint16_t>> others;
     std::map<std::string, std::size_t> places;
     for (const LintFinding& finding : findings) {
-        if (quiet && finding.severity == Severity::Note) {
+        if ((quiet && finding.severity == Severity::Note) ||
+            finding.accepted.has_value() != isAccepted) {
             continue;
         }
         const auto [place, isNew] = places.emplace(WithoutMix(finding), told.size());
@@ -111,20 +124,26 @@ std::vector<std::string> CrashLines(const LintCase& lint) {
 std::string LintText(const LintCase& lint,
                      const std::vector<LintFinding>& findings,
                      bool quiet,
+                     bool hasAll,
                      const Painter& painter) {
     const std::vector<std::uint16_t>& mixes = lint.questions.mixes;
-    const std::vector<Finding> told = ToldFindings(findings, quiet);
+    const std::vector<LintFinding> told = ToldFindings(findings, quiet, false);
+    const std::vector<LintFinding> accepted = ToldFindings(findings, quiet, true);
     const std::string heading =
-        SeveritiesText(told) + " for " +
+        SeveritiesText(told, accepted.size()) + " for " +
         (mixes == AllMixes() ? AllMixesText(mixes.size()) : MixesText(mixes)) + ", " +
         AskedText(lint);
     std::string text = WrappedText(Split(heading, ' '), " ", 0, 2) + "\n";
     for (const std::string& crash : CrashLines(lint)) {
         text += painter.Paint("CRASH", RowOf(Outcome::Crashed).terminalStyle) + "  " + crash + "\n";
     }
-    text += told.empty() ? "" : "\n";
-    for (const Finding& finding : told) {
+    const bool tellsAccepted = hasAll && !accepted.empty();
+    text += told.empty() && !tellsAccepted ? "" : "\n";
+    for (const LintFinding& finding : told) {
         text += FindingText(finding, FindingPlace::Told, painter);
+    }
+    for (const LintFinding& finding : tellsAccepted ? accepted : std::vector<LintFinding>()) {
+        text += AcceptedText(finding, painter);
     }
     return text + InterruptionText(lint);
 }

@@ -26,7 +26,7 @@ private:
     std::string rawIn_;      // empty: not given
     AmountRangeOptions range_;
     JobsOption jobs_;
-    OutputOption output_{kAllForms};
+    OutputOption output_{AllForms()};
     AskOptions ask_;
 };
 

@@ -13,7 +13,7 @@ struct JournalArguments {
     std::string journal;    ///< as named on the command line
     std::string dispenser;  ///< --dispenser; empty: not given, what is replayed is a trace
     SheetOptions sheet;
-    OutputOption output{kAllForms};
+    OutputOption output{AllForms()};
     bool stops = false;
 };
 

@@ -32,7 +32,7 @@ private:
     std::optional<std::uint32_t> runs_;
     SheetOptions sheet_ = RecordedSheet();
     JobsOption jobs_;
-    OutputOption output_{kAllForms};
+    OutputOption output_{AllForms()};
     AskOptions ask_;
 };
 
