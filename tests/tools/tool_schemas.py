@@ -65,6 +65,8 @@ ANSWERS = [
     "map --raw-in both.bin --mixes 1,2",
     "lint --raw-in both.bin",
     "lint examples/trouble.json examples/kiosk.json bad.json nowhere.json",
+    "simulate examples/euro.json bad.json --demand examples/week.json --mixes 1,4",
+    "simulate examples/euro.json EUR:50x9 --demand examples/week.json --mixes 1,4 --runs 2",
     "mix EUR:5x40,500x3,25x1,200x200 --amount 675",
     "replay examples/trace.ndjson --library fake.so --library examples/../fake.so",
     "types",

@@ -12,7 +12,8 @@ namespace {
 
 constexpr const char* kBlanks = " \t\r\n";
 
-/// Walks through the text of JSON that is known to be right.
+/// Walks through the text of JSON; one that is none, since it has changed meanwhile, comes to an
+/// end, too.
 class JsonWalker {
 public:
     explicit JsonWalker(const std::string& text) : text_(text) { SkipBlanks(); }
@@ -61,10 +62,10 @@ private:
 
     std::string TakeKey() {
         const std::size_t end = EndOfText();
-        const std::string key = Json::parse(text_.substr(at_, end - at_)).get<std::string>();
+        const Json key = Json::parse(text_.substr(at_, end - at_), nullptr, false);
         Skip(end - at_);
         Skip(1);  // the colon
-        return key;
+        return key.is_string() ? key.get<std::string>() : "";
     }
 
     void SkipValue() {

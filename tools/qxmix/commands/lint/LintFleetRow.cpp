@@ -3,6 +3,7 @@
 #include "LintForms.h"
 #include "dispenser/InlineDispenser.h"
 #include "files/InputFile.h"
+#include "fleet/FleetText.h"
 #include "json/Json.h"
 #include "json/JsonPlaces.h"
 #include "workers/Bytes.h"
@@ -12,24 +13,6 @@
 namespace qxmix {
 
 namespace {
-
-Json ElementOf(const std::string& file, ExitStatus status) {
-    return {{"file", file}, {"exitStatus", static_cast<int>(status)}};
-}
-
-std::string TextOf(const Json& json) {
-    // The name of a file need not be UTF-8; JSON has to be.
-    return json.dump(-1, ' ', false, Json::error_handler_t::replace);
-}
-
-/// What is wrong, without the name of the file that stands in the row already.
-std::string WithoutFile(const std::string& error, const std::string& file) {
-    if (error.compare(0, file.size(), file) != 0) {
-        return error;
-    }
-    const std::size_t rest = error.find_first_not_of(": ", file.size());
-    return rest == std::string::npos ? error : error.substr(rest);
-}
 
 /// The gravest of them; of several the first.
 std::string FirstLine(const std::vector<LintFinding>& told) {
@@ -58,9 +41,9 @@ LintFleetReport ReportOf(const std::string& file,
     report.row.accepted = static_cast<std::uint32_t>(ToldFindings(findings, isQuiet, true).size());
     const std::vector<std::string> crashes = CrashLines(lint);
     report.row.first = crashes.empty() ? FirstLine(told) : crashes.front();
-    Json json = ElementOf(file, status);
+    Json json = FleetElement(file, status);
     json.update(LintResultJson(findings));
-    report.json = TextOf(json);
+    report.json = ElementText(json);
     return report;
 }
 
@@ -70,12 +53,7 @@ LintFleetReport ReportOf(const std::string& file, const ToolError& error) {
     report.row.status = error.Status();
     report.row.first = WithoutFile(error.what(), file);
     report.text = Printable(report.row.first) + "\n";
-    const auto* const field = dynamic_cast<const FieldError*>(&error);
-    const bool hasPointer = field != nullptr && !field->Pointer().empty();
-    Json json = ElementOf(file, report.row.status);
-    json["error"] = {{"pointer", hasPointer ? Json(field->Pointer()) : Json()},
-                     {"message", hasPointer ? field->Wrong() : report.row.first}};
-    report.json = TextOf(json);
+    report.json = ElementText(FleetElement(file, error));
     return report;
 }
 

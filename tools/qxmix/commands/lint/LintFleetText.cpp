@@ -2,6 +2,7 @@
 
 #include "LintForms.h"
 #include "answers/Outcome.h"
+#include "fleet/FleetText.h"
 #include "terminal/Table.h"
 #include "text/TextList.h"
 
@@ -14,7 +15,6 @@ namespace {
 
 using Align = Table::Align;
 
-constexpr std::size_t kLongestName = 40;    // of a dispenser, in a table of 80 columns
 constexpr std::size_t kNumberColumns = 24;  // those of the three numbers, and the gaps beside them
 constexpr std::size_t kShortestFinding = 16;
 
@@ -55,25 +55,6 @@ std::vector<const LintFleetRow*> WorstFirst(const LintFleet& fleet) {
     return rows;
 }
 
-/// The text in so many columns, with dots where it was cut.
-std::string Cut(const std::string& text, std::size_t columns) {
-    constexpr std::size_t kDots = 3;
-    const std::string shown = Printable(text);
-    return ColumnsOf(shown) <= columns ? shown : CutToColumns(shown, columns - kDots) + "...";
-}
-
-/// The same, but a long name keeps its end: the beginning is what the names of a fleet share.
-std::string CutName(const std::string& name) {
-    const std::string shown = Printable(name);
-    const std::size_t columns = ColumnsOf(shown);
-    if (columns <= kLongestName) {
-        return shown;
-    }
-    const std::string dots = "...";
-    const std::string cut = CutToColumns(shown, columns - kLongestName + dots.size());
-    return dots + shown.substr(cut.size());
-}
-
 Cell NumberCell(const LintFleetRow& row, Severity severity) {
     if (!row.isAsked) {
         return "?";
@@ -85,7 +66,7 @@ Cell NumberCell(const LintFleetRow& row, Severity severity) {
 std::string TableText(const std::vector<const LintFleetRow*>& rows, const Painter& painter) {
     std::size_t longest = 9;
     for (const LintFleetRow* row : rows) {
-        longest = std::max(longest, ColumnsOf(CutName(row->file)));
+        longest = std::max(longest, ColumnsOf(NameInTable(row->file)));
     }
     const std::size_t used = 1 + longest + kNumberColumns;
     const std::size_t left =
@@ -98,11 +79,11 @@ std::string TableText(const std::vector<const LintFleetRow*>& rows, const Painte
     table.AddRow({"dispenser", "errors", "warnings", "notes", "first finding"});
     for (const LintFleetRow* row : rows) {
         const bool isBad = row->status >= ExitStatus::Danger;
-        table.AddRow({{CutName(row->file), isBad ? RowOf(Outcome::Overpaid).terminalStyle : ""},
+        table.AddRow({{NameInTable(row->file), isBad ? RowOf(Outcome::Overpaid).terminalStyle : ""},
                       NumberCell(*row, Severity::Error),
                       NumberCell(*row, Severity::Warning),
                       NumberCell(*row, Severity::Note),
-                      Cut(row->first, left)});
+                      CutToFit(row->first, left)});
     }
     return table.Text(painter);
 }
@@ -124,8 +105,7 @@ void WriteFleetText(const LintFleet& fleet,
         }
     }
     if (!fleet.isComplete) {
-        take("interrupted after " + std::to_string(fleet.rows.size()) + " of " +
-             CountText(fleet.named, "dispenser") + "\n");
+        take(FleetInterruption(fleet.rows.size(), fleet.named));
     }
 }
 

@@ -4,6 +4,7 @@
 #include "LintRules.h"
 #include "ToolVersion.h"
 #include "findings/RuleTexts.h"
+#include "fleet/FleetText.h"
 
 #include <map>
 
@@ -13,10 +14,6 @@ namespace {
 
 constexpr const char* kSchema =
     "https://docs.oasis-open.org/sarif/sarif/v2.1.0/errata01/os/schemas/sarif-schema-2.1.0.json";
-
-std::string SarifText(const Json& json) {
-    return json.dump(-1, ' ', false, Json::error_handler_t::replace);
-}
 
 /// The rules of lint, and the one about what is accepted, by id.
 std::vector<RuleText> SarifRules() {
@@ -122,14 +119,14 @@ void WriteLintSarif(const LintFleet& fleet, const Envelope& envelope, const Take
     }
     const Json driver = {{"name", "qxmix lint"}, {"version", kToolVersion}, {"rules", rules}};
     take("{\"$schema\":\"" + std::string(kSchema) +
-         "\",\"version\":\"2.1.0\",\"runs\":[{\"tool\":" + SarifText({{"driver", driver}}) +
+         "\",\"version\":\"2.1.0\",\"runs\":[{\"tool\":" + ElementText({{"driver", driver}}) +
          ",\"columnKind\":\"unicodeCodePoints\",\"invocations\":[" +
-         SarifText(InvocationJson(fleet, envelope)) + "],\"results\":[");
+         ElementText(InvocationJson(fleet, envelope)) + "],\"results\":[");
     std::string between;
     for (const LintFleetRow& row : fleet.rows) {
         for (const LintElement& element : ElementsOf(fleet, row)) {
             if (!element.isError) {
-                take(between + SarifText(ResultJson(element, indices)));
+                take(between + ElementText(ResultJson(element, indices)));
                 between = ",\n";
             }
         }

@@ -1,5 +1,6 @@
 #include "SimulateCommand.h"
 
+#include "SimulationFleetForms.h"
 #include "SimulationForms.h"
 #include "answers/Envelope.h"
 #include "demand/RecordedDemand.h"
@@ -8,6 +9,7 @@
 #include "options/DispenserArgument.h"
 #include "options/ShellWords.h"
 #include "terminal/Progress.h"
+#include "text/Duration.h"
 
 #include <CLI/App.hpp>
 #include <utility>
@@ -26,14 +28,15 @@ const CommandInfo& SimulateCommand::Info() const {
         "simulate",
         "Asks every mix for the same withdrawals while cassettes drain.",
         {"simulate DISPENSER --demand FILE [--mixes all] [--seed N] [--output F]",
-         "simulate DISPENSER --demand FILE --runs N [--mixes all] [--output F]"},
+         "simulate DISPENSER --demand FILE --runs N [--mixes all] [--output F]",
+         "simulate DISPENSER ... | @LIST --demand FILE [--all]"},
         {"simulate examples/euro.json --demand examples/week.json --mixes 1-4,8",
          "simulate examples/plain-euro.json --demand examples/week.json --runs 3"}};
     return info;
 }
 
 void SimulateCommand::AddOptions(CLI::App& command) {
-    AddDispenserArgument(command, dispenser_);
+    dispensers_.AddTo(command);
     command
         .add_option(
             "--demand", demand_,
@@ -50,13 +53,18 @@ void SimulateCommand::AddOptions(CLI::App& command) {
         "runs with one seed after the other: medians and ranges");
     AddAskOptions(command, ask_);
     AddSheetOptions(command, sheet_);
+    command.add_flag("--all", tellsAll_, "of many dispensers each simulation, not rows alone");
     AddJobsOption(command, jobs_);
     output_.AddTo(command, "simulation");
 }
 
 ExitStatus SimulateCommand::Run(const CommonOptions& options) {
+    return dispensers_.AreMany() ? RunMany(options) : RunOne(options);
+}
+
+ExitStatus SimulateCommand::RunOne(const CommonOptions& options) const {
     const std::optional<OutputForm> form = output_.Form(options);
-    SimulationQuestions questions = Prepare(options);
+    SimulationQuestions questions = Prepare(dispensers_.One(), options);
     AskedModule module(options.Library(), options, questions.dispenser);
     module.Open();
     Progress progress(Info().name, questions.CalculationCount(), options.quiet);
@@ -85,17 +93,93 @@ ExitStatus SimulateCommand::Run(const CommonOptions& options) {
                          WithErrorCode(module.asker.Registry(), report.answers.lastCode));
 }
 
-SimulationQuestions SimulateCommand::Prepare(const CommonOptions& options) const {
-    RequireDispenser(dispenser_);
+ExitStatus SimulateCommand::RunMany(const CommonOptions& options) const {
+    dispensers_.RefuseForMany("--registry-out", !options.registryOut.empty());
+    dispensers_.RefuseForMany("--trace", options.trace);
+    dispensers_.RefuseForMany("--demand -", demand_ == "-");
+    const std::vector<std::string> names = dispensers_.All();
+    const auto file = output_.Form(options);
+    if (file == OutputForm::Page) {
+        dispensers_.RefuseForMany("--output of a page", true);
+    }
+    // Made here: a worker's standard output is another one. What is written twice has no colours.
+    const Painter painter(file == OutputForm::TextFile ? ColorMode::Never : options.color);
+    Dispenser none;
+    AskedModule module(options.Library(), options, none);
+    module.asker.Open();
+    SimulationFleet fleet;
+    Progress progress(Info().name, names.size(), options.quiet);
+    SimulateFleet(
+        fleet, names, module.order, jobs_.Count(),
+        [&progress](const WorkProgress& now) { progress.Show(now); },
+        [&](const std::string& name, const OpenHere& here) {
+            return ReportBytes(name, options, painter, here);
+        });
+    progress.Wipe();
+    Envelope envelope = EnvelopeBy(module.asker, Info().name);
+    envelope.complete = fleet.isComplete;
+    envelope.input = FleetInputJson(names.size(), options);
+    envelope.exitStatus = fleet.Status();
+    output_.WriteParts(
+        options,
+        [&](OutputForm form, const Painter& formPainter, const TakePart& take) {
+            if (form == OutputForm::JsonFile) {
+                WriteSimulationFleetJson(fleet, envelope, take);
+            } else if (form == OutputForm::CsvFile) {
+                WriteSimulationFleetCsv(fleet, take);
+            } else {
+                WriteSimulationFleetText(fleet, tellsAll_, formPainter, take);
+            }
+        },
+        "");
+    return envelope.exitStatus;
+}
+
+/// In a worker's process.
+std::string SimulateCommand::ReportBytes(const std::string& dispenser,
+                                         const CommonOptions& options,
+                                         const Painter& painter,
+                                         const OpenHere& here) const {
+    try {
+        SimulationQuestions questions = Prepare(dispenser, options);
+        questions.jobs = 1;  // there is a worker for each core already
+        const AskedModule module(options.Library(), options, questions.dispenser, here);
+        SimulationAnswers answers =
+            Simulate(questions, module.order, nullptr, [](const WorkProgress&) {});
+        const SimulationReport report(std::move(questions), std::move(answers));
+        SimulationFleetReport told = SimulationReportOf(dispenser, report);
+        if (tellsAll_) {
+            told.text = SimulationText(report, options.quiet, painter);
+        }
+        return ToBytes(told);
+    } catch (const ToolError& error) {
+        return ToBytes(SimulationReportOf(dispenser, error));
+    }
+}
+
+Json SimulateCommand::FleetInputJson(std::size_t count, const CommonOptions& options) const {
+    const SimulationQuestions defaults;
+    const std::string mixes = ask_.mixes.empty() ? ask_.mix : ask_.mixes;
+    return {{"dispensers", count},
+            {"demand", demand_},
+            {"mixes", mixes.empty() ? Json() : Json(mixes)},
+            {"seed", seed_ ? Json(*seed_) : Json()},
+            {"runs", runs_.value_or(defaults.runs)},
+            {"deadline", DurationText(options.deadline.value_or(defaults.deadline))}};
+}
+
+SimulationQuestions SimulateCommand::Prepare(const std::string& dispenser,
+                                             const CommonOptions& options) const {
+    RequireDispenser(dispenser);
     if (demand_.empty()) {
         throw InputError("--demand: missing; expected a file of withdrawals such as "
                          "examples/week.json");
     }
-    if (dispenser_ == "-" && demand_ == "-") {
+    if (dispenser == "-" && demand_ == "-") {
         throw InputError("--demand: - is taken by the dispenser; expected a file");
     }
     SimulationQuestions questions;
-    questions.dispenser = DispenserAsked(dispenser_, ask_);
+    questions.dispenser = DispenserAsked(dispenser, ask_);
     questions.mixes = ask_.MixesOrAll(questions.dispenser);
     questions.demand = OpenDemand(demand_, questions.dispenser, sheet_);
     questions.seed = seed_.value_or(questions.seed);
@@ -127,7 +211,7 @@ void SimulateCommand::CheckDrawing(const SimulationQuestions& questions) const {
 
 std::string SimulateCommand::CommandLine(const SimulationQuestions& questions,
                                          const CommonOptions& options) const {
-    std::string line = "qxmix simulate " + ShellWord(dispenser_) + " --demand " +
+    std::string line = "qxmix simulate " + ShellWord(dispensers_.One()) + " --demand " +
                        ShellWord(demand_) + " --mixes " + MixListWord(questions.mixes);
     if (!questions.IsRecorded()) {
         line += " --seed " + std::to_string(questions.seed);

@@ -2,6 +2,8 @@
 
 #include "SimulationAnswers.h"
 #include "demand/RecordedDemand.h"
+#include "fleet/AskFleet.h"
+#include "fleet/DispenserNames.h"
 #include "options/AskOptions.h"
 #include "options/Command.h"
 #include "options/JobsOption.h"
@@ -21,17 +23,25 @@ public:
     ExitStatus Run(const CommonOptions& options) override;
 
 private:
-    SimulationQuestions Prepare(const CommonOptions& options) const;
+    SimulationQuestions Prepare(const std::string& dispenser, const CommonOptions& options) const;
+    ExitStatus RunOne(const CommonOptions& options) const;
+    ExitStatus RunMany(const CommonOptions& options) const;
+    std::string ReportBytes(const std::string& dispenser,
+                            const CommonOptions& options,
+                            const Painter& painter,
+                            const OpenHere& here) const;
+    Json FleetInputJson(std::size_t count, const CommonOptions& options) const;
     void CheckDrawing(const SimulationQuestions& questions) const;
     std::string CommandLine(const SimulationQuestions& questions,
                             const CommonOptions& options) const;
 
-    std::string dispenser_;  // as named on the command line
+    DispenserNames dispensers_;
     std::string demand_;
     std::optional<std::uint32_t> seed_;
     std::optional<std::uint32_t> runs_;
     SheetOptions sheet_ = RecordedSheet();
     JobsOption jobs_;
+    bool tellsAll_ = false;
     OutputOption output_{AllForms()};
     AskOptions ask_;
 };

@@ -12,12 +12,21 @@ namespace qxmix {
 /// first.
 std::string SimulationText(const SimulationReport& report, bool isQuiet, const Painter& painter);
 
+/// " 834  99.3%"
+std::string ServedText(std::uint64_t served, std::uint64_t whole);
+
+/// The first withdrawal that was refused: "Sun 18:13 50", or "none".
+std::string RefusalText(const SimulationReport& report, const SimulationSummary& summary);
+
 /// One run: a line for each withdrawal of each mix, with what the cassettes hold then. Several
 /// runs: a line for each run and mix.
 std::string SimulationCsv(const SimulationReport& report);
 
 /// What was asked.
 Json SimulationInputJson(const SimulationQuestions& questions);
+
+/// The mixes with the best one first, without their answers one by one.
+Json SimulatedMixesJson(const SimulationReport& report);
 
 /// The demand, and the mixes with the best one first.
 Json SimulationResultJson(const SimulationReport& report);

@@ -20,6 +20,7 @@ public:
 
     Json Demand() const;
     Json Mix(const SimulationRow& row) const;
+    Json Answers(const SimulationRow& row) const { return Steps(row.place); }
 
 private:
     std::string Time(std::int64_t time) const { return answers_.demand.calendar.Text(time); }
@@ -174,7 +175,6 @@ Json ResultWriter::Mix(const SimulationRow& row) const {
         json["ranges"] = Ranges(row);
         json["runs"] = Runs(row.place);
     }
-    json["answers"] = Steps(row.place);
     return json;
 }
 
@@ -201,11 +201,20 @@ Json SimulationInputJson(const SimulationQuestions& questions) {
             {"deadline", DurationText(questions.deadline)}};
 }
 
-Json SimulationResultJson(const SimulationReport& report) {
+Json SimulatedMixesJson(const SimulationReport& report) {
     const ResultWriter writer(report);
     Json mixes = Json::array();
     for (const SimulationRow& row : report.rows) {
         mixes.push_back(writer.Mix(row));
+    }
+    return mixes;
+}
+
+Json SimulationResultJson(const SimulationReport& report) {
+    const ResultWriter writer(report);
+    Json mixes = SimulatedMixesJson(report);
+    for (std::size_t place = 0; place < mixes.size(); ++place) {
+        mixes[place]["answers"] = writer.Answers(report.rows[place]);
     }
     return {{"demand", writer.Demand()}, {"mixes", mixes}};
 }

@@ -32,10 +32,6 @@ std::string PercentText(std::uint64_t part, std::uint64_t whole) {
     return std::to_string(thousandths / 10) + "." + std::to_string(thousandths % 10) + "%";
 }
 
-std::string ServedText(std::uint64_t served, std::uint64_t whole) {
-    return LeftPadded(std::to_string(served), 5) + " " + LeftPadded(PercentText(served, whole), 6);
-}
-
 std::string TenthsText(std::uint64_t tenths) {
     return std::to_string(tenths / 10) + "." + std::to_string(tenths % 10);
 }
@@ -46,6 +42,22 @@ std::string RankText(const SimulationRow& row) {
 
 std::string LeftText(const Dispenser& dispenser, const std::optional<Money>& left) {
     return left ? ReadableText(*left, AmountDecimals(dispenser)) : "-";
+}
+
+std::string EmptiedText(const SimulationReport& report, const SimulationSummary& summary) {
+    if (summary.emptied.empty()) {
+        return kNone;
+    }
+    const SimulationSummary::Emptied& first = summary.emptied.front();
+    const std::string label = Printable(CassetteLabel(report.questions.dispenser, first.cassette));
+    return report.answers.demand.calendar.ShortText(first.time) + " " +
+           CutToColumns(label, kLabelColumns);
+}
+
+}  // namespace
+
+std::string ServedText(std::uint64_t served, std::uint64_t whole) {
+    return LeftPadded(std::to_string(served), 5) + " " + LeftPadded(PercentText(served, whole), 6);
 }
 
 std::string RefusalText(const SimulationReport& report, const SimulationSummary& summary) {
@@ -60,15 +72,7 @@ std::string RefusalText(const SimulationReport& report, const SimulationSummary&
            ReadableText(AskedMoney(dispenser, asked.amount), AmountDecimals(dispenser)) + currency;
 }
 
-std::string EmptiedText(const SimulationReport& report, const SimulationSummary& summary) {
-    if (summary.emptied.empty()) {
-        return kNone;
-    }
-    const SimulationSummary::Emptied& first = summary.emptied.front();
-    const std::string label = Printable(CassetteLabel(report.questions.dispenser, first.cassette));
-    return report.answers.demand.calendar.ShortText(first.time) + " " +
-           CutToColumns(label, kLabelColumns);
-}
+namespace {
 
 /// The table of one run.
 Table OneRunTable(const SimulationReport& report) {
