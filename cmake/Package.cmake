@@ -68,6 +68,10 @@ if(TARGET qxmix AND NOT CMAKE_CROSSCOMPILING)
     DIRECTORY docs schema examples
     DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/qxmix
     PATTERN qxmix.1.scd EXCLUDE)
+  set(QXMIX_PAGE "" CACHE FILEPATH "The page of scripts/lib/build-page, to be installed with the documents")
+  if(QXMIX_PAGE)
+    install(FILES ${QXMIX_PAGE} DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/qxmix)
+  endif()
   install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/qxmix)
   list(APPEND install_folders ${CMAKE_INSTALL_DATAROOTDIR}/doc/qxmix)
 endif()

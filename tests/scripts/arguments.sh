@@ -82,6 +82,8 @@ expect_refusal scripts/lib/count-instructions --store unknown-word
 expect_refusal scripts/bench --benchmark_filter=x unknown-word
 expect_refusal scripts/lib/build-dlls --output folder unknown-word
 expect_refusal scripts/lib/build-windows-tool --output folder unknown-word
+expect_refusal scripts/lib/build-page --output folder unknown-word
+expect_refusal scripts/lib/test-page unknown-word
 expect_refusal scripts/lib/make-dist --output folder unknown-word
 
 # In the temporary folder others may have put a link of a name that can be guessed.

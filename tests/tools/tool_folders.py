@@ -8,7 +8,7 @@ import pathlib
 import re
 import sys
 
-SYSTEMS = ("linux", "windows")
+SYSTEMS = ("linux", "windows", "web")
 COMMANDS = "commands/"
 
 

@@ -52,7 +52,8 @@ class Tool:
         options.setdefault("stdout", subprocess.PIPE)
         options.setdefault("stderr", subprocess.PIPE)
         options.setdefault("env", self.environment)
-        return subprocess.Popen(self.arguments.command + list(words), cwd=self.folder, **options)
+        options.setdefault("cwd", self.folder)
+        return subprocess.Popen(self.arguments.command + list(words), **options)
 
     def run(self, words, stdin=b"", environment=None):
         """Runs the tool to its end: exit status, standard output, standard error."""

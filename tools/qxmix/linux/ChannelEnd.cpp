@@ -1,27 +1,14 @@
+#include "PollTime.h"
 #include "errors/Errors.h"
 #include "workers/Channel.h"
 #include "workers/Interrupt.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
 namespace qxmix {
-
-namespace {
-
-/// Time left, rounded up, in the unit of poll; -1 for no end.
-int MillisecondsUntil(std::optional<Clock::time_point> until) {
-    if (!until) {
-        return -1;
-    }
-    const auto left = std::chrono::ceil<std::chrono::milliseconds>(*until - Clock::now()).count();
-    return static_cast<int>(std::clamp<std::int64_t>(left, 0, INT32_MAX));
-}
-
-}  // namespace
 
 Channel::~Channel() {
     if (end_ != kNoChannelEnd) {

@@ -81,18 +81,19 @@ std::string VersionsText(const Envelope& envelope) {
 }  // namespace
 
 std::string PageText(const PageParts& parts, const Envelope& envelope) {
-    const std::string text =
-        FillPage(kPageHtml, {{"title", HtmlText(parts.title)},
-                             {"heading", parts.heading},
-                             {"style", std::string(kPartsCss) + parts.style},
-                             {"colours", OutcomeStyles()},
-                             {"withoutScript", parts.withoutScript},
-                             {"summary", parts.summary},
-                             {"main", FillPage(parts.main, {{"dispenser", parts.dispenser}})},
-                             {"versions", HtmlText(VersionsText(envelope))},
-                             {"answer", JsonInPage(EnvelopeJson(envelope))},
-                             {"page", JsonInPage(parts.page)},
-                             {"script", std::string(kPartsScript) + parts.script}});
+    const std::string text = FillPage(
+        kPageHtml,
+        {{"title", HtmlText(parts.title)},
+         {"heading", parts.heading},
+         {"style", std::string(kPartsCss) + parts.style},
+         {"colours", OutcomeStyles()},
+         {"withoutScript", parts.withoutScript},
+         {"summary", parts.summary},
+         {"main", FillPage(parts.main, {{"dispenser", parts.dispenser}})},
+         {"versions", HtmlText(VersionsText(envelope))},
+         {"answer", JsonInPage(EnvelopeJson(envelope))},
+         {"page", JsonInPage(parts.page)},
+         {"script", std::string(kStandaloneScript) + std::string(kPartsScript) + parts.script}});
     if (text.size() > kMostPageBytes) {
         throw InputError("--output: a page of " + std::to_string(text.size()) +
                          " bytes is too large; expected at most " + std::to_string(kMostPageBytes) +

@@ -8,6 +8,7 @@ namespace qxmix {
 /// common; {{name}} in it stands for a part that is filled in.
 extern const std::string_view kPageHtml;
 extern const std::string_view kPartsCss;
+extern const std::string_view kStandaloneScript;
 extern const std::string_view kPartsScript;
 extern const std::string_view kMapHtml;
 extern const std::string_view kMapCss;

@@ -9,7 +9,7 @@ function countOf(change) {
 }
 
 function showSummary() {
-    fillTable(document.getElementById("summary"), "Lines by what has changed", ["What", "Lines#"],
+    fillTable(root.getElementById("summary"), "Lines by what has changed", ["What", "Lines#"],
         [["the same", String(result.same)],
             ...page.changes.map((change) => [change.words, String(countOf(change))])]);
 }
@@ -20,10 +20,10 @@ function amountText(line) {
 
 function showLines() {
     const shown = result.differences.filter((line) => !hiddenChanges.has(line.change));
-    document.getElementById("shown").textContent = shown.length > MOST_LINES
+    root.getElementById("shown").textContent = shown.length > MOST_LINES
         ? "The first " + MOST_LINES + " of " + plural(shown.length, "line") + "."
         : plural(shown.length, "line") + ".";
-    fillTable(document.getElementById("differences"), "Lines that are answered otherwise now",
+    fillTable(root.getElementById("differences"), "Lines that are answered otherwise now",
         ["Line#", "Time", "Amount#", "Mix#", "Change", "Journal", "Now"],
         shown.slice(0, MOST_LINES).map((line) => [String(line.line), line.time || "",
             amountText(line), String(line.mix), wordsOfChange.get(line.change),
@@ -32,7 +32,7 @@ function showLines() {
 
 function makeFilters() {
     for (const change of page.changes.filter((one) => countOf(one) > 0)) {
-        addFilter(document.getElementById("changes"), "change-" + change.name,
+        addFilter(root.getElementById("changes"), "change-" + change.name,
             [change.words + " (" + countOf(change) + ")"], (isShown) => {
                 if (isShown) {
                     hiddenChanges.delete(change.name);
@@ -45,8 +45,8 @@ function makeFilters() {
 }
 
 function showBadLines() {
-    document.getElementById("bad").hidden = result.badLines.length === 0;
-    fillTable(document.getElementById("badLines"), "Lines that were passed over",
+    root.getElementById("bad").hidden = result.badLines.length === 0;
+    fillTable(root.getElementById("badLines"), "Lines that were passed over",
         ["Line#", "What is wrong"],
         result.badLines.map((bad) => [String(bad.error.line), bad.error.message]));
 }
@@ -57,5 +57,5 @@ if (result.differences.length > 0) {
     makeFilters();
     showLines();
 } else {
-    document.getElementById("lines").hidden = true;
+    root.getElementById("lines").hidden = true;
 }

@@ -4,9 +4,9 @@ const SMALLEST_WIDTH = 3;
 const OVERVIEW_WIDTH = 280;
 const DANGEROUS = ["overpaid", "overdrawn", "noAnswer"];
 
-const scroller = document.getElementById("scroller");
-const map = document.getElementById("map");
-const details = document.getElementById("details");
+const scroller = root.getElementById("scroller");
+const map = root.getElementById("map");
+const details = root.getElementById("details");
 const hiddenMixes = new Set();
 const hiddenOutcomes = new Set();
 
@@ -31,7 +31,7 @@ function columnCount() {
 }
 
 function leftWidth() {
-    return parseFloat(getComputedStyle(document.documentElement).getPropertyValue("--left")) *
+    return parseFloat(getComputedStyle(scroller).getPropertyValue("--left")) *
         parseFloat(getComputedStyle(document.documentElement).fontSize);
 }
 
@@ -84,7 +84,7 @@ function show(cell) {
     const row = shownRows()[Number(cell.dataset.row)];
     const lines = describeCell(row, Number(cell.dataset.column));
     ["what", "items", "said"].forEach((id, index) => {
-        document.getElementById(id).textContent = lines[index];
+        root.getElementById(id).textContent = lines[index];
     });
 }
 
@@ -280,9 +280,9 @@ function zoomTo(next) {
     scroller.scrollLeft = kept / level().stretch * level().width -
         Math.min(offset, room - level().width);
     drawIfNeeded();
-    document.getElementById("smaller").disabled = view.level === 0;
-    document.getElementById("larger").disabled = view.level === levels.length - 1;
-    document.getElementById("scale").textContent = level().stretch === 1
+    root.getElementById("smaller").disabled = view.level === 0;
+    root.getElementById("larger").disabled = view.level === levels.length - 1;
+    root.getElementById("scale").textContent = level().stretch === 1
         ? "a cell for each amount"
         : "a cell for " + level().stretch + " amounts: the worst of them";
 }

@@ -30,7 +30,7 @@ scroller.addEventListener("scroll", drawIfNeeded, { passive: true });
 window.addEventListener("resize", () => {
     keepHeight(details, longestDetails());
     draw();
-});
-window.addEventListener("beforeprint", makePaper);
-document.getElementById("smaller").addEventListener("click", () => zoomTo(view.level - 1));
-document.getElementById("larger").addEventListener("click", () => zoomTo(view.level + 1));
+}, { signal: lifetime });
+window.addEventListener("beforeprint", makePaper, { signal: lifetime });
+root.getElementById("smaller").addEventListener("click", () => zoomTo(view.level - 1));
+root.getElementById("larger").addEventListener("click", () => zoomTo(view.level + 1));

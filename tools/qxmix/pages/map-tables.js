@@ -28,13 +28,13 @@ function onFilter(hidden, item, isShown) {
 
 function makeFilters() {
     for (const row of rows) {
-        addFilter(document.getElementById("mixes"), "mix-" + row.mix, [String(row.mix)],
+        addFilter(root.getElementById("mixes"), "mix-" + row.mix, [String(row.mix)],
             (isShown) => onFilter(hiddenMixes, row.mix, isShown));
     }
     for (const { outcome, index } of seenOutcomes()) {
         const count = element("output");
         count.id = "count-" + outcome.name;
-        addFilter(document.getElementById("outcomes"), "outcome-" + outcome.name,
+        addFilter(root.getElementById("outcomes"), "outcome-" + outcome.name,
             [key(outcome), outcome.words, count],
             (isShown) => onFilter(hiddenOutcomes, index, isShown));
     }
@@ -43,13 +43,13 @@ function makeFilters() {
 
 function showCounts() {
     for (const { outcome, index } of seenOutcomes()) {
-        document.getElementById("count-" + outcome.name).textContent = String(shownCount(index));
+        root.getElementById("count-" + outcome.name).textContent = String(shownCount(index));
     }
 }
 
 function showSummary() {
     const seen = seenOutcomes();
-    const table = document.getElementById("summary");
+    const table = root.getElementById("summary");
     fillTable(table, "Amounts of each outcome",
         ["mix"].concat(seen.map(({ outcome }) => outcome.words + "#")),
         rows.map((row) => [String(row.mix)].concat(
@@ -79,10 +79,10 @@ function showRuns() {
             index += length;
         }
     }
-    document.getElementById("runsNote").textContent = count > lines.length
+    root.getElementById("runsNote").textContent = count > lines.length
         ? "The first " + lines.length + " of " + count + " runs; the CSV and JSON forms have all."
         : "";
-    fillTable(document.getElementById("runs"), "Neighbouring amounts with the same outcome",
+    fillTable(root.getElementById("runs"), "Neighbouring amounts with the same outcome",
         ["mix", "from#", "to#", "amounts#", "outcome"], lines);
 }
 
@@ -137,5 +137,5 @@ function makePaper() {
     for (const { outcome } of seenOutcomes()) {
         legend.append(key(outcome), " " + outcome.words + "   ");
     }
-    document.getElementById("paper").replaceChildren(element("h2", "Map"), legend, table);
+    root.getElementById("paper").replaceChildren(element("h2", "Map"), legend, table);
 }

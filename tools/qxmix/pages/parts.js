@@ -1,9 +1,5 @@
-"use strict";
-
-// What every page knows, the answer as the command gives it with --json and the tool's own words,
-// and what every page says and shows in the same way.
-const answer = JSON.parse(document.getElementById("answer").textContent);
-const page = JSON.parse(document.getElementById("page").textContent);
+// What every page says and shows in the same way, of the answer as the command gives it with --json, with
+// the tool's own words (page).
 const dispenser = answer.input.dispenser;
 
 const DIGITS = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_";

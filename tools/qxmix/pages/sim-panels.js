@@ -1,6 +1,6 @@
 // A panel for each mix, and the one time cursor that goes through all of them.
-const panels = document.getElementById("panels");
-const details = document.getElementById("details");
+const panels = root.getElementById("panels");
+const details = root.getElementById("details");
 const hiddenMixes = new Set();
 const cursor = { row: 0, index: 0, isSet: false };
 
@@ -64,7 +64,8 @@ function makePanel(row) {
 function draw(isPrinted) {
     view.width = isPrinted ? PRINTED_WIDTH : panels.clientWidth;
     view.height = isPrinted ? PRINTED_HEIGHT : SCREEN_HEIGHT;
-    const focused = document.activeElement.closest(".plot");
+    const active = root.activeElement;
+    const focused = active === null ? null : active.closest(".plot");
     panels.replaceChildren(...shown().map(makePanel));
     moveLines();
     if (focused !== null) {
@@ -97,7 +98,7 @@ function show(place, index) {
     cursor.isSet = true;
     moveLines();
     describe(rows[place], cursor.index).forEach((line, at) => {
-        document.getElementById(["what", "items", "held"][at]).textContent = line;
+        root.getElementById(["what", "items", "held"][at]).textContent = line;
     });
 }
 

@@ -23,23 +23,23 @@ if (withdrawalCount > 0) {
         }
     });
     panels.addEventListener("keydown", onKey);
-    document.getElementById("before").addEventListener("click",
+    root.getElementById("before").addEventListener("click",
         () => show(cursor.row, refusalFrom(cursor.row, cursor.index, -1)));
-    document.getElementById("next").addEventListener("click",
+    root.getElementById("next").addEventListener("click",
         () => show(cursor.row, refusalFrom(cursor.row, cursor.index, 1)));
     window.addEventListener("resize", () => {
         keepHeight(details, longestDetails());
         draw();
-    });
+    }, { signal: lifetime });
     window.addEventListener("beforeprint", () => {
         // The first sheet says what was simulated.
-        document.getElementById("curves").before(document.getElementById("about"));
+        root.getElementById("curves").before(root.getElementById("about"));
         draw(true);
-    });
+    }, { signal: lifetime });
     window.addEventListener("afterprint", () => {
-        document.getElementById("curves").after(document.getElementById("about"));
+        root.getElementById("curves").after(root.getElementById("about"));
         draw();
-    });
+    }, { signal: lifetime });
 } else {
-    document.getElementById("curves").hidden = true;
+    root.getElementById("curves").hidden = true;
 }

@@ -50,13 +50,13 @@ function rankingLine(mix) {
 
 function showRanking() {
     const seed = answer.input.runs > 1 ? ", seed " + demand.seed : "";
-    fillTable(document.getElementById("ranking"), plural(withdrawalCount, "withdrawal") + seed +
+    fillTable(root.getElementById("ranking"), plural(withdrawalCount, "withdrawal") + seed +
         "; spread: the largest share left in a cassette at the end, less the smallest",
         ["rank#", "mix#", "served#", "share#", "in part#", "refused#", "danger#", "items each#",
             "first refusal", "left then#", "ran empty", "spread#"],
         answer.result.mixes.map(rankingLine));
-    keepRoles(document.getElementById("ranking"));
-    document.getElementById("remarks")
+    keepRoles(root.getElementById("ranking"));
+    root.getElementById("remarks")
         .append(...page.remarks.map((remark) => element("p", remark)));
 }
 
@@ -79,9 +79,9 @@ function showRanges() {
     if (answer.input.runs === 1) {
         return;
     }
-    document.getElementById("allRuns").hidden = false;
+    root.getElementById("allRuns").hidden = false;
     const orNone = (text) => (text === null ? "none" : text);
-    fillTable(document.getElementById("ranges"), "Medians, and in brackets the range of " +
+    fillTable(root.getElementById("ranges"), "Medians, and in brackets the range of " +
         plural(demand.runs, "run") + "; ranks go by the median of what is served, " +
         "the other numbers above and the curves are those of the first run",
         ["mix#", "served", "in part", "refused", "runs with danger#", "items each",
@@ -93,12 +93,12 @@ function showRanges() {
             rangeText(mix.ranges.firstRefusal, orNone), rangeText(mix.ranges.left, orNone),
             rangeText(mix.ranges.firstEmpty, orNone),
             rangeText(mix.ranges.spread, (spread) => (spread / 10).toFixed(1) + "%")]));
-    keepRoles(document.getElementById("ranges"));
+    keepRoles(root.getElementById("ranges"));
 }
 
 function makeFilters() {
     for (const row of rows) {
-        addFilter(document.getElementById("mixes"), "mix-" + row.mix, [String(row.mix)],
+        addFilter(root.getElementById("mixes"), "mix-" + row.mix, [String(row.mix)],
             (isShown) => {
                 if (isShown) {
                     hiddenMixes.delete(row.mix);
@@ -111,7 +111,7 @@ function makeFilters() {
 }
 
 function showLegend() {
-    const legend = document.getElementById("legend");
+    const legend = root.getElementById("legend");
     const seen = outcomes
         .filter((outcome) => answer.result.mixes.some((mix) => mix.counts[outcome.name] > 0))
         .sort((left, right) => left.badness - right.badness);

@@ -6,7 +6,6 @@
 #include "errors/Errors.h"
 
 #include <algorithm>
-#include <poll.h>
 #include <utility>
 
 namespace qxmix {
@@ -15,11 +14,6 @@ namespace {
 
 /// Jobs after which a worker is replaced: what they open the module does not give back whole.
 constexpr std::size_t kMostJobs = 256;
-
-int MillisecondsUntil(Clock::time_point time) {
-    const auto left = std::chrono::ceil<Milliseconds>(time - Clock::now()).count();
-    return static_cast<int>(std::clamp<std::int64_t>(left, 0, INT32_MAX));
-}
 
 }  // namespace
 
@@ -80,21 +74,6 @@ bool WorkerPool::StartNext(Place& place, const Source& source) {
         ++place.jobs;
     }
     return true;
-}
-
-void WorkerPool::Wait() const {
-    std::vector<pollfd> waiting = {{InterruptDescriptor(), POLLIN, 0}};
-    Clock::time_point first = Clock::time_point::max();
-    for (const Place& place : places_) {
-        if (place.task) {
-            waiting.push_back({place.worker->Descriptor(), POLLIN, 0});
-            first = std::min(first, place.lookAgain);
-        }
-    }
-    const int ready = poll(waiting.data(), waiting.size(), MillisecondsUntil(first));
-    if (ready > 0 && waiting.front().revents != 0) {
-        throw Interruption();
-    }
 }
 
 std::optional<Reply> WorkerPool::ReplyOf(Place& place, Clock::time_point now) {

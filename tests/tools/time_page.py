@@ -1,0 +1,48 @@
+#!/usr/bin/env python3
+"""How long the page takes from a key to all its new answers, printed; no test.
+
+  time_page.py PAGE [KEYS]
+"""
+
+import pathlib
+import sys
+
+from browser import Browser, find_browser
+
+TIMES = """(async () => {
+    const idle = () => new Promise((wake) => {
+        const look = () => document.body.hasAttribute('aria-busy') || wake();
+        const watch = new MutationObserver(look);
+        watch.observe(document.body, { attributes: true });
+        look();
+    });
+    await idle();
+    const field = byId('field/cassettes/0/count');
+    const times = [];
+    for (let key = 0; key < %d; key += 1) {
+        const start = performance.now();
+        field.value = String(200 + key);
+        field.dispatchEvent(new Event('input'));
+        await idle();
+        void document.body.offsetHeight;
+        times.push(performance.now() - start);
+    }
+    return [times, map.answer.result.amounts, map.answer.result.mixes.length];
+})()"""
+WARM_UP = 5
+
+
+def main():
+    page = pathlib.Path(sys.argv[1]).resolve()
+    keys = int(sys.argv[2]) if len(sys.argv) > 2 else 60
+    with Browser(find_browser()) as browser:
+        browser.resize(1280, 1400)
+        browser.open(page)
+        times, amounts, mixes = browser.run(TIMES % (keys + WARM_UP))
+    times = sorted(times[WARM_UP:])
+    count = (amounts["max"] - amounts["min"]) // amounts["step"] + 1
+    print(f"from a key to the new page, {count} amounts by {mixes} mixes: "
+          f"median {times[len(times) // 2]:.0f} ms, longest {times[-1]:.0f} ms of {len(times)}")
+
+
+main()

@@ -1,0 +1,12 @@
+#include "workers/WorkerLoop.h"
+
+#include "InPlaceWorker.h"
+
+namespace qxmix {
+
+/// Its orders come later, each by a call.
+void RunWorker(Channel& channel, const Job& job) {
+    channel.Descriptor()->Employ(job);
+}
+
+}  // namespace qxmix
