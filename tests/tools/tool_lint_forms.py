@@ -212,11 +212,11 @@ def check_one(tool, checks):
                  plain)
     checks.equal("has the text", (tool.folder / "o.txt").read_text(), plain)
     for words, complaint in (
-            (["--format", "xml"], "--format: xml is not allowed; expected one of text, json, csv, "
+            (["--format", "xml"], "--format: xml is not allowed; expected one of text, json, csv, html, "
                                   "sarif, junit, github"),
             (["--format", "csv", "--json"], "--format: given beside --json; expected one of them"),
-            (["--output", "F.html"], "--output: F.html is not allowed; expected a name that ends in "
-                                     ".txt, .json, .csv, .sarif or .xml")):
+            (["--output", "F.pdf"], "--output: F.pdf is not allowed; expected a name that ends in "
+                                     ".txt, .json, .csv, .html, .sarif or .xml")):
         checks.equal(str(words), tool.run(["lint", "examples/euro.json", *words]),
                      (2, "", f"qxmix: {complaint}\n"))
 

@@ -120,8 +120,6 @@ def check_text(tool, checks):
                   for name in names for mix in elements[name]["mixes"]])
     for words, complaint in (
             (["--demand", "-"], "--demand -: given for many dispensers; expected one"),
-            ([*DEMAND, "--output", "F.html"],
-             "--output of a page: given for many dispensers; expected one"),
             ([*DEMAND, "--registry-out", "F"],
              "--registry-out: given for many dispensers; expected one")):
         checks.equal(str(words), tool.run(["simulate", *names, *words]),

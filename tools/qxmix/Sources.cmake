@@ -56,6 +56,7 @@ set(qxmix_shared_sources
     commands/lint/LintElements.cpp
     commands/lint/LintFleet.cpp
     commands/lint/LintFleetJson.cpp
+    commands/lint/LintFleetPage.cpp
     commands/lint/LintFleetRow.cpp
     commands/lint/LintFleetText.cpp
     commands/lint/LintGithub.cpp
@@ -98,6 +99,7 @@ set(qxmix_shared_sources
     commands/simulate/SimulationCsv.cpp
     commands/simulate/SimulationFleet.cpp
     commands/simulate/SimulationFleetJson.cpp
+    commands/simulate/SimulationFleetPage.cpp
     commands/simulate/SimulationFleetText.cpp
     commands/simulate/SimulationJson.cpp
     commands/simulate/SimulationPage.cpp
@@ -152,6 +154,7 @@ set(qxmix_shared_sources
     options/OutputFileOption.cpp
     options/OutputOption.cpp
     options/ShellWords.cpp
+    pages/FleetPage.cpp
     pages/PageHtml.cpp
     pages/PageParts.cpp
     registry/RegistryRules.cpp

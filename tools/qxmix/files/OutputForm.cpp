@@ -47,10 +47,10 @@ const OutputForms& FormsWithoutPage() {
 }
 
 const OutputForms& CheckForms() {
-    static const OutputForms forms = {".txt, .json, .csv, .sarif or .xml",
+    static const OutputForms forms = {".txt, .json, .csv, .html, .sarif or .xml",
                                       {OutputForm::TextFile, OutputForm::JsonFile,
-                                       OutputForm::CsvFile, OutputForm::Sarif, OutputForm::JUnit,
-                                       OutputForm::Github}};
+                                       OutputForm::CsvFile, OutputForm::Page, OutputForm::Sarif,
+                                       OutputForm::JUnit, OutputForm::Github}};
     return forms;
 }
 

@@ -2,6 +2,7 @@
 
 #include "errors/Errors.h"
 #include "files/InputFile.h"
+#include "options/ShellWords.h"
 #include "text/TextList.h"
 
 #include <CLI/App.hpp>
@@ -55,6 +56,15 @@ std::vector<std::string> DispenserNames::All() const {
                          NotAllowed("-", "files: standard input is one dispenser alone"));
     }
     return all;
+}
+
+std::string DispenserNames::Words() const {
+    constexpr std::size_t kMostNames = 5;
+    std::string words;
+    for (std::size_t place = 0; place < std::min(given_.size(), kMostNames); ++place) {
+        words += " " + ShellWord(given_[place]);
+    }
+    return words + (given_.size() > kMostNames ? " ..." : "");
 }
 
 void DispenserNames::RefuseForMany(const char* option, bool isGiven) const {

@@ -24,6 +24,9 @@ public:
     ///   is no dispenser among many.
     std::vector<std::string> All() const;
 
+    /// As a shell takes them; of many the first ones.
+    std::string Words() const;
+
     /// @param option  that only one dispenser can have.
     /// @param isGiven  whether it was given.
     /// @throw InputError when it was, and many are meant.

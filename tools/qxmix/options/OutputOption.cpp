@@ -34,9 +34,10 @@ ExitStatus OutputOption::Write(const CommonOptions& options,
 
 void OutputOption::AddFormatTo(CLI::App& command) {
     command
-        .add_option("--format", format_,
-                    "form on standard output: text, json, csv, sarif, junit, or github for the "
-                    "notes of a workflow")
+        .add_option(
+            "--format", format_,
+            "form on standard output: text, json, csv, html, sarif, junit, or github for the "
+            "notes of a workflow")
         ->type_name("FORM");
 }
 

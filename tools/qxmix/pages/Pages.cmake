@@ -4,11 +4,13 @@ set(page_files
     page.html parts.css standalone.js parts.js
     map.html map.css map-model.js map-grid.js map-tables.js map-start.js
     journal.html journal.js
+    fleet.html fleet.css fleet.js
     sim.html sim.css sim-model.js sim-curves.js sim-panels.js sim-tables.js sim-start.js)
 set(page_names
     kPageHtml kPartsCss kStandaloneScript kPartsScript
     kMapHtml kMapCss kMapModelScript kMapGridScript kMapTablesScript kMapStartScript
     kJournalHtml kJournalScript
+    kFleetHtml kFleetCss kFleetScript
     kSimHtml kSimCss kSimModelScript kSimCurvesScript kSimPanelsScript kSimTablesScript kSimStartScript)
 list(TRANSFORM page_files PREPEND ${CMAKE_CURRENT_LIST_DIR}/)
 list(JOIN page_files "," page_file_list)

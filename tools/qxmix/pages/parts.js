@@ -1,6 +1,6 @@
 // What every page says and shows in the same way, of the answer as the command gives it with --json, with
-// the tool's own words (page).
-const dispenser = answer.input.dispenser;
+// the tool's own words (page). A page of many dispensers has none that all of it is about.
+const dispenser = answer.input.dispenser || { exponent: 0, cassettes: [] };
 
 const DIGITS = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_";
 

@@ -8,6 +8,7 @@
 #include "module/RegistryImage.h"
 #include "options/AskedModule.h"
 #include "options/MixList.h"
+#include "options/ShellWords.h"
 #include "requests/RawIn.h"
 #include "terminal/Progress.h"
 #include "text/Duration.h"
@@ -134,6 +135,8 @@ ExitStatus LintCommand::RunOne(const CommonOptions& options, const LintBaseline&
                 take(LintText(linted.lint, linted.findings, options.quiet, tellsAll_, painter));
             } else if (form == OutputForm::JsonFile) {
                 take(EnvelopeText(envelope));
+            } else if (form == OutputForm::Page) {
+                take(LintFleetPage(fleet, envelope, CommandLine(options)));
             } else {
                 WriteLintForm(form, fleet, envelope, take);
             }
@@ -173,6 +176,8 @@ ExitStatus LintCommand::RunMany(const CommonOptions& options, const LintBaseline
                 WriteFleetText(fleet, tellsAll_, formPainter, take);
             } else if (form == OutputForm::JsonFile) {
                 WriteFleetJson(fleet, envelope, take);
+            } else if (form == OutputForm::Page) {
+                take(LintFleetPage(fleet, envelope, CommandLine(options)));
             } else {
                 WriteLintForm(form, fleet, envelope, take);
             }
@@ -242,6 +247,22 @@ Json LintCommand::FleetInputJson(std::size_t count, const CommonOptions& options
             {"step", range_.step ? Json(*range_.step) : Json()},
             {"slow", DurationText(slow_.empty() ? defaults.slow : *ParseDuration(slow_))},
             {"deadline", DurationText(options.deadline.value_or(defaults.map.deadline))}};
+}
+
+std::string LintCommand::CommandLine(const CommonOptions& options) const {
+    std::string line = "qxmix lint" + dispensers_.Words();
+    const auto add = [&line](const char* name, const std::string& value) {
+        line += value.empty() ? "" : std::string(" ") + name + " " + ShellWord(value);
+    };
+    add("--raw-in", rawIn_);
+    add("--mix", ask_.mix);
+    add("--mixes", ask_.mixes);
+    add("--from", range_.from);
+    add("--to", range_.to);
+    add("--step", range_.step ? std::to_string(*range_.step) : "");
+    add("--slow", slow_);
+    add("--baseline", baseline_);
+    return line + AskingWords(ask_, options);
 }
 
 }  // namespace qxmix

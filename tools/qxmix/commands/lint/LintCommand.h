@@ -51,6 +51,7 @@ private:
                             const Painter& painter,
                             const OpenHere& here) const;
     Json FleetInputJson(std::size_t count, const CommonOptions& options) const;
+    std::string CommandLine(const CommonOptions& options) const;
 
     DispenserNames dispensers_;
     std::string rawIn_;  // empty: not given

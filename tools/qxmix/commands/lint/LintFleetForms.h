@@ -20,6 +20,21 @@ void WriteFleetText(const LintFleet& fleet,
 /// The envelope with a result for each dispenser, in the order in which they were named.
 void WriteFleetJson(const LintFleet& fleet, const Envelope& envelope, const TakePart& take);
 
+/// How many dispensers have nothing worse than what, as JSON.
+Json LintTotalsJson(const LintFleet& fleet);
+
+/// "Of 4 dispensers 2 have errors, 1 cannot be asked"
+std::string LintFleetVerdict(const LintFleet& fleet);
+
+/// The dispensers, the worst first.
+std::vector<const LintFleetRow*> WorstFirst(const LintFleet& fleet);
+
+/// One HTML file with a table of the dispensers, which opens each with what was found.
+///
+/// @throw InputError when it would be too large.
+std::string
+LintFleetPage(const LintFleet& fleet, Envelope envelope, const std::string& commandLine);
+
 /// A line a finding, or a dispenser that could not be asked.
 void WriteLintCsv(const LintFleet& fleet, const TakePart& take);
 

@@ -4,16 +4,12 @@
 
 namespace qxmix {
 
-namespace {
-
-Json TotalsJson(const LintFleet& fleet) {
+Json LintTotalsJson(const LintFleet& fleet) {
     const LintFleetTotals totals = TotalsOf(fleet);
     return {{"dispensers", fleet.rows.size()}, {"notAsked", totals.notAsked},
             {"withErrors", totals.withErrors}, {"withWarnings", totals.withWarnings},
             {"withNotes", totals.withNotes},   {"clean", totals.clean}};
 }
-
-}  // namespace
 
 void WriteFleetJson(const LintFleet& fleet, const Envelope& envelope, const TakePart& take) {
     WriteEnvelope(envelope, take, [&] {
@@ -21,7 +17,7 @@ void WriteFleetJson(const LintFleet& fleet, const Envelope& envelope, const Take
         for (std::size_t place = 0; place < fleet.rows.size(); ++place) {
             take((place == 0 ? "" : ",") + fleet.spool.Read(fleet.rows[place].json));
         }
-        take("],\"totals\":" + TotalsJson(fleet).dump() + "}");
+        take("],\"totals\":" + LintTotalsJson(fleet).dump() + "}");
     });
 }
 

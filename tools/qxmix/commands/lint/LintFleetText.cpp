@@ -18,43 +18,6 @@ using Align = Table::Align;
 constexpr std::size_t kNumberColumns = 24;  // those of the three numbers, and the gaps beside them
 constexpr std::size_t kShortestFinding = 16;
 
-/// "Of 4 dispensers 2 have errors, 1 cannot be asked"
-std::string VerdictText(const LintFleet& fleet) {
-    const LintFleetTotals totals = TotalsOf(fleet);
-    std::vector<std::string> parts;
-    const auto add = [&parts](std::size_t count, const char* one, const char* several) {
-        if (count > 0) {
-            parts.push_back(std::to_string(count) + " " + (count == 1 ? one : several));
-        }
-    };
-    add(totals.withErrors, "has errors", "have errors");
-    add(totals.withWarnings, "has warnings", "have warnings");
-    add(totals.notAsked, "cannot be asked", "cannot be asked");
-    const std::string all = CountText(fleet.rows.size(), "dispenser");
-    const std::string accepted =
-        totals.accepted == 0 ? "" : "; " + CountText(totals.accepted, "finding") + " accepted";
-    if (!parts.empty()) {
-        return "Of " + all + " " + Join(parts, ", ") + accepted;
-    }
-    return (totals.withNotes > 0 ? "nothing worse than notes in " : "nothing found in ") + all +
-           accepted;
-}
-
-std::vector<const LintFleetRow*> WorstFirst(const LintFleet& fleet) {
-    std::vector<const LintFleetRow*> rows;
-    for (const LintFleetRow& row : fleet.rows) {
-        rows.push_back(&row);
-    }
-    const auto badness = [](const LintFleetRow& row) {
-        return std::make_tuple(row.status, row.Told(Severity::Error), row.Told(Severity::Warning),
-                               row.Told(Severity::Note));
-    };
-    std::stable_sort(rows.begin(), rows.end(), [&](const auto* one, const auto* other) {
-        return badness(*one) > badness(*other);
-    });
-    return rows;
-}
-
 Cell NumberCell(const LintFleetRow& row, Severity severity) {
     if (!row.isAsked) {
         return "?";
@@ -90,12 +53,48 @@ std::string TableText(const std::vector<const LintFleetRow*>& rows, const Painte
 
 }  // namespace
 
+std::string LintFleetVerdict(const LintFleet& fleet) {
+    const LintFleetTotals totals = TotalsOf(fleet);
+    std::vector<std::string> parts;
+    const auto add = [&parts](std::size_t count, const char* one, const char* several) {
+        if (count > 0) {
+            parts.push_back(std::to_string(count) + " " + (count == 1 ? one : several));
+        }
+    };
+    add(totals.withErrors, "has errors", "have errors");
+    add(totals.withWarnings, "has warnings", "have warnings");
+    add(totals.notAsked, "cannot be asked", "cannot be asked");
+    const std::string all = CountText(fleet.rows.size(), "dispenser");
+    const std::string accepted =
+        totals.accepted == 0 ? "" : "; " + CountText(totals.accepted, "finding") + " accepted";
+    if (!parts.empty()) {
+        return "Of " + all + " " + Join(parts, ", ") + accepted;
+    }
+    return (totals.withNotes > 0 ? "nothing worse than notes in " : "nothing found in ") + all +
+           accepted;
+}
+
+std::vector<const LintFleetRow*> WorstFirst(const LintFleet& fleet) {
+    std::vector<const LintFleetRow*> rows;
+    for (const LintFleetRow& row : fleet.rows) {
+        rows.push_back(&row);
+    }
+    const auto badness = [](const LintFleetRow& row) {
+        return std::make_tuple(row.status, row.Told(Severity::Error), row.Told(Severity::Warning),
+                               row.Told(Severity::Note));
+    };
+    std::stable_sort(rows.begin(), rows.end(), [&](const auto* one, const auto* other) {
+        return badness(*one) > badness(*other);
+    });
+    return rows;
+}
+
 void WriteFleetText(const LintFleet& fleet,
                     bool hasAll,
                     const Painter& painter,
                     const TakePart& take) {
     const std::vector<const LintFleetRow*> rows = WorstFirst(fleet);
-    take(VerdictText(fleet) + "\n");
+    take(LintFleetVerdict(fleet) + "\n");
     if (!rows.empty()) {
         take("\n" + TableText(rows, painter));
     }

@@ -99,9 +99,6 @@ ExitStatus SimulateCommand::RunMany(const CommonOptions& options) const {
     dispensers_.RefuseForMany("--demand -", demand_ == "-");
     const std::vector<std::string> names = dispensers_.All();
     const auto file = output_.Form(options);
-    if (file == OutputForm::Page) {
-        dispensers_.RefuseForMany("--output of a page", true);
-    }
     // Made here: a worker's standard output is another one. What is written twice has no colours.
     const Painter painter(file == OutputForm::TextFile ? ColorMode::Never : options.color);
     Dispenser none;
@@ -127,6 +124,11 @@ ExitStatus SimulateCommand::RunMany(const CommonOptions& options) const {
                 WriteSimulationFleetJson(fleet, envelope, take);
             } else if (form == OutputForm::CsvFile) {
                 WriteSimulationFleetCsv(fleet, take);
+            } else if (form == OutputForm::Page) {
+                take(SimulationFleetPage(fleet, envelope,
+                                         {{"Dispensers", std::to_string(fleet.named)},
+                                          {"Withdrawals", std::to_string(fleet.Withdrawals())}},
+                                         FleetCommandLine(options)));
             } else {
                 WriteSimulationFleetText(fleet, tellsAll_, formPainter, take);
             }
@@ -219,6 +221,15 @@ std::string SimulateCommand::CommandLine(const SimulationQuestions& questions,
     if (questions.runs > 1) {
         line += " --runs " + std::to_string(questions.runs);
     }
+    return line + SheetWords(sheet_) + AskingWords(ask_, options);
+}
+
+std::string SimulateCommand::FleetCommandLine(const CommonOptions& options) const {
+    std::string line = "qxmix simulate" + dispensers_.Words() + " --demand " + ShellWord(demand_);
+    const std::string mixes = ask_.mixes.empty() ? ask_.mix : ask_.mixes;
+    line += mixes.empty() ? "" : " --mixes " + ShellWord(mixes);
+    line += seed_ ? " --seed " + std::to_string(*seed_) : "";
+    line += runs_ ? " --runs " + std::to_string(*runs_) : "";
     return line + SheetWords(sheet_) + AskingWords(ask_, options);
 }
 

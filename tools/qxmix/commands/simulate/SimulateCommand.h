@@ -31,6 +31,7 @@ private:
                             const Painter& painter,
                             const OpenHere& here) const;
     Json FleetInputJson(std::size_t count, const CommonOptions& options) const;
+    std::string FleetCommandLine(const CommonOptions& options) const;
     void CheckDrawing(const SimulationQuestions& questions) const;
     std::string CommandLine(const SimulationQuestions& questions,
                             const CommonOptions& options) const;

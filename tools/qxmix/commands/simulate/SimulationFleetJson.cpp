@@ -6,9 +6,7 @@
 
 namespace qxmix {
 
-namespace {
-
-Json FleetJson(const SimulationFleet& fleet) {
+Json SimulationFleetJson(const SimulationFleet& fleet) {
     Json mixes = Json::array();
     const std::vector<FleetMix> ranked = fleet.Mixes();
     for (const FleetMix& mix : ranked) {
@@ -22,12 +20,14 @@ Json FleetJson(const SimulationFleet& fleet) {
             {"mixes", mixes}};
 }
 
-Json FleetTotals(const SimulationFleet& fleet) {
+Json SimulationTotalsJson(const SimulationFleet& fleet) {
     const auto asked = std::count_if(fleet.rows.begin(), fleet.rows.end(),
                                      [](const SimulationFleetRow& row) { return row.isAsked; });
     return {{"dispensers", fleet.rows.size()},
             {"notAsked", fleet.rows.size() - static_cast<std::size_t>(asked)}};
 }
+
+namespace {
 
 /// The element as it was put away, with what only the whole fleet tells.
 std::string ElementWithLoss(const SimulationFleet& fleet,
@@ -53,8 +53,8 @@ void WriteSimulationFleetJson(const SimulationFleet& fleet,
         for (std::size_t place = 0; place < fleet.rows.size(); ++place) {
             take((place == 0 ? "" : ",") + ElementWithLoss(fleet, fleet.rows[place], best));
         }
-        take("],\"fleet\":" + FleetJson(fleet).dump() + ",\"totals\":" + FleetTotals(fleet).dump() +
-             "}");
+        take("],\"fleet\":" + SimulationFleetJson(fleet).dump() +
+             ",\"totals\":" + SimulationTotalsJson(fleet).dump() + "}");
     });
 }
 

@@ -12,6 +12,9 @@ namespace qxmix {
 /// first.
 std::string SimulationText(const SimulationReport& report, bool isQuiet, const Painter& painter);
 
+/// "99.3%": never 100 % of what is not all.
+std::string PercentText(std::uint64_t part, std::uint64_t whole);
+
 /// " 834  99.3%"
 std::string ServedText(std::uint64_t served, std::uint64_t whole);
 

@@ -22,16 +22,6 @@ std::string LeftPadded(const std::string& text, std::size_t width) {
     return std::string(width - std::min(width, text.size()), ' ') + text;
 }
 
-/// "99.3%": never 100 % of what is not all.
-std::string PercentText(std::uint64_t part, std::uint64_t whole) {
-    if (whole == 0) {
-        return "-";
-    }
-    std::uint64_t thousandths = (part * 2000 + whole) / (whole * 2);
-    thousandths = part < whole ? std::min<std::uint64_t>(thousandths, 999) : thousandths;
-    return std::to_string(thousandths / 10) + "." + std::to_string(thousandths % 10) + "%";
-}
-
 std::string TenthsText(std::uint64_t tenths) {
     return std::to_string(tenths / 10) + "." + std::to_string(tenths % 10);
 }
@@ -55,6 +45,15 @@ std::string EmptiedText(const SimulationReport& report, const SimulationSummary&
 }
 
 }  // namespace
+
+std::string PercentText(std::uint64_t part, std::uint64_t whole) {
+    if (whole == 0) {
+        return "-";
+    }
+    std::uint64_t thousandths = (part * 2000 + whole) / (whole * 2);
+    thousandths = part < whole ? std::min<std::uint64_t>(thousandths, 999) : thousandths;
+    return std::to_string(thousandths / 10) + "." + std::to_string(thousandths % 10) + "%";
+}
 
 std::string ServedText(std::uint64_t served, std::uint64_t whole) {
     return LeftPadded(std::to_string(served), 5) + " " + LeftPadded(PercentText(served, whole), 6);
