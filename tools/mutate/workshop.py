@@ -82,8 +82,7 @@ class Workshop:
         self._run(["cmake", "-S", str(self.tree), "-B", str(self.build), "-G", "Ninja",
                    "-DCMAKE_BUILD_TYPE=None", f"-DCMAKE_CXX_FLAGS={FLAGS}",
                    "-DCMAKE_EXE_LINKER_FLAGS=-Wl,--gc-sections", "-DQXMIX_TOOLS=OFF",
-                   "-DQXMIX_WERROR=OFF",
-                   f"-DCMAKE_PROJECT_QXMix_INCLUDE={self.tree / 'tools/mutate/faster.cmake'}"])
+                   "-DQXMIX_WERROR=OFF"])
         if self._compile(FIRST_TARGETS, FIRST_BUILD_SECONDS) != 0:
             raise RuntimeError("the project does not build; see " + str(self.tree))
         self.original = {test: self._fingerprint(test) for test in TESTS}
