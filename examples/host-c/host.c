@@ -69,7 +69,7 @@ static int ShowMixTypes(const Module* module, QxmixObject* outer) {
         printf("%3u  %s\n", (unsigned)list[count]->usMixNumber, list[count]->lpszName);
     }
     /* The list, its records and its names are one linked allocation. */
-    return module->freeBuffer(list) == 0 && count == 10;
+    return module->freeBuffer(list) == 0 && count != 0;
 }
 
 /* ---------------------------------------------------------------- a calculation */

@@ -20,7 +20,8 @@ EDITS = {
          '"Varnholt Maximum Notes"},                // 10\n'
          '    {kMaximumCashUnits, "Example Maximum Notes"},  // 11\n')],
     3: [("src/cashunits/Ordering.cpp", "request.usMixNumber == kAscendingMix",
-         "request.usMixNumber >= kAscendingMix")],
+         "request.usMixNumber >= kAscendingMix"),
+        ("tests/unit/OrderingSort_test.cpp", "1U, 9U, 11U, 266U", "1U, 9U, 12U, 266U")],
     5: [("tests/reference/Reference.h", "kLastMix = 10;", "kLastMix = 11;"),
         ("tests/reference/Driver.cpp", "    case 10:\n", "    case 10:\n    case 11:\n"),
         ("tests/reference/Driver.cpp", "mix == 10 ?", "mix == 10 || mix == 11 ?"),

@@ -88,7 +88,7 @@ static unsigned CheckCalculations(QxmixObject* outer) {
     if (QxmixMixCalculate(outer, &request, &result) != kQxmixSuccess || request.ulRemainder != 2) {
         return 7;
     }
-    Prepare(&request, 11, 280);
+    Prepare(&request, MIXES + 1, 280);
     if (QxmixMixCalculate(outer, &request, &result) != kQxmixInvalidMixNumber) {
         return 8;
     }

@@ -84,7 +84,7 @@ unsigned CheckCalculations(IMixAlgorithm& outer) {
     if (outer.MixCalculate(&request, &result) != kQxmixSuccess || request.ulRemainder != 2) {
         return 7;
     }
-    request = RequestFor(11, 280);
+    request = RequestFor(MIXES + 1, 280);
     if (outer.MixCalculate(&request, &result) != kQxmixInvalidMixNumber) {
         return 8;
     }

@@ -40,7 +40,7 @@ TEST(RandomRequests, AreTheSameOnEveryPlatform) {
 }
 
 TEST(RandomRequests, DrawEveryMixNumber) {
-    bool met[12] = {};
+    bool met[reference::kLastMix + 2] = {};
     Draw draw(1, 0);
     for (int i = 0; i < 2000; ++i) {
         met[RandomMix(draw)] = true;

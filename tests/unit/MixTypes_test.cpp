@@ -136,15 +136,15 @@ TEST_F(GetMixTypes, ListsAsManyAsTheObjectSays) {
     EXPECT_EQ(list_[0], nullptr);
 }
 
-TEST_F(GetMixTypes, RepeatsTheLastNameBeyondTheTenth) {
+TEST_F(GetMixTypes, RepeatsTheLastNameBeyondTheLastMix) {
     module_.Inner().usNumMixTypes = std::uint16_t{300};
     ASSERT_EQ(Get(), 0);
-    ExpectEntry(9);
-    for (const unsigned index : {10U, 11U, 299U}) {
+    ExpectEntry(kMixCount - 1);
+    for (const unsigned index : {kMixCount + 0U, kMixCount + 1U, 299U}) {
         EXPECT_EQ(list_[index]->usMixNumber, index + 1);
         EXPECT_EQ(list_[index]->usMixType, 1);
         EXPECT_EQ(list_[index]->usSubType, 2);
-        EXPECT_STREQ(list_[index]->lpszName, "Varnholt Maximum Notes");
+        EXPECT_STREQ(list_[index]->lpszName, kMixTypes[kMixCount - 1].name);
     }
     EXPECT_EQ(list_[300], nullptr);
 }

@@ -157,7 +157,7 @@ TEST(Explanation, FindsAnAmountThatWrapped) {
 }
 
 TEST(Explanation, FindsTheMixNumber) {
-    const Asked asked = Ask(ReadInlineDispenser("EUR:50x10"), 50, 11);
+    const Asked asked = Ask(ReadInlineDispenser("EUR:50x10"), 50, kLastMix + 1);
     EXPECT_EQ(asked.story.decidedBy, DecidedBy::MixNumber);
 }
 
