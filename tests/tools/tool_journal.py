@@ -174,7 +174,7 @@ def check_forms(tool, checks):
     rows = list(csv.DictReader(io.StringIO((tool.folder / "out.csv").read_text())))
     checks.equal("CSV", [(row["line"], row["time"], row["change"], row["journal"], row["code"],
                           row["now"], row["returned"]) for row in rows],
-                 [("2", "Mon 10:00", "otherNotes", "7x10", "=1,2", "1x50 1x20", "0"),
+                 [("2", "Mon 10:00", "otherNotes", "7x10", "'=1,2", "1x50 1x20", "0"),
                   ("4", "Mon 12:00", "otherEnd", "", "971A2", "", "0")])
     tool.run(base + ["--output", "out.html"])
     page = (tool.folder / "out.html").read_text()
