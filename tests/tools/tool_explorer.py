@@ -18,6 +18,7 @@ from concurrent.futures import ThreadPoolExecutor
 from page_checks import run_page_checks
 
 SIDE_BY_SIDE = 4
+MOST_AMOUNTS = 60
 STATUSES = ["ok"] * 8 + ["full", "high", "low", "empty", "inoperative", "missing", "manipulated"]
 TYPES = ["billCassette"] * 8 + ["coinDispenser", "coinCylinder", "coupon", "recycling", "retractCassette"]
 VALUES = [5, 10, 20, 50, 100, 200, 500]
@@ -40,6 +41,8 @@ def random_dispenser(dice):
                  "cassettes": [random_cassette(dice) for _ in range(dice.randrange(1, 7))]}
     if dice.random() < 0.2:
         dispenser["exponent"] = dice.choice([-2, -1, 1])
+    step = dice.choice([5, 7, 10, 20]) * 10 ** max(0, -dispenser.get("exponent", 0))
+    dispenser["amounts"] = {"min": step, "max": MOST_AMOUNTS * step, "step": step}
     if dice.random() < 0.2:
         dispenser["registry"] = {"CSTMinimum4Mix6": str(dice.randrange(0, 200))}
     return dispenser
