@@ -4,27 +4,22 @@
 
 namespace {
 
-/// Enters only where something more even may follow.
-struct ShareRule : WithinLimitRule<Shares> {
+/// Goes through the lines of the last two units, only where something more even may follow. Of a
+/// walk with shortfall each line is a single combination, since the last unit leaves less than one
+/// of its items.
+struct LineRule : WithinLimitRule<Shares> {
     ChosenShares chosen;
     ShareBound shareBound;
+    ShareLine line;
 
-    ShareRule(MostEven<Shares>& search, const ExactWalk& walk) noexcept
+    LineRule(MostEven<Shares>& search, const ExactWalk& walk) noexcept
         : WithinLimitRule(search, walk), chosen(search.evenness),
-          shareBound(search.units, search.evenness, walk.MostShortfall()) {}
+          shareBound(search.units, search.evenness, walk.MostShortfall()), line(search, walk) {}
 
     bool Enters(unsigned level, const Counts& combination, std::uint32_t rest) noexcept {
         chosen.Choose(level, combination[level]);
         return !most.isFound || !shareBound.IsAbove(most.best, chosen, level, rest);
     }
-};
-
-/// Goes through the lines of the last two units. For walks that make the whole amount.
-struct LineRule : ShareRule {
-    ShareLine line;
-
-    LineRule(MostEven<Shares>& search, const ExactWalk& walk) noexcept
-        : ShareRule(search, walk), line(search, walk) {}
 
     static constexpr bool TakesLines() noexcept { return true; }
 
@@ -41,12 +36,6 @@ struct LineRule : ShareRule {
                                             head.begin(), head.begin() + last);
     }
 };
-
-template <typename Rule>
-void WalkBy(const ExactWalk& walk, MostEven<Shares>& search) noexcept {
-    Rule rule(search, walk);
-    walk.Run<Direction::Downwards>(rule);
-}
 
 /// Walks each amount that a walk with shortfall may pay by itself, so that there is a line of the
 /// last two units there, too.
@@ -65,12 +54,12 @@ constexpr unsigned kMostAmounts = 100;  ///< to be walked by themselves
 }  // namespace
 
 void Shares::Walk(const ExactWalk& walk, MostEven<Shares>& search) const noexcept {
-    if (walk.MostShortfall() == 0) {
-        WalkBy<LineRule>(walk, search);
-    } else if (walk.MostShortfall() <= std::uint64_t{kMostAmounts} * walk.Divisor()) {
+    const std::uint32_t shortfall = walk.MostShortfall();
+    if (shortfall != 0 && shortfall <= std::uint64_t{kMostAmounts} * walk.Divisor()) {
         WalkEachAmount(walk, search);
     } else {
-        WalkBy<ShareRule>(walk, search);
+        LineRule rule(search, walk);
+        walk.Run<Direction::Downwards>(rule);
     }
 }
 
