@@ -13,8 +13,10 @@ import jsonschema
 
 from tool_runner import HERE, run_parts
 
-# What a schema cannot say: names of constants, keys given twice, numbers written as 1.0.
-ONLY_THE_TOOL = {"status-constant.json", "key-twice.json", "type-constant.json", "count-float.json"}
+# What a schema cannot say: names of constants, keys given twice, numbers written as 1.0, what another
+# field allows.
+ONLY_THE_TOOL = {"status-constant.json", "key-twice.json", "type-constant.json", "count-float.json",
+                 "capacity-below-count.json"}
 
 ANSWERS = [
     "mix examples/euro.json --amount 280",
@@ -48,6 +50,10 @@ ANSWERS = [
     "simulate examples/euro.json --demand recorded.csv --partial --mixes 2",
     "simulate examples/four-notes.json --demand examples/week.json --mixes 4 --deadline 10ms",
     "simulate EUR:1x40000 --demand fake.csv --mixes 1 --library fake.so",
+    "fill examples/euro.json --demand examples/week.json --runs 2 --days 2 --service 95",
+    "fill examples/euro.json --demand examples/week.json --runs 2 --days 1 --mixes 1,4,10",
+    "fill EUR:50x10 --demand examples/week.json --runs 2 --days 1",
+    "fill EUR:1x40000 --demand fake.csv --mixes 1 --library fake.so",
     "lint examples/trouble.json",
     "lint examples/four-notes.json --mixes 1,4,9 --to 200",
     "lint examples/rappen.json --from 5 --to 2500 --step 115 --slow 1ms",

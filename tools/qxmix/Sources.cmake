@@ -44,6 +44,22 @@ set(qxmix_shared_sources
     commands/explain/ExplainText.cpp
     commands/explain/ExplainUnits.cpp
     commands/explain/Explanation.cpp
+    commands/fill/FillAnswers.cpp
+    commands/fill/FillBound.cpp
+    commands/fill/FillCommand.cpp
+    commands/fill/FillCsv.cpp
+    commands/fill/FillDescent.cpp
+    commands/fill/FillJson.cpp
+    commands/fill/FillLoading.cpp
+    commands/fill/FillOutcome.cpp
+    commands/fill/FillProgressLine.cpp
+    commands/fill/FillQuestions.cpp
+    commands/fill/FillReport.cpp
+    commands/fill/FillRuns.cpp
+    commands/fill/FillSearch.cpp
+    commands/fill/FillText.cpp
+    commands/fill/RunStretch.cpp
+    commands/fill/ServedShare.cpp
     commands/lint/LintAccept.cpp
     commands/lint/LintAdvice.cpp
     commands/lint/LintAnswerRules.cpp
@@ -105,13 +121,15 @@ set(qxmix_shared_sources
     commands/simulate/SimulationPage.cpp
     commands/simulate/SimulationRanking.cpp
     commands/simulate/SimulationReport.cpp
-    commands/simulate/SimulationSummary.cpp
     commands/simulate/SimulationText.cpp
     commands/types/TypesCommand.cpp
     demand/DemandCalendar.cpp
     demand/DemandReader.cpp
     demand/DrawDemand.cpp
     demand/RecordedDemand.cpp
+    demand/Simulation.cpp
+    demand/SimulationSummary.cpp
+    dispenser/CassetteNames.cpp
     dispenser/Dispenser.cpp
     dispenser/DispenserJson.cpp
     dispenser/DispenserReader.cpp

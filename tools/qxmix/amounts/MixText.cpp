@@ -1,6 +1,7 @@
 #include "MixText.h"
 
 #include "ResultCodes.h"
+#include "dispenser/CassetteNames.h"
 #include "dispenser/ReadableMoney.h"
 #include "dispenser/UnitNames.h"
 #include "terminal/Table.h"
@@ -19,40 +20,6 @@ constexpr const char* kNone = "-";
 std::string ItemsText(std::uint64_t items) {
     return items == 0 ? kNone : std::to_string(items);
 }
-
-/// "A   100 EUR" for each cassette of a dispenser, in columns.
-class CassetteNames {
-public:
-    explicit CassetteNames(const Dispenser& dispenser) : dispenser_(dispenser) {
-        for (std::size_t index = 0; index < dispenser.cassettes.size(); ++index) {
-            longestLabel_ = std::max(longestLabel_, ColumnsOf(Label(index)));
-            longestWorth_ = std::max(longestWorth_, Worth(index).size());
-        }
-    }
-
-    std::size_t LongestLabel() const { return longestLabel_; }
-
-    std::string Text(std::size_t index, std::size_t labelWidth) const {
-        const std::string label = CutToColumns(Label(index), labelWidth);
-        const std::string worth = Worth(index);
-        return label + std::string(labelWidth - ColumnsOf(label) + 3, ' ') +
-               std::string(longestWorth_ - worth.size(), ' ') + worth + " " +
-               dispenser_.cassettes[index].currency;
-    }
-
-private:
-    std::string Label(std::size_t index) const {
-        return Printable(CassetteLabel(dispenser_, index));
-    }
-
-    std::string Worth(std::size_t index) const {
-        return dispenser_.cassettes[index].Worth().ShortText();
-    }
-
-    const Dispenser& dispenser_;
-    std::size_t longestLabel_ = 0;
-    std::size_t longestWorth_ = 0;
-};
 
 std::string LeavesText(std::uint32_t holds, std::uint32_t taken) {
     return std::to_string(std::int64_t{holds} - std::int64_t{taken});

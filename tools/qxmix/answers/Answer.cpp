@@ -57,6 +57,9 @@ void Answer::AddUp(const Dispenser& dispenser) {
     }
     for (std::size_t index = 0; index < dispenser.cassettes.size(); ++index) {
         const Cassette& cassette = dispenser.cassettes[index];
+        if (taken[index] == 0) {
+            continue;
+        }
         paid += cassette.Worth().Times(taken[index]);
         (Contains(kCoinTypes, cassette.type) ? coins : notes) += taken[index];
         isHeld = isHeld && taken[index] <= cassette.count;

@@ -2,6 +2,7 @@
 #include "commands/compare/CompareCommand.h"
 #include "commands/completions/CompletionsCommand.h"
 #include "commands/explain/ExplainCommand.h"
+#include "commands/fill/FillCommand.h"
 #include "commands/lint/LintCommand.h"
 #include "commands/map/MapCommand.h"
 #include "commands/mix/MixCommand.h"
@@ -20,6 +21,7 @@ std::vector<std::unique_ptr<Command>> AllCommands() {
     commands.push_back(std::make_unique<MapCommand>());
     commands.push_back(std::make_unique<LintCommand>());
     commands.push_back(std::make_unique<SimulateCommand>());
+    commands.push_back(std::make_unique<FillCommand>());
     commands.push_back(std::make_unique<CompareCommand>());
     commands.push_back(std::make_unique<ReplayCommand>());
     commands.push_back(std::make_unique<BatchCommand>());

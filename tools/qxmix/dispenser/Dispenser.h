@@ -23,8 +23,17 @@ struct Cassette {
     std::optional<Money> worth;  ///< what one item is really worth; without it, its value
     std::uint32_t lowThreshold = 0;
     std::uint32_t emptyThreshold = 0;
+    std::optional<std::uint32_t> capacity;  ///< most items; none: nobody said
+    std::optional<std::uint32_t> bundle;    ///< items that are loaded together; none: nobody said
 
     Money Worth() const { return worth.value_or(Money::Of(value, 0)); }
+};
+
+/// What loading a dispenser costs, in its currency.
+struct Costs {
+    Money interestPerYear;  ///< percent of what is loaded
+    Money refill;           ///< one visit
+    Money bundle;           ///< each bundle loaded
 };
 
 /// What customers can ask, in the unit of an amount.
@@ -53,6 +62,7 @@ struct Dispenser {
     Amounts amounts;
     std::vector<Cassette> cassettes;  ///< 1 to 6; none only for a captured request without any
     std::vector<StoredValue> registry;
+    std::optional<Costs> costs;
 
     /// Ids of findings that are wanted as they are, each with the reason.
     std::map<std::string, std::string> accepted;

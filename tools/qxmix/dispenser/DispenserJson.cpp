@@ -20,6 +20,12 @@ Json AmountsJson(const Amounts& amounts) {
             {"buttons", amounts.buttons}};
 }
 
+Json CostsJson(const Costs& costs) {
+    return {{"interestPerYear", costs.interestPerYear.ShortText()},
+            {"refill", costs.refill.ShortText()},
+            {"bundle", costs.bundle.ShortText()}};
+}
+
 }  // namespace
 
 Json CassetteJson(const Cassette& cassette) {
@@ -36,6 +42,12 @@ Json CassetteJson(const Cassette& cassette) {
     json["worth"] = cassette.Worth().ShortText();
     json["lowThreshold"] = cassette.lowThreshold;
     json["emptyThreshold"] = cassette.emptyThreshold;
+    if (cassette.capacity) {
+        json["capacity"] = *cassette.capacity;
+    }
+    if (cassette.bundle) {
+        json["bundle"] = *cassette.bundle;
+    }
     return json;
 }
 
@@ -57,6 +69,9 @@ Json DispenserJson(const Dispenser& dispenser) {
     json["registry"] = StoredValuesJson(dispenser.registry);
     if (!dispenser.accepted.empty()) {
         json["lint"] = {{"accept", dispenser.accepted}};
+    }
+    if (dispenser.costs) {
+        json["costs"] = CostsJson(*dispenser.costs);
     }
     return json;
 }

@@ -22,10 +22,11 @@ constexpr std::size_t kFindingIdSize = 5;
 
 const std::vector<std::string> kDispenserFields = {
     "currency",  "exponent", "partial", "mix",  "maxDispenseItems", "amounts",
-    "cassettes", "registry", "lint",    "name", "$schema"};
+    "cassettes", "registry", "lint",    "name", "$schema",          "costs"};
 const std::vector<std::string> kCassetteFields = {
-    "position", "type",  "status",       "currency",       "value",
-    "count",    "worth", "lowThreshold", "emptyThreshold", "label"};
+    "position", "type",  "status",       "currency",       "value",    "count",
+    "worth",    "label", "lowThreshold", "emptyThreshold", "capacity", "bundle"};
+const std::vector<std::string> kCostsFields = {"interestPerYear", "refill", "bundle"};
 const std::vector<std::string> kAmountsFields = {"min", "max", "step", "buttons"};
 
 /// A type or a status: its number or one of its names.
@@ -46,19 +47,31 @@ ReadCode(const JsonFields& fields, const std::string& name, const UnitNames& nam
     return code;
 }
 
-std::optional<Money> ReadWorth(const JsonFields& fields) {
-    const Json* field = fields.Find("worth");
+std::optional<Money> ReadMoney(const JsonFields& fields, const std::string& name) {
+    const Json* field = fields.Find(name);
     if (field == nullptr) {
         return std::nullopt;
     }
     const std::string text = field->is_string() ? field->get<std::string>() : "";
     const std::size_t point = std::min(text.find('.'), text.size());
-    std::optional<Money> worth = Money::Parse(text);
-    if (!worth || point > 10 || text.size() - point > 5) {
-        throw fields.Here().Below("worth").Error(
+    std::optional<Money> money = Money::Parse(text);
+    if (!money || point > 10 || text.size() - point > 5) {
+        throw fields.Here().Below(name).Error(
             NotAllowed(DescribeJson(*field), "decimal text such as \"0.50\""));
     }
-    return worth;
+    return money;
+}
+
+/// What a cassette takes, which is no less than it holds.
+std::optional<std::uint32_t> ReadCapacity(const JsonFields& fields, std::uint32_t count) {
+    const std::optional<std::uint32_t> capacity = fields.Whole32("capacity", 1);
+    if (capacity && *capacity < count) {
+        throw fields.Here()
+            .Below("capacity")
+            .Error(NotAllowed(std::to_string(*capacity),
+                              "the count, " + std::to_string(count) + ", or more"));
+    }
+    return capacity;
 }
 
 Cassette
@@ -74,9 +87,11 @@ ReadCassette(const Json& json, const Place& place, std::size_t index, const std:
     cassette.currency = fields.Currency("currency").value_or(currency);
     cassette.value = *fields.Whole32("value");
     cassette.count = *fields.Whole32("count");
-    cassette.worth = ReadWorth(fields);
+    cassette.worth = ReadMoney(fields, "worth");
     cassette.lowThreshold = fields.Whole32("lowThreshold").value_or(0);
     cassette.emptyThreshold = fields.Whole32("emptyThreshold").value_or(0);
+    cassette.capacity = ReadCapacity(fields, cassette.count);
+    cassette.bundle = fields.Whole32("bundle", 1);
     return cassette;
 }
 
@@ -156,6 +171,15 @@ std::map<std::string, std::string> ReadAccepted(const Json& json, const Place& p
     return accepted;
 }
 
+Costs ReadCosts(const Json& json, const Place& place) {
+    const JsonFields fields(json, place, kCostsFields, JsonFields::OwnFields::Refused);
+    Costs costs;
+    costs.interestPerYear = ReadMoney(fields, "interestPerYear").value_or(Money());
+    costs.refill = ReadMoney(fields, "refill").value_or(Money());
+    costs.bundle = ReadMoney(fields, "bundle").value_or(Money());
+    return costs;
+}
+
 /// The one field that only an editor reads still has to be text.
 void CheckSchemaField(const JsonFields& fields) {
     const Json* schema = fields.Find("$schema");
@@ -211,6 +235,9 @@ void ReadDispenserFields(const JsonFields& fields, Dispenser& dispenser) {
     }
     if (const Json* registry = fields.Find("registry")) {
         dispenser.registry = ReadStoredValues(*registry, fields.Here().Below("registry"));
+    }
+    if (const Json* costs = fields.Find("costs")) {
+        dispenser.costs = ReadCosts(*costs, fields.Here().Below("costs"));
     }
 }
 

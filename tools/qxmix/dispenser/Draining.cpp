@@ -8,13 +8,6 @@ namespace {
 
 constexpr CodeSet kFollowsCount = SetOf(CashUnitStatus::Ok, CashUnitStatus::Low);
 
-std::uint16_t StatusByCount(const Cassette& cassette) {
-    const CashUnitStatus status = IsEmpty(cassette)                         ? CashUnitStatus::Empty
-                                  : cassette.count <= cassette.lowThreshold ? CashUnitStatus::Low
-                                                                            : CashUnitStatus::Ok;
-    return static_cast<std::uint16_t>(status);
-}
-
 }  // namespace
 
 void TakeItems(Dispenser& dispenser, const CassetteItems& items) {
@@ -28,6 +21,13 @@ void TakeItems(Dispenser& dispenser, const CassetteItems& items) {
             cassette.status = StatusByCount(cassette);
         }
     }
+}
+
+std::uint16_t StatusByCount(const Cassette& cassette) {
+    const CashUnitStatus status = IsEmpty(cassette)                         ? CashUnitStatus::Empty
+                                  : cassette.count <= cassette.lowThreshold ? CashUnitStatus::Low
+                                                                            : CashUnitStatus::Ok;
+    return static_cast<std::uint16_t>(status);
 }
 
 bool IsEmpty(const Cassette& cassette) {
@@ -47,7 +47,9 @@ Money ValueHeld(const Dispenser& dispenser) {
 Money WorthOf(const Dispenser& dispenser, const CassetteItems& items) {
     Money worth;
     for (std::size_t index = 0; index < dispenser.cassettes.size(); ++index) {
-        worth += dispenser.cassettes[index].Worth().Times(items[index]);
+        if (items[index] != 0) {
+            worth += dispenser.cassettes[index].Worth().Times(items[index]);
+        }
     }
     return worth;
 }

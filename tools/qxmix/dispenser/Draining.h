@@ -16,6 +16,9 @@ using CassetteItems = std::array<std::uint32_t, kMaxCashUnits>;
 /// low, gets its status from its thresholds.
 void TakeItems(Dispenser& dispenser, const CassetteItems& items);
 
+/// The status that a cassette has by its count: ok, low or empty.
+std::uint16_t StatusByCount(const Cassette& cassette);
+
 /// Whether a cassette has run empty: it holds no more than its threshold says.
 bool IsEmpty(const Cassette& cassette);
 

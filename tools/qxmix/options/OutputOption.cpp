@@ -1,7 +1,6 @@
 #include "OutputOption.h"
 
 #include "OutputFileOption.h"
-#include "files/Output.h"
 
 #include <CLI/App.hpp>
 
@@ -12,19 +11,27 @@ void OutputOption::AddTo(CLI::App& command, const std::string& answer) {
                         "writes the " + answer + ", too; the name ends in " + forms_.endings);
 }
 
-std::optional<OutputForm> OutputOption::Form(const CommonOptions& options) const {
-    RequireDifferentFiles({{"--output", file_}, {"--registry-out", options.registryOut}});
+std::optional<OutputForm> OutputOption::Form(const CommonOptions& options,
+                                             const std::vector<NamedOutput>& others) const {
+    std::vector<NamedOutput> outputs = {{"--output", file_},
+                                        {"--registry-out", options.registryOut}};
+    outputs.insert(outputs.end(), others.begin(), others.end());
+    RequireDifferentFiles(outputs);
     return OutputFormOf(file_, forms_);
 }
 
 ExitStatus OutputOption::Write(const CommonOptions& options,
                                const Envelope& envelope,
                                const AnswerForms& answer,
-                               const std::string& registry) const {
+                               const std::string& registry,
+                               const std::vector<WrittenFile>& others) const {
     OutputFiles files;
     files.Add(options.registryOut, registry);
     if (const auto form = OutputFormOf(file_, forms_)) {
         files.Add(file_, answer.File(*form, envelope));
+    }
+    for (const WrittenFile& other : others) {
+        files.Add(other.file, other.content);
     }
     files.Commit();
     WriteStandardOutput(options.json ? EnvelopeText(envelope)

@@ -18,6 +18,19 @@ std::chrono::nanoseconds ThreadTime() {
     return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
 }
 
+/// Makes the call, unless it is known never to end.
+void Calculate(const ModuleLibrary& library, Calculation& calculation) {
+    const MixAlgorithmFields* const fields = library.Configuration();
+    calculation.isEndless = library.IsOwn() && fields != nullptr &&
+                            NeverAnswers(calculation.request, fields->ulCstMinimum4Mix6);
+    if (calculation.isEndless) {
+        LeaveAsEndlessCall(calculation.request, fields->ulCstMinimum4Mix6);
+    } else {
+        calculation.returned =
+            library.Algorithm().MixCalculate(&calculation.request, &calculation.result);
+    }
+}
+
 }  // namespace
 
 Opening OpeningOf(const ModuleLibrary& library) {
@@ -34,25 +47,24 @@ Calculation CallModule(const ModuleLibrary& library,
                        const MixRequest& request,
                        TraceListener listener,
                        void* context) {
-    const MixAlgorithmFields* const fields = library.Configuration();
     Calculation calculation;
     calculation.request = request;
-    calculation.isEndless =
-        library.IsOwn() && fields != nullptr && NeverAnswers(request, fields->ulCstMinimum4Mix6);
     const TraceListening listening(listener, context);
     const std::optional<StoredValue> before = TakeErrorCode();
-    if (calculation.isEndless) {
-        LeaveAsEndlessCall(request, fields->ulCstMinimum4Mix6);
-    } else {
-        const std::chrono::nanoseconds start = ThreadTime();
-        calculation.returned =
-            library.Algorithm().MixCalculate(&calculation.request, &calculation.result);
-        calculation.took = ThreadTime() - start;
-    }
+    const std::chrono::nanoseconds start = ThreadTime();
+    Calculate(library, calculation);
+    calculation.took = calculation.isEndless ? calculation.took : ThreadTime() - start;
     calculation.written = ErrorCodeBytes();
     if (calculation.written.empty()) {
         RestoreErrorCode(before);
     }
+    return calculation;
+}
+
+Calculation CallModuleQuickly(const ModuleLibrary& library, const MixRequest& request) {
+    Calculation calculation;
+    calculation.request = request;
+    Calculate(library, calculation);
     return calculation;
 }
 

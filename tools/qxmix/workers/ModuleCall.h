@@ -33,4 +33,9 @@ Calculation CallModule(const ModuleLibrary& library,
                        TraceListener listener,
                        void* context);
 
+/// The same for many calculations one after the other, in a fraction of the time: nobody hears
+/// lines, `took` is 0, and the error code that a call leaves stays where it stands, so `written`
+/// is empty (TakeErrorCode before the first, ErrorCodeBytes behind the last).
+Calculation CallModuleQuickly(const ModuleLibrary& library, const MixRequest& request);
+
 }  // namespace qxmix

@@ -1,7 +1,6 @@
 #include "SimulationAnswers.h"
 
-#include "answers/Answer.h"
-#include "requests/Request.h"
+#include "demand/Simulation.h"
 
 #include <algorithm>
 #include <deque>
@@ -12,55 +11,6 @@
 namespace qxmix {
 
 namespace {
-
-/// One dispenser that is asked by one mix for one withdrawal after the other, and drains.
-class Simulation {
-public:
-    Simulation(const Dispenser& dispenser, std::shared_ptr<const Demand> demand, std::uint16_t mix)
-        : draining_(dispenser), demand_(std::move(demand)), mix_(mix) {}
-
-    /// Whether all withdrawals were asked, or the mix was given up.
-    bool IsOver() const {
-        return steps_.size() == demand_->withdrawals.size() || draining_.IsGivenUp();
-    }
-
-    /// What to ask next; not when it is over.
-    MixRequest NextRequest() const {
-        const Withdrawal& next = demand_->withdrawals[steps_.size()];
-        MixRequest request = BuildRequest(draining_.Now(), next.amount, mix_);
-        SetCurrency(request, demand_->currencies[next.currency]);
-        return request;
-    }
-
-    /// Takes the answer to that.
-    void Take(const Reply& reply) {
-        const Withdrawal& asked = demand_->withdrawals[steps_.size()];
-        const Answer answer = Judge(draining_.Now(), {asked.amount, mix_}, reply);
-        SimulationStep step;
-        step.outcome = answer.outcome;
-        step.isProved = answer.isProved;
-        if (step.IsTaken() || answer.IsDangerous()) {
-            step.items = answer.taken;
-        }
-        draining_.Add(asked, step, answer.paid);
-        lastCode_ = answer.code.empty() ? lastCode_ : answer.code;
-        steps_.push_back(step);
-    }
-
-    const std::vector<SimulationStep>& Steps() const { return steps_; }
-
-    SimulationSummary Summary() const { return draining_.Summary(); }
-
-    /// Error code that was left last; empty: none.
-    const std::string& LastCode() const { return lastCode_; }
-
-private:
-    DrainedDispenser draining_;  // asked in the currency of the next withdrawal
-    std::shared_ptr<const Demand> demand_;
-    std::uint16_t mix_;
-    std::vector<SimulationStep> steps_;
-    std::string lastCode_;
-};
 
 /// Hands out the withdrawals of several simulations in turn, and files what came of them.
 ///

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "SimulationSummary.h"
 #include "demand/Demand.h"
+#include "demand/SimulationSummary.h"
 #include "dispenser/Dispenser.h"
 #include "workers/Desk.h"
 #include "workers/Worker.h"

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Demand.h"
 #include "answers/Outcome.h"
-#include "demand/Demand.h"
 #include "dispenser/Draining.h"
 #include "workers/AdaptiveDeadline.h"
 

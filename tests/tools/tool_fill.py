@@ -1,0 +1,212 @@
+#!/usr/bin/env python3
+"""What `qxmix fill` proposes, against `qxmix simulate` asked about every other loading."""
+
+import itertools
+import json
+import random
+
+import jsonschema
+
+from tool_runner import run_parts
+from written_answers import rows_of
+
+WEEK = ["fill", "examples/branch.json", "--demand", "examples/week.json"]
+HOURS = [0] * 8 + [3, 1] + [0] * 13 + [2]
+
+
+def answer_of(tool, words):
+    status, output, errors = tool.run(words + ["--json"])
+    assert errors == "", errors
+    return status, json.loads(output)
+
+
+def best_of(tool, words):
+    return answer_of(tool, words)[1]["result"]["mixes"][0]
+
+
+def save(tool, name, content):
+    (tool.folder / name).write_text(json.dumps(content))
+
+
+def served(tool, file, demand, mix, runs, seed=1):
+    """How many withdrawals each run serves, the least first, and whether any run is dangerous."""
+    words = ["simulate", file, "--demand", demand, "--mix", str(mix), "--runs", str(runs),
+             "--seed", str(seed), "--json"]
+    result = json.loads(tool.run(words)[1])["result"]
+    mix = result["mixes"][0]
+    all_runs = mix.get("runs", [mix])
+    assert len(all_runs) == runs
+    return sorted(run["counts"].get("paid", 0) for run in all_runs), mix["rank"] is None
+
+
+def reaches(counts, asked, percent, is_dangerous):
+    """Whether 95 % of the runs serve so much."""
+    promised = counts[len(counts) * 5 // 100]
+    return not is_dangerous and promised * 100 >= percent * asked
+
+
+def random_case(drawn):
+    """A dispenser of a few small bundles, and customers for it."""
+    values = drawn.sample([5, 10, 20, 50, 100], drawn.randint(2, 3))
+    cassettes = [{"value": value, "count": 0, "capacity": 20, "bundle": drawn.choice([4, 5, 7]),
+                  "lowThreshold": drawn.choice([0, 2])} for value in values]
+    amounts = drawn.sample(range(10, 90, 10), 4)
+    demand = {"days": 1, "perDay": drawn.randint(5, 9), "hours": HOURS,
+              "amounts": [{"amount": amount, "weight": drawn.randint(1, 9)} for amount in amounts]}
+    return {"currency": "EUR", "cassettes": cassettes}, demand
+
+
+def with_loading(dispenser, bundles):
+    loaded = json.loads(json.dumps(dispenser))
+    for cassette, count in zip(loaded["cassettes"], bundles):
+        cassette["count"] = count * cassette["bundle"]
+        cassette["status"] = ("empty" if cassette["count"] == 0 else "low"
+                              if cassette["count"] <= cassette.get("lowThreshold", 0) else "ok")
+    return loaded
+
+
+def worth(dispenser):
+    return sum(cassette["value"] * cassette["count"] for cassette in dispenser["cassettes"])
+
+
+def check_against_all_loadings(tool, checks):
+    """The cheapest of all loadings, each of them simulated."""
+    drawn = random.Random(8)
+    reached = 0
+    for case in range(6):
+        dispenser, demand = random_case(drawn)
+        mix, percent = drawn.choice([1, 2, 3, 6, 10]), drawn.choice([60, 80])
+        save(tool, "case.json", dispenser)
+        save(tool, "case-demand.json", demand)
+        words = ["fill", "case.json", "--demand", "case-demand.json", "--mix", str(mix), "--runs",
+                 "5", "--seed", "3", "--service", str(percent)]
+        status, answer = answer_of(tool, words)
+        mine = answer["result"]["mixes"][0]
+        cheapest, most = None, 0
+        ranges = [range(cassette["capacity"] // cassette["bundle"] + 1)
+                  for cassette in dispenser["cassettes"]]
+        for bundles in itertools.product(*ranges):
+            loaded = with_loading(dispenser, bundles)
+            save(tool, "loaded.json", loaded)
+            counts, is_dangerous = served(tool, "loaded.json", "case-demand.json", mix, 5, 3)
+            if reaches(counts, demand["perDay"], percent, is_dangerous):
+                cheapest = min(worth(loaded), cheapest if cheapest is not None else worth(loaded))
+            most = max(most, counts[0])
+        name = f"case {case}, mix {mix}, {percent} %"
+        checks.equal(f"{name}: reached", mine["reached"], cheapest is not None)
+        checks.equal(f"{name}: exit status", status, 0 if cheapest is not None else 1)
+        if cheapest is not None:
+            reached += 1
+            checks.equal(f"{name}: money", (mine["money"]["load"], mine["cheapest"]),
+                         (str(cheapest), "ofAll"))
+        checks.equal(f"{name}: checked", mine["checked"], True)
+    checks.check("some cases are within reach", 2 <= reached, reached)
+
+
+def percent_text(count, asked):
+    hundredths = count * 10000 // asked
+    text = f"{hundredths // 100}.{hundredths % 100:02}"
+    return text[:-1] if text.endswith("0") else text
+
+
+def check_saved(tool, checks):
+    """Simulating what is saved gives the service that was told, and a bundle less misses it."""
+    week = json.loads((tool.folder / "examples/week.json").read_text())
+    save(tool, "days.json", {**week, "days": 3})
+    words = WEEK + ["--days", "3", "--service", "98", "--runs", "20", "--seed", "5", "--save",
+                    "saved.json"]
+    mine = best_of(tool, words)
+    saved = json.loads((tool.folder / "saved.json").read_text())
+    schema = json.loads((tool.arguments.source / "schema/dispenser.schema.json").read_text())
+    jsonschema.Draft202012Validator(schema).validate(saved)
+    checks.equal("what is saved", [cassette["count"] for cassette in saved["cassettes"]],
+                 [cassette["load"] for cassette in mine["cassettes"]])
+    checks.equal("its money", str(worth(saved)), mine["money"]["load"])
+    counts, _ = served(tool, "saved.json", "days.json", 1, 20, 5)
+    checks.equal("its service", mine["service"], {
+        "asked": "98", "median": percent_text(counts[9], 360), "worst": percent_text(counts[0], 360),
+        "promised": percent_text(counts[1], 360), "dangerous": 0,
+        "reaching": sum(count * 100 >= 98 * 360 for count in counts)})
+    checks.check("it reaches what is asked", reaches(counts, 360, 98, False), counts)
+    checks.equal("it is checked", (mine["reached"], mine["checked"]), (True, True))
+    for place, cassette in enumerate(mine["cassettes"]):
+        less = json.loads(json.dumps(saved))
+        less["cassettes"][place]["count"] -= cassette["bundle"]
+        if cassette["load"] == 0:
+            continue
+        save(tool, "less.json", less)
+        counts, _ = served(tool, "less.json", "days.json", 1, 20, 5)
+        checks.check(f"a bundle less in cassette {place} misses it",
+                     not reaches(counts, 360, 98, False), counts)
+        checks.equal(f"a bundle less in cassette {place}", cassette["less"]["median"],
+                     percent_text(counts[9], 360))
+
+
+def check_forms(tool, checks):
+    words = WEEK + ["--days", "2", "--service", "90", "--runs", "4", "--mixes", "1,4,10"]
+    text = tool.run(words)[1]
+    for jobs in ("1", "3"):
+        checks.equal(f"--jobs {jobs}", tool.run(words + ["--jobs", jobs])[1], text)
+    _, answer = answer_of(tool, words + ["--output", "list.csv"])
+    rows = rows_of(tool, "list.csv")
+    mixes = [mix for mix in answer["result"]["mixes"] if mix["cassettes"]]
+    checks.equal("a line for each cassette of each mix",
+                 [(int(row["mix"]), int(row["cassette"]), int(row["load"])) for row in rows],
+                 [(mix["mix"], cassette["cassette"], cassette["load"])
+                  for mix in mixes for cassette in mix["cassettes"]])
+    checks.check("bundles", all(int(row["bundles"]) * int(row["bundle"]) == int(row["load"])
+                                for row in rows), rows)
+    money = [int(mix["money"]["load"]) for mix in mixes if mix["reached"]]
+    checks.equal("the best first", money, sorted(money))
+    tool.run(words + ["--output", "fill.txt"])
+    checks.equal(".txt", (tool.folder / "fill.txt").read_text(), text)
+
+
+def check_outcomes(tool, checks):
+    save(tool, "small.json", {"currency": "EUR", "cassettes": [
+        {"value": 50, "count": 10, "capacity": 300}, {"value": 20, "count": 100, "capacity": 300}]})
+    words = ["fill", "small.json", "--demand", "examples/week.json", "--runs", "5", "--days", "2"]
+    status, answer = answer_of(tool, words)
+    mix = answer["result"]["mixes"][0]
+    checks.equal("out of reach", (status, mix["reached"], mix["checked"]), (1, False, True))
+    checks.check("the best there is", 0 < float(mix["service"]["promised"]) < 99.5, mix)
+    text = tool.run(words)[1]
+    checks.check("it says so", text.startswith("OUT OF REACH  99.5 % cannot be served"), text)
+    # 1002 hangs.
+    save(tool, "hang.json", {"days": 1, "perDay": 30, "hours": HOURS, "amounts": [
+        {"amount": 901, "weight": 9}, {"amount": 1002, "weight": 1}]})
+    words = ["fill", "EUR:1x40000", "--demand", "hang.json", "--library", "fake.so", "--limit",
+             "2000", "--runs", "2", "--deadline", "5ms"]
+    status, answer = answer_of(tool, words)
+    mix = answer["result"]["mixes"][0]
+    checks.equal("dangerous", (status, mix["dangerous"], mix["money"]["load"], mix["now"]["dangerous"]),
+                 (3, True, None, 2))
+    status, text, _ = tool.run(words + ["--save", "nothing.json"])
+    checks.check("nothing is proposed", text.startswith("DANGER") and
+                 not (tool.folder / "nothing.json").exists(), text)
+    # Where only another mix is dangerous, the answer stands.
+    status, answer = answer_of(tool, WEEK + ["--mixes", "1,4", "--runs", "2", "--days", "2", "--service", "90"])
+    checks.equal("a dangerous mix is not proposed",
+                 [(mix["mix"], mix["dangerous"]) for mix in answer["result"]["mixes"]][0], (1, False))
+    checks.equal("the answer stands", status, 0)
+
+
+def check_interrupt(tool, checks):
+    save(tool, "slow.json", {"days": 1, "perDay": 2, "hours": HOURS, "amounts": [
+        {"amount": 1002, "weight": 1}]})
+    words = ["fill", "EUR:1x40000", "--demand", "slow.json", "--library", "fake.so", "--limit",
+             "2000", "--runs", "1", "--deadline", "60s"]
+    status, output, _ = tool.interrupt(words + ["--json"], 1)
+    answer = json.loads(output)
+    checks.equal("Ctrl-C before anything is known",
+                 (status, answer["complete"], answer["result"]["mixes"][0]["complete"]),
+                 (130, False, False))
+    words = WEEK + ["--runs", "400", "--jobs", "1", "--json", "--save", "far.json"]
+    status, output, _ = tool.interrupt(words, 5)
+    answer = json.loads(output)
+    mix = answer["result"]["mixes"][0]
+    checks.equal("Ctrl-C", (status, answer["complete"], mix["complete"], mix["checked"],
+                            mix["cheapest"]), (130, False, False, False, None))
+
+
+run_parts(check_against_all_loadings, check_saved, check_forms, check_outcomes, check_interrupt)

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "FillOutcome.h"
+#include "FillSearch.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace qxmix {
+
+/// How far a search is.
+struct FillProgress {
+    std::size_t tried = 0;     ///< loadings
+    std::size_t expected = 0;  ///< about as many will be tried; no fewer than that
+    std::uint16_t mix = 0;
+    std::optional<Money> best;  ///< the cheapest that reaches so far; none: none does
+};
+
+/// The loading that is proposed for one mix.
+struct FillProposal {
+    Bundles bundles;
+    Dispenser loaded;
+    FillOutcome outcome;
+    /// With a bundle less or more in one cassette, by cassette that is loaded; none: it holds
+    /// nothing, or takes no more.
+    std::vector<std::optional<FillOutcome>> less;
+    std::vector<std::optional<FillOutcome>> more;
+    Cheapest cheapest = Cheapest::OfNeighbours;
+    bool isChecked = false;  ///< no bundle can be taken out of any cassette
+};
+
+/// What is known of one mix.
+struct MixFill {
+    std::uint16_t mix = 0;
+    std::optional<FillOutcome> now;    ///< with what is loaded now; none: interrupted
+    std::optional<FillProposal> load;  ///< none: dangerous, or interrupted
+    ServedShare service;               ///< that the proposal was made for
+    bool isReached = false;            ///< that is what was asked
+    bool isComplete = false;
+    std::size_t tried = 0;  ///< loadings of which the module was asked
+    std::string lastCode;   ///< error code that the proposal's last run left; empty: none
+};
+
+/// What is known of all mixes.
+struct FillAnswers {
+    std::vector<MixFill> mixes;  ///< the best one first
+    Money least;                 ///< below that no loading reaches the service, whatever the mix
+    std::vector<LoadedCassette> cassettes;
+    bool isComplete = true;  ///< false: Ctrl-C came before the end
+};
+
+/// Looks for the cheapest loading of each mix.
+///
+/// @param demands   of the runs.
+/// @param order     the library and what it reads.
+/// @param trace     hears the module's lines.
+/// @param progress  is told of each stretch that was asked.
+/// @throw WorkError when the library cannot be used.
+FillAnswers Fill(const FillQuestions& questions,
+                 const RunDemands& demands,
+                 const OpenOrder& order,
+                 const TraceSink& trace,
+                 const std::function<void(const FillProgress&)>& progress);
+
+}  // namespace qxmix

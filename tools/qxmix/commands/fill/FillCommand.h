@@ -1,0 +1,41 @@
+#pragma once
+
+#include "FillQuestions.h"
+#include "demand/RecordedDemand.h"
+#include "options/AskOptions.h"
+#include "options/Command.h"
+#include "options/JobsOption.h"
+#include "options/OutputOption.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace qxmix {
+
+/// `qxmix fill`: the least money with which a dispenser serves its customers until the next refill.
+class FillCommand final : public Command {
+public:
+    const CommandInfo& Info() const override;
+    void AddOptions(CLI::App& command) override;
+    ExitStatus Run(const CommonOptions& options) override;
+
+private:
+    FillQuestions Prepare(const CommonOptions& options) const;
+    void PrepareDemand(FillQuestions& questions) const;
+
+    std::string dispenser_;  // as named on the command line
+    std::string demand_;
+    std::string service_ = "99.5";
+    std::uint32_t bundle_ = 100;
+    std::optional<std::uint32_t> days_;
+    std::optional<std::uint32_t> seed_;
+    std::optional<std::uint32_t> runs_;
+    std::string save_;  // file for the loaded dispenser; empty: none
+    SheetOptions sheet_ = RecordedSheet();
+    JobsOption jobs_;
+    OutputOption output_{FormsWithoutPage()};
+    AskOptions ask_;
+};
+
+}  // namespace qxmix

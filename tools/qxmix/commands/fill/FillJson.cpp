@@ -1,0 +1,109 @@
+#include "FillForms.h"
+#include "dispenser/DispenserJson.h"
+#include "json/Json.h"
+#include "text/Duration.h"
+
+namespace qxmix {
+
+namespace {
+
+const char* NameOf(Cheapest cheapest) {
+    switch (cheapest) {
+    case Cheapest::OfAll:
+        return "ofAll";
+    case Cheapest::IfMoreIsMore:
+        return "ifMoreIsMore";
+    case Cheapest::OfNeighbours:
+        break;
+    }
+    return "ofNeighbours";
+}
+
+/// Writes what is known of each mix.
+class MixWriter {
+public:
+    explicit MixWriter(const FillReport& report)
+        : report_(report), decimals_(AmountDecimals(report.questions.dispenser)) {}
+
+    Json Mix(const MixFill& mix) const {
+        Json json = {
+            {"mix", mix.mix},
+            {"reached", mix.isReached},
+            {"dangerous", mix.isComplete && !mix.load},
+            {"complete", mix.isComplete},
+            {"tried", mix.tried},
+            {"cassettes", mix.load ? Cassettes(*mix.load) : Json()},
+            {"money",
+             {{"now", mix.now ? MoneyJson(mix.now->worth) : Json()},
+              {"load", mix.load ? MoneyJson(mix.load->outcome.worth) : Json()}}},
+            {"service", mix.load ? Service(mix.load->outcome) : Json()},
+            {"now", mix.now ? Service(*mix.now) : Json()},
+            {"checked", mix.load ? Json(mix.load->isChecked) : Json()},
+            {"cheapest", mix.load && mix.isComplete ? Json(NameOf(mix.load->cheapest)) : Json()}};
+        json["runs"] = report_.demands.size();
+        json["seed"] = report_.questions.IsRecorded() ? Json() : Json(report_.questions.seed);
+        return json;
+    }
+
+    Json MoneyJson(const Money& money) const { return money.Text(decimals_); }
+
+private:
+    Json Service(const FillOutcome& outcome) const {
+        return {
+            {"asked", report_.questions.serviceText}, {"median", PercentText(outcome.median)},
+            {"worst", PercentText(outcome.worst)},    {"promised", PercentText(outcome.promised)},
+            {"reaching", outcome.reaching},           {"dangerous", outcome.dangerous}};
+    }
+
+    Json Neighbour(const std::vector<std::optional<FillOutcome>>& outcomes,
+                   std::size_t place) const {
+        return place < outcomes.size() && outcomes[place] ? Service(*outcomes[place]) : Json();
+    }
+
+    Json Cassettes(const FillProposal& load) const {
+        Json json = Json::array();
+        for (std::size_t place = 0; place < report_.answers.cassettes.size(); ++place) {
+            const LoadedCassette& loaded = report_.answers.cassettes[place];
+            const Cassette& now = report_.questions.dispenser.cassettes[loaded.cassette];
+            const Cassette& then = load.loaded.cassettes[loaded.cassette];
+            const auto low = load.outcome.low[loaded.cassette];
+            json.push_back(
+                {{"cassette", loaded.cassette},
+                 {"now", now.count},
+                 {"load", then.count},
+                 {"capacity", then.capacity ? Json(*then.capacity) : Json()},
+                 {"bundle", loaded.bundle},
+                 {"low", low ? Json(report_.demands.front()->calendar.Text(*low)) : Json()},
+                 {"less", Neighbour(load.less, place)},
+                 {"more", Neighbour(load.more, place)}});
+        }
+        return json;
+    }
+
+    const FillReport& report_;
+    unsigned decimals_;
+};
+
+}  // namespace
+
+Json FillInputJson(const FillQuestions& questions) {
+    return {{"dispenser", DispenserJson(questions.dispenser)},
+            {"mixes", questions.mixes},
+            {"service", questions.serviceText},
+            {"bundle", questions.bundle},
+            {"days", questions.Days()},
+            {"seed", questions.IsRecorded() ? Json() : Json(questions.seed)},
+            {"runs", questions.runs},
+            {"deadline", DurationText(questions.deadline)}};
+}
+
+Json FillResultJson(const FillReport& report) {
+    const MixWriter writer(report);
+    Json mixes = Json::array();
+    for (const MixFill& mix : report.answers.mixes) {
+        mixes.push_back(writer.Mix(mix));
+    }
+    return {{"mixes", mixes}, {"least", writer.MoneyJson(report.answers.least)}};
+}
+
+}  // namespace qxmix

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "ServedShare.h"
+#include "demand/Demand.h"
+#include "dispenser/Dispenser.h"
+#include "workers/Worker.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace qxmix {
+
+/// Of 100 runs so many have to reach the service that is asked.
+constexpr std::uint64_t kPercentOfRuns = 95;
+
+/// The demands of all runs, by run.
+using RunDemands = std::vector<std::shared_ptr<const Demand>>;
+
+/// How a dispenser is to be filled.
+struct FillQuestions {
+    Dispenser dispenser;
+    std::vector<std::uint16_t> mixes;  ///< in order, each once
+    std::variant<DemandPattern, Demand> demand;
+    std::string serviceText = "99.5";  ///< percent of the withdrawals, as it was written
+    ServedShare service{995, 1000};
+    std::uint32_t bundle = 100;  ///< items of one, where a cassette does not say
+    std::uint32_t seed = 1;      ///< of the first run; each further run has the next one
+    std::uint32_t runs = 50;     ///< 1 for a recorded demand
+    Milliseconds deadline{100};
+    std::size_t jobs = 1;  ///< workers side by side
+
+    bool IsRecorded() const { return std::holds_alternative<Demand>(demand); }
+
+    std::uint64_t WithdrawalCount() const;
+
+    /// Days until the next refill.
+    std::uint32_t Days() const;
+
+    /// Runs that may miss the service.
+    std::size_t MostMisses() const {
+        return static_cast<std::size_t>(runs * (100 - kPercentOfRuns) / 100);
+    }
+
+    /// The runs of a simulation with this seed and so many runs.
+    RunDemands Demands() const;
+};
+
+}  // namespace qxmix

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "FillAnswers.h"
+
+#include <string>
+#include <vector>
+
+namespace qxmix {
+
+/// Which loading is proposed, with everything that is told of it in any form.
+struct FillReport {
+    FillReport(FillQuestions asking, RunDemands drawn, FillAnswers came);
+
+    FillQuestions questions;
+    RunDemands demands;
+    FillAnswers answers;
+    std::vector<std::string> headline;  ///< what to load, or why nothing is proposed
+    std::vector<std::string> remarks;   ///< on the best mix: how it fares, and what was checked
+    std::vector<Finding> findings;      ///< how the demand was read
+    ExitStatus status;
+
+    /// The best mix with a loading; null: none has one.
+    const MixFill* Best() const;
+
+    /// A sum for people, without the currency.
+    std::string MoneyText(const Money& money) const;
+};
+
+/// "50 of 50 runs".
+std::string RunsText(std::size_t count, std::size_t all);
+
+}  // namespace qxmix
