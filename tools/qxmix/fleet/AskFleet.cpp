@@ -47,7 +47,6 @@ private:
     WorkerPool::Task TaskOf(std::size_t place, char where) const {
         WorkerPool::Task task;
         task.number = place;
-        task.request = MixRequest{};
         task.deadline = kNoDeadline;
         task.job = where + names_[place];
         return task;
@@ -62,7 +61,9 @@ private:
 }  // namespace
 
 bool AskFleet(const std::vector<std::string>& names,
-              const FleetWorkers& workers,
+              const OpenOrder& order,
+              std::size_t jobs,
+              const ProgressListener& listen,
               const DispenserWork& work,
               const FleetSink& sink) {
     const auto modules = std::make_shared<LastModuleHere>();
@@ -73,7 +74,7 @@ bool AskFleet(const std::vector<std::string>& names,
         });
     };
     FleetDesk desk(names, sink);
-    return WorkOff(desk, workers.order, workers.jobs, nullptr, workers.listen, job);
+    return WorkOff(desk, order, jobs, nullptr, listen, job);
 }
 
 }  // namespace qxmix

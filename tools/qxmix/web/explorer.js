@@ -75,9 +75,20 @@ async function askAll() {
     const files = { [DISPENSER]: JSON.stringify(editor.dispenser) };
     const lines = commandLines();
     const run = (words) => tool.run(words, files);
-    const [mapped, mixJson, mixText, why, lintJson, lintText] = await Promise.all([
-        run([...lines.map, "--output", "map.html"]), run([...lines.mix, "--json"]), run(lines.mix),
-        run(lines.why), run([...lines.lint, "--json"]), run(lines.lint)]);
+    const mapping = run([...lines.map, "--output", "map.html"]);
+    const others = Promise.all([run([...lines.mix, "--json"]), run(lines.mix), run(lines.why),
+        run([...lines.lint, "--json"]), run(lines.lint)]);
+    const mapped = await mapping;
+    showMap(mapped);
+    const [mixJson, mixText, why, lintJson, lintText] = await others;
+    setStale(["lint"], !isAnswer(lintJson));
+    if (isAnswer(lintJson)) {
+        showFindings(lintJson, lintText);
+    }
+    showAmount(mapped, mixJson, mixText, why);
+}
+
+function showMap(mapped) {
     editor.complain(isAnswer(mapped) ? null : errorOf(mapped));
     setStale(["map"], !isAnswer(mapped));
     if (isAnswer(mapped)) {
@@ -87,11 +98,6 @@ async function askAll() {
         byId("versions").textContent = map.versions;
         byId("title").textContent = document.title = map.answer.input.dispenser.name || known.title;
     }
-    setStale(["lint"], !isAnswer(lintJson));
-    if (isAnswer(lintJson)) {
-        showFindings(lintJson, lintText);
-    }
-    showAmount(mapped, mixJson, mixText, why);
 }
 
 function showAmount(mapped, mixJson, mixText, why) {
