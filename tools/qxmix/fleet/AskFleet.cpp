@@ -47,6 +47,7 @@ private:
     WorkerPool::Task TaskOf(std::size_t place, char where) const {
         WorkerPool::Task task;
         task.number = place;
+        task.request = MixRequest{};
         task.deadline = kNoDeadline;
         task.job = where + names_[place];
         return task;
@@ -61,9 +62,7 @@ private:
 }  // namespace
 
 bool AskFleet(const std::vector<std::string>& names,
-              const OpenOrder& order,
-              std::size_t jobs,
-              const ProgressListener& listen,
+              const FleetWorkers& workers,
               const DispenserWork& work,
               const FleetSink& sink) {
     const auto modules = std::make_shared<LastModuleHere>();
@@ -74,7 +73,7 @@ bool AskFleet(const std::vector<std::string>& names,
         });
     };
     FleetDesk desk(names, sink);
-    return WorkOff(desk, order, jobs, nullptr, listen, job);
+    return WorkOff(desk, workers.order, workers.jobs, nullptr, workers.listen, job);
 }
 
 }  // namespace qxmix

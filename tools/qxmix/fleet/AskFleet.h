@@ -24,21 +24,23 @@ using DispenserWork = std::function<std::string(const std::string& name, const O
 using FleetSink =
     std::function<void(std::size_t place, const std::string& report, const std::string& crash)>;
 
+/// Who works on them.
+struct FleetWorkers {
+    OpenOrder order;          ///< the library and what it reads at first
+    std::size_t jobs = 1;     ///< side by side
+    ProgressListener listen;  ///< is told after each dispenser
+};
+
 /// Does the same work on many dispensers, a dispenser a worker.
 ///
 /// A worker asks the module in its own process, which costs a fraction of asking another one. Where
 /// a call crashes or misses its deadline the worker ends, and the work on that dispenser is done
 /// again with every call in a process of its own, as for a single dispenser.
 ///
-/// @param order   the library and what it reads at first.
-/// @param jobs    workers side by side.
-/// @param listen  is told after each dispenser.
 /// @return false when Ctrl-C came before the end.
 /// @throw WorkError when the library cannot be used.
 bool AskFleet(const std::vector<std::string>& names,
-              const OpenOrder& order,
-              std::size_t jobs,
-              const ProgressListener& listen,
+              const FleetWorkers& workers,
               const DispenserWork& work,
               const FleetSink& sink);
 

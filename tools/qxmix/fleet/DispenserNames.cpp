@@ -44,7 +44,9 @@ bool DispenserNames::AreMany() const {
     return given_.size() > 1 || std::any_of(given_.begin(), given_.end(), &IsList);
 }
 
-std::vector<std::string> DispenserNames::All() const {
+std::vector<std::string> DispenserNames::All(const CommonOptions& options) const {
+    RefuseForMany("--registry-out", !options.registryOut.empty());
+    RefuseForMany("--trace", options.trace);
     std::vector<std::string> all;
     for (const std::string& name : given_) {
         const std::vector<std::string> named =

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "options/CommonOptions.h"
 #include "options/Parser.h"
 
 #include <string>
@@ -20,9 +21,9 @@ public:
 
     /// All of them, in their order: each @LIST stands for the names in that file, one a line.
     ///
-    /// @throw InputError when a list cannot be read or has no name, and for standard input, which
-    ///   is no dispenser among many.
-    std::vector<std::string> All() const;
+    /// @throw InputError when a list cannot be read or has no name, for standard input, which is no
+    ///   dispenser among many, and for options that are about one.
+    std::vector<std::string> All(const CommonOptions& options) const;
 
     /// As a shell takes them; of many the first ones.
     std::string Words() const;

@@ -147,9 +147,7 @@ ExitStatus LintCommand::RunOne(const CommonOptions& options, const LintBaseline&
 
 ExitStatus LintCommand::RunMany(const CommonOptions& options, const LintBaseline& baseline) const {
     dispensers_.RefuseForMany("--raw-in", !rawIn_.empty());
-    dispensers_.RefuseForMany("--registry-out", !options.registryOut.empty());
-    dispensers_.RefuseForMany("--trace", options.trace);
-    const std::vector<std::string> names = dispensers_.All();
+    const std::vector<std::string> names = dispensers_.All(options);
     // Made here: a worker's standard output is another one. What is written twice has no colours.
     const bool isWritten = output_.Form(options) == OutputForm::TextFile;
     const Painter painter(isWritten ? ColorMode::Never : options.color);
@@ -159,8 +157,8 @@ ExitStatus LintCommand::RunMany(const CommonOptions& options, const LintBaseline
     LintFleet fleet;
     Progress progress(Info().name, names.size(), options.quiet);
     AskLintFleet(
-        fleet, names, module.order, jobs_.Count(),
-        [&progress](const WorkProgress& now) { progress.Show(now); },
+        fleet, names,
+        {module.order, jobs_.Count(), [&progress](const WorkProgress& now) { progress.Show(now); }},
         [&](const std::string& name, const OpenHere& here) {
             return ReportBytes(name, {options, baseline}, painter, here);
         });

@@ -1,7 +1,6 @@
 #include "LintFleet.h"
 
-#include <algorithm>
-#include <map>
+#include <utility>
 
 namespace qxmix {
 
@@ -21,17 +20,6 @@ void LintFleet::Keep(const LintFleetReport& report) {
     named = rows.size();
 }
 
-ExitStatus LintFleet::Status() const {
-    if (!isComplete) {
-        return ExitStatus::Interrupted;
-    }
-    ExitStatus status = ExitStatus::Well;
-    for (const LintFleetRow& row : rows) {
-        status = std::max(status, row.status);
-    }
-    return status;
-}
-
 LintFleetTotals TotalsOf(const LintFleet& fleet) {
     LintFleetTotals totals;
     for (const LintFleetRow& row : fleet.rows) {
@@ -47,22 +35,13 @@ LintFleetTotals TotalsOf(const LintFleet& fleet) {
 
 void AskLintFleet(LintFleet& fleet,
                   const std::vector<std::string>& names,
-                  const OpenOrder& order,
-                  std::size_t jobs,
-                  const ProgressListener& listen,
+                  const FleetWorkers& workers,
                   const DispenserWork& work) {
-    fleet.named = names.size();
-    std::map<std::size_t, LintFleetRow> rows;  // by place: they come as they are ready
-    const auto keep = [&](std::size_t place, const std::string& bytes, const std::string& crash) {
-        const LintFleetReport report =
-            bytes.empty() ? ReportOf(names[place], WorkError("its worker ended: " + crash))
-                          : ReadReport(names[place], bytes);
-        rows.emplace(place, PutAway(report, fleet.spool));
-    };
-    fleet.isComplete = AskFleet(names, order, jobs, listen, work, keep);
-    for (auto& [place, row] : rows) {
-        fleet.rows.push_back(std::move(row));
-    }
+    fleet.Ask(names, workers, work,
+              [&fleet](const std::string& name, const std::string& bytes, const WorkError& error) {
+                  return PutAway(bytes.empty() ? ReportOf(name, error) : ReadReport(name, bytes),
+                                 fleet.spool);
+              });
 }
 
 }  // namespace qxmix

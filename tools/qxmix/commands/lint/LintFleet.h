@@ -1,25 +1,17 @@
 #pragma once
 
 #include "LintFleetRow.h"
-#include "fleet/AskFleet.h"
+#include "fleet/Fleet.h"
 
 #include <string>
 #include <vector>
 
 namespace qxmix {
 
-/// Many dispensers, and what is known of each: little in memory, the rest put away.
-struct LintFleet {
-    std::vector<LintFleetRow> rows;  ///< in the order in which they were named
-    std::size_t named = 0;           ///< dispensers named; more than rows after Ctrl-C
-    bool isComplete = true;          ///< false: Ctrl-C came before the end
-    Spool spool;
-
+/// Many dispensers, and what is wrong with each.
+struct LintFleet : Fleet<LintFleetRow> {
     /// Keeps what is known of the next dispenser.
     void Keep(const LintFleetReport& report);
-
-    /// The highest of all dispensers.
-    ExitStatus Status() const;
 };
 
 /// How many dispensers have nothing worse than this; each is counted once.
@@ -39,9 +31,7 @@ LintFleetTotals TotalsOf(const LintFleet& fleet);
 /// @param work  reports one of them, as bytes of a LintFleetReport.
 void AskLintFleet(LintFleet& fleet,
                   const std::vector<std::string>& names,
-                  const OpenOrder& order,
-                  std::size_t jobs,
-                  const ProgressListener& listen,
+                  const FleetWorkers& workers,
                   const DispenserWork& work);
 
 }  // namespace qxmix

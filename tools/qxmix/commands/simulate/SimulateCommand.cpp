@@ -94,10 +94,8 @@ ExitStatus SimulateCommand::RunOne(const CommonOptions& options) const {
 }
 
 ExitStatus SimulateCommand::RunMany(const CommonOptions& options) const {
-    dispensers_.RefuseForMany("--registry-out", !options.registryOut.empty());
-    dispensers_.RefuseForMany("--trace", options.trace);
     dispensers_.RefuseForMany("--demand -", demand_ == "-");
-    const std::vector<std::string> names = dispensers_.All();
+    const std::vector<std::string> names = dispensers_.All(options);
     const auto file = output_.Form(options);
     // Made here: a worker's standard output is another one. What is written twice has no colours.
     const Painter painter(file == OutputForm::TextFile ? ColorMode::Never : options.color);
@@ -107,8 +105,8 @@ ExitStatus SimulateCommand::RunMany(const CommonOptions& options) const {
     SimulationFleet fleet;
     Progress progress(Info().name, names.size(), options.quiet);
     SimulateFleet(
-        fleet, names, module.order, jobs_.Count(),
-        [&progress](const WorkProgress& now) { progress.Show(now); },
+        fleet, names,
+        {module.order, jobs_.Count(), [&progress](const WorkProgress& now) { progress.Show(now); }},
         [&](const std::string& name, const OpenHere& here) {
             return ReportBytes(name, options, painter, here);
         });

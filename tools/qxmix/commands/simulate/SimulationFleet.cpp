@@ -83,17 +83,6 @@ std::string ToBytes(const SimulationFleetReport& report) {
     return writer.PutText(row.told).PutText(report.json).PutText(report.text).Bytes();
 }
 
-ExitStatus SimulationFleet::Status() const {
-    if (!isComplete) {
-        return ExitStatus::Interrupted;
-    }
-    ExitStatus status = ExitStatus::Well;
-    for (const SimulationFleetRow& row : rows) {
-        status = std::max(status, row.status);
-    }
-    return status;
-}
-
 std::vector<FleetMix> SimulationFleet::Mixes() const {
     std::map<std::uint16_t, FleetMix> mixes;
     for (const SimulationFleetRow& row : rows) {
@@ -151,25 +140,16 @@ std::uint64_t LostBy(const SimulationFleetRow& row, std::uint16_t mix) {
 
 void SimulateFleet(SimulationFleet& fleet,
                    const std::vector<std::string>& names,
-                   const OpenOrder& order,
-                   std::size_t jobs,
-                   const ProgressListener& listen,
+                   const FleetWorkers& workers,
                    const DispenserWork& work) {
-    fleet.named = names.size();
-    std::map<std::size_t, SimulationFleetRow> rows;  // by place: they come as they are ready
-    const auto keep = [&](std::size_t place, const std::string& bytes, const std::string& crash) {
-        SimulationFleetReport report =
-            bytes.empty()
-                ? SimulationReportOf(names[place], WorkError("its worker ended: " + crash))
-                : ReadSimulationReport(names[place], bytes);
-        report.row.json = fleet.spool.Add(report.json);
-        report.row.text = fleet.spool.Add(report.text);
-        rows.emplace(place, std::move(report.row));
-    };
-    fleet.isComplete = AskFleet(names, order, jobs, listen, work, keep);
-    for (auto& [place, row] : rows) {
-        fleet.rows.push_back(std::move(row));
-    }
+    fleet.Ask(names, workers, work,
+              [&fleet](const std::string& name, const std::string& bytes, const WorkError& error) {
+                  SimulationFleetReport report = bytes.empty() ? SimulationReportOf(name, error)
+                                                               : ReadSimulationReport(name, bytes);
+                  report.row.json = fleet.spool.Add(report.json);
+                  report.row.text = fleet.spool.Add(report.text);
+                  return std::move(report.row);
+              });
 }
 
 }  // namespace qxmix

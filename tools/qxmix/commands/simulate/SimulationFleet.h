@@ -1,8 +1,7 @@
 #pragma once
 
 #include "SimulationReport.h"
-#include "fleet/AskFleet.h"
-#include "fleet/Spool.h"
+#include "fleet/Fleet.h"
 
 #include <cstdint>
 #include <optional>
@@ -54,16 +53,8 @@ struct FleetMix {
     std::size_t dangerousOn = 0;  ///< dispensers
 };
 
-/// Many dispensers, and what is known of each: little in memory, the rest put away.
-struct SimulationFleet {
-    std::vector<SimulationFleetRow> rows;  ///< in the order in which they were named
-    std::size_t named = 0;                 ///< more than rows after Ctrl-C
-    bool isComplete = true;                ///< false: Ctrl-C came before the end
-    Spool spool;
-
-    /// The highest of all dispensers.
-    ExitStatus Status() const;
-
+/// Many dispensers, and how each of them fares.
+struct SimulationFleet : Fleet<SimulationFleetRow> {
     /// The mixes by what they serve over all dispensers, the best first; behind them those that are
     /// dangerous on any. None when no dispenser could be asked.
     std::vector<FleetMix> Mixes() const;
@@ -85,9 +76,7 @@ std::uint64_t LostBy(const SimulationFleetRow& row, std::uint16_t mix);
 /// @param work  reports one of them, as bytes of a SimulationFleetReport.
 void SimulateFleet(SimulationFleet& fleet,
                    const std::vector<std::string>& names,
-                   const OpenOrder& order,
-                   std::size_t jobs,
-                   const ProgressListener& listen,
+                   const FleetWorkers& workers,
                    const DispenserWork& work);
 
 }  // namespace qxmix
