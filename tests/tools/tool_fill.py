@@ -109,6 +109,13 @@ def percent_text(count, asked):
     return text[:-1] if text.endswith("0") else text
 
 
+def cost_per_day(dispenser):
+    """Three days: a visit for 80, a bundle for 0.50, 3.5 % a year; rounded down."""
+    bundles = sum(cassette["count"] // 100 for cassette in dispenser["cassettes"])
+    cents = (8000 + 50 * bundles) / 3 + worth(dispenser) * 3.5 / 365
+    return f"{int(cents) // 100}.{int(cents) % 100:02}"
+
+
 def check_saved(tool, checks):
     """Simulating what is saved gives the service that was told, and a bundle less misses it."""
     week = json.loads((tool.folder / "examples/week.json").read_text())
@@ -128,6 +135,7 @@ def check_saved(tool, checks):
         "promised": percent_text(counts[1], 360), "dangerous": 0,
         "reaching": sum(count * 100 >= 98 * 360 for count in counts)})
     checks.check("it reaches what is asked", reaches(counts, 360, 98, False), counts)
+    checks.equal("what a day costs", mine["costPerDay"], {"now": "45.27", "load": cost_per_day(saved)})
     checks.equal("it is checked", (mine["reached"], mine["checked"]), (True, True))
     for place, cassette in enumerate(mine["cassettes"]):
         less = json.loads(json.dumps(saved))

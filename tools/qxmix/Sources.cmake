@@ -47,6 +47,7 @@ set(qxmix_shared_sources
     commands/fill/FillAnswers.cpp
     commands/fill/FillBound.cpp
     commands/fill/FillCommand.cpp
+    commands/fill/FillCosts.cpp
     commands/fill/FillCsv.cpp
     commands/fill/FillDescent.cpp
     commands/fill/FillJson.cpp

@@ -162,9 +162,9 @@ INSTANTIATE_TEST_SUITE_P(Wrong, DispenserFields, testing::Values(
     Refusal{R"("curency":"EUR")", R"(/curency: unknown field; did you mean "currency"?)"},
     Refusal{R"("Mix":1)", R"(/Mix: unknown field; did you mean "mix"?)"},
     Refusal{R"("colour":1)", "/colour: unknown field; expected one of: currency, exponent, partial, "
-            "mix, maxDispenseItems, amounts, cassettes, registry, lint, name, $schema"},
+            "mix, maxDispenseItems, amounts, cassettes, registry, costs, lint, name, $schema"},
     Refusal{R"("a/b~":1)", "/a~1b~0: unknown field; expected one of: currency, exponent, partial, "
-            "mix, maxDispenseItems, amounts, cassettes, registry, lint, name, $schema"},
+            "mix, maxDispenseItems, amounts, cassettes, registry, costs, lint, name, $schema"},
     Refusal{R"("exponent":-32769)", "/exponent: -32769 is not allowed; expected -32768 to 32767"},
     Refusal{R"("exponent":0.5)", "/exponent: 0.5 is not allowed; expected a whole number, -32768 to 32767"},
     Refusal{R"("exponent":"2")", "/exponent: \"2\" is not allowed; expected a whole number, -32768 to 32767"},

@@ -21,8 +21,8 @@ constexpr std::size_t kLongestReason = 200;
 constexpr std::size_t kFindingIdSize = 5;
 
 const std::vector<std::string> kDispenserFields = {
-    "currency",  "exponent", "partial", "mix",  "maxDispenseItems", "amounts",
-    "cassettes", "registry", "lint",    "name", "$schema",          "costs"};
+    "currency", "exponent", "partial", "mix",  "maxDispenseItems", "amounts", "cassettes",
+    "registry", "costs",    "lint",    "name", "$schema"};
 const std::vector<std::string> kCassetteFields = {
     "position", "type",  "status",       "currency",       "value",    "count",
     "worth",    "label", "lowThreshold", "emptyThreshold", "capacity", "bundle"};

@@ -46,10 +46,10 @@ void CheckBundles(const std::string& name, const FillQuestions& questions) {
 const CommandInfo& FillCommand::Info() const {
     static const CommandInfo info = {
         "fill",
-        "Finds the least money with which a dispenser serves its customers until the refill.",
-        {"fill DISPENSER --demand FILE [--service PERCENT] [--mixes all] [--save FILE]"},
+        "Finds the least money that serves customers until the refill.",
+        {"fill DISPENSER --demand FILE [--service PERCENT] [--save FILE]"},
         {"fill examples/branch.json --demand examples/week.json --days 3",
-         "fill examples/branch.json --demand examples/week.json --days 2 --output list.csv"}};
+         "fill examples/branch.json --demand examples/week.json --days 2 --mix 2"}};
     return info;
 }
 

@@ -40,6 +40,11 @@ public:
             {"now", mix.now ? Service(*mix.now) : Json()},
             {"checked", mix.load ? Json(mix.load->isChecked) : Json()},
             {"cheapest", mix.load && mix.isComplete ? Json(NameOf(mix.load->cheapest)) : Json()}};
+        const auto cost = [](const std::optional<Money>& money) {
+            return money ? Json(money->Text(2)) : Json();
+        };
+        json["costPerDay"] = {{"now", cost(report_.CostNow(mix))},
+                              {"load", cost(report_.CostOf(mix))}};
         json["runs"] = report_.demands.size();
         json["seed"] = report_.questions.IsRecorded() ? Json() : Json(report_.questions.seed);
         return json;

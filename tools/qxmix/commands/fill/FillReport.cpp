@@ -1,7 +1,9 @@
 #include "FillReport.h"
 
+#include "FillCosts.h"
 #include "dispenser/ReadableMoney.h"
 
+#include <numeric>
 #include <utility>
 
 namespace qxmix {
@@ -65,6 +67,14 @@ std::string NowLine(const FillReport& report, const MixFill& best) {
            (now.dangerous > 0 ? ", " + std::to_string(now.dangerous) + " dangerous" : "");
 }
 
+std::string CostLine(const FillReport& report, const MixFill& best) {
+    const std::optional<Money> cost = report.CostOf(best);
+    const std::optional<Money> now = report.CostNow(best);
+    return !cost || !now ? ""
+                         : "costs    " + cost->Text(2) + " " + report.questions.dispenser.currency +
+                               " a day instead of " + now->Text(2);
+}
+
 std::string CheckLine(const FillReport& report, const MixFill& best) {
     const FillProposal& load = *best.load;
     if (!load.isChecked) {
@@ -101,7 +111,11 @@ FillReport::FillReport(FillQuestions asking, RunDemands drawn, FillAnswers came)
       status(StatusOf(answers, Best())) {
     headline = HeadlineOf(*this);
     if (const MixFill* const best = Best()) {
-        remarks = {RunsLine(*this, *best), NowLine(*this, *best), CheckLine(*this, *best)};
+        remarks = {RunsLine(*this, *best), NowLine(*this, *best)};
+        if (const std::string costs = CostLine(*this, *best); !costs.empty()) {
+            remarks.push_back(costs);
+        }
+        remarks.push_back(CheckLine(*this, *best));
     }
     if (questions.IsRecorded()) {
         findings = std::get<Demand>(questions.demand).notes;
@@ -110,6 +124,27 @@ FillReport::FillReport(FillQuestions asking, RunDemands drawn, FillAnswers came)
 
 const MixFill* FillReport::Best() const {
     return !answers.mixes.empty() && answers.mixes.front().load ? &answers.mixes.front() : nullptr;
+}
+
+std::optional<Money> FillReport::CostNow(const MixFill& mix) const {
+    if (!questions.dispenser.costs || !mix.now) {
+        return std::nullopt;
+    }
+    std::uint32_t bundles = 0;
+    for (const LoadedCassette& loaded : answers.cassettes) {
+        const std::uint32_t held = questions.dispenser.cassettes[loaded.cassette].count;
+        bundles += held / loaded.bundle + (held % loaded.bundle != 0 ? 1 : 0);
+    }
+    return CostPerDay(*questions.dispenser.costs, mix.now->worth, bundles, questions.Days());
+}
+
+std::optional<Money> FillReport::CostOf(const MixFill& mix) const {
+    if (!questions.dispenser.costs || !mix.load) {
+        return std::nullopt;
+    }
+    const Bundles& load = mix.load->bundles;
+    return CostPerDay(*questions.dispenser.costs, mix.load->outcome.worth,
+                      std::accumulate(load.begin(), load.end(), 0U), questions.Days());
 }
 
 std::string FillReport::MoneyText(const Money& money) const {

@@ -2,6 +2,7 @@
 
 #include "FillAnswers.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,11 @@ struct FillReport {
 
     /// The best mix with a loading; null: none has one.
     const MixFill* Best() const;
+
+    /// What a loading of this mix costs in a day: the one that is there, or the proposed one; none:
+    /// nobody said what loading costs.
+    std::optional<Money> CostNow(const MixFill& mix) const;
+    std::optional<Money> CostOf(const MixFill& mix) const;
 
     /// A sum for people, without the currency.
     std::string MoneyText(const Money& money) const;

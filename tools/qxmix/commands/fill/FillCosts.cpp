@@ -1,0 +1,34 @@
+#include "FillCosts.h"
+
+namespace qxmix {
+
+namespace {
+
+constexpr std::uint32_t kDaysAYearAndPercent = 36500;
+constexpr int kPercentDecimals = 4;  ///< of a percentage, as it is read
+constexpr std::uint32_t kScale = 10000;
+
+}  // namespace
+
+std::optional<Money>
+CostPerDay(const Costs& costs, const Money& load, std::uint32_t bundles, std::uint32_t days) {
+    const std::optional<std::uint32_t> interest = costs.interestPerYear.In(-kPercentDecimals);
+    if (!interest) {
+        return std::nullopt;
+    }
+    // All of it times days, days a year, percent and scale, so that nothing is divided.
+    Money all = costs.refill;
+    all += costs.bundle.Times(bundles);
+    all = all.Times(kDaysAYearAndPercent).Times(kScale);
+    all += load.Times(*interest).Times(days);
+    std::uint32_t enough = 0;
+    for (std::uint32_t tooMuch = UINT32_MAX; enough + 1 < tooMuch;) {
+        const std::uint32_t middle = enough + (tooMuch - enough) / 2;
+        const Money sum =
+            Money::Of(middle, -2).Times(days).Times(kDaysAYearAndPercent).Times(kScale);
+        (sum > all ? tooMuch : enough) = middle;
+    }
+    return enough + 1 == UINT32_MAX ? std::nullopt : std::make_optional(Money::Of(enough, -2));
+}
+
+}  // namespace qxmix
