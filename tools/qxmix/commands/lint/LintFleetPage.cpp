@@ -1,5 +1,6 @@
 #include "LintElements.h"
 #include "LintFleetForms.h"
+#include "LintForms.h"
 #include "pages/FleetPage.h"
 
 namespace qxmix {
