@@ -85,8 +85,8 @@ WorkerPool::Task FillRuns::NextTask(std::uint16_t mix, std::size_t place) {
     WorkerPool::Task task;
     task.number = place;
     task.deadline = questions_.deadline;
+    task.request = open.simulation.NextRequest();
     if (traces_ || open.oneByOne > 0) {
-        task.request = open.simulation.NextRequest();
         return task;
     }
     RunOrder order;
