@@ -11,6 +11,8 @@ Channel::Channel(Channel&& other) noexcept : end_(std::exchange(other.end_, kNoC
 
 Channel& Channel::operator=(Channel&& other) noexcept {
     std::swap(end_, other.end_);
+    std::swap(received_, other.received_);
+    std::swap(taken_, other.taken_);
     return *this;
 }
 
