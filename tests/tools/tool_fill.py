@@ -150,6 +150,58 @@ def check_saved(tool, checks):
                      percent_text(counts[9], 360))
 
 
+def check_days(tool, checks):
+    """Each row of a range says what its number of days says alone, and the cheapest is told."""
+    words = WEEK + ["--runs", "4", "--service", "97", "--mixes", "1,2"]
+    week = json.loads((tool.folder / "examples/branch.json").read_text())
+    # A visit that costs little against the interest: neither the first nor the last is cheapest.
+    save(tool, "near.json", {**week, "costs": {"interestPerYear": "20", "refill": "15", "bundle": "0.50"}})
+    words[1] = "near.json"
+    status, answer = answer_of(tool, words + ["--days", "1-4", "--save", "days.json", "--output", "days.csv"])
+    rows = answer["result"]["days"]
+    checks.equal("exit status", status, 0)
+    checks.equal("the range", (answer["input"]["days"], [row["days"] for row in rows]),
+                 ({"from": 1, "to": 4}, [1, 2, 3, 4]))
+    costs = []
+    for row in rows:
+        _, alone = answer_of(tool, words + ["--days", str(row["days"]), "--save", f"{row['days']}.json",
+                                            "--output", f"{row['days']}.csv"])
+        best = alone["result"]["mixes"][0]
+        checks.equal(f"{row['days']} days", row, {
+            "days": row["days"], "mix": best["mix"], "reached": best["reached"], "dangerous": False,
+            "complete": True, "load": best["money"]["load"], "service": best["service"],
+            "costPerDay": best["costPerDay"]["load"], "proposed": row["proposed"]})
+        costs.append(float(best["costPerDay"]["load"]))
+        if row["proposed"]:
+            checks.equal("what is told is told alone", answer["result"]["mixes"], alone["result"]["mixes"])
+            for form in ("json", "csv"):
+                checks.equal(f"what is written, .{form}", (tool.folder / f"days.{form}").read_text(),
+                             (tool.folder / f"{row['days']}.{form}").read_text())
+    cheapest = costs.index(min(costs))
+    checks.equal("the cheapest is proposed", [row["proposed"] for row in rows],
+                 [place == cheapest for place in range(4)])
+    checks.check("the cheapest is neither first nor last", 0 < cheapest < 3, costs)
+    check_days_out_of_reach(tool, checks)
+
+
+def check_days_out_of_reach(tool, checks):
+    """What is cheap because it turns customers away is not proposed."""
+    costs = {"interestPerYear": "0", "refill": "80", "bundle": "0"}
+    save(tool, "tight.json", {"currency": "EUR", "costs": costs, "cassettes": [
+        {"value": value, "count": 0, "capacity": 400} for value in (50, 20, 10)]})
+    words = ["fill", "tight.json", "--demand", "examples/week.json", "--runs", "2", "--days"]
+    status, answer = answer_of(tool, words + ["1-3"])
+    checks.equal("the longest that reaches", (status, [(row["reached"], row["proposed"]) for row in
+                                                       answer["result"]["days"]]),
+                 (0, [(True, False), (True, True), (False, False)]))
+    status, answer = answer_of(tool, words + ["3-4"])
+    checks.equal("none reaches: the shortest", (status, [row["proposed"] for row in answer["result"]["days"]]),
+                 (1, [True, False]))
+    tool.run(words + ["3-4", "--output", "tight.txt"])
+    checks.check("it says so", (tool.folder / "tight.txt").read_text().startswith(
+        "OUT OF REACH  99.5 % cannot be served for 3 days"))
+
+
 def check_forms(tool, checks):
     words = WEEK + ["--days", "2", "--service", "90", "--runs", "4", "--mixes", "1,4,10"]
     text = tool.run(words)[1]
@@ -215,6 +267,11 @@ def check_interrupt(tool, checks):
     mix = answer["result"]["mixes"][0]
     checks.equal("Ctrl-C", (status, answer["complete"], mix["complete"], mix["checked"],
                             mix["cheapest"]), (130, False, False, False, None))
+    status, output, _ = tool.interrupt(words + ["--days", "1-14"], 2)
+    answer = json.loads(output)
+    checks.equal("Ctrl-C among several days", (status, answer["complete"],
+                                               answer["result"]["days"][-1]["complete"]),
+                 (130, False, False))
 
 
-run_parts(check_against_all_loadings, check_saved, check_forms, check_outcomes, check_interrupt)
+run_parts(check_against_all_loadings, check_saved, check_days, check_forms, check_outcomes, check_interrupt)

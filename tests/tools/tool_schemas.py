@@ -53,6 +53,7 @@ ANSWERS = [
     "fill examples/euro.json --demand examples/week.json --runs 2 --days 2 --service 95",
     "fill examples/euro.json --demand examples/week.json --runs 2 --days 1 --mixes 1,4,10",
     "fill EUR:50x10 --demand examples/week.json --runs 2 --days 1",
+    "fill examples/branch.json --demand examples/week.json --runs 2 --days 1-2",
     "fill EUR:1x40000 --demand fake.csv --mixes 1 --library fake.so",
     "lint examples/trouble.json",
     "lint examples/four-notes.json --mixes 1,4,9 --to 200",

@@ -44,12 +44,14 @@ set(qxmix_shared_sources
     commands/explain/ExplainText.cpp
     commands/explain/ExplainUnits.cpp
     commands/explain/Explanation.cpp
+    commands/fill/DayRange.cpp
     commands/fill/FillAnswers.cpp
     commands/fill/FillBound.cpp
     commands/fill/FillCommand.cpp
     commands/fill/FillCosts.cpp
     commands/fill/FillCsv.cpp
     commands/fill/FillDescent.cpp
+    commands/fill/FillIntervals.cpp
     commands/fill/FillJson.cpp
     commands/fill/FillLoading.cpp
     commands/fill/FillOutcome.cpp

@@ -1,13 +1,16 @@
 #include "FillCommand.h"
 
 #include "FillForms.h"
+#include "FillIntervals.h"
 #include "FillProgressLine.h"
 #include "dispenser/DispenserJson.h"
 #include "json/Json.h"
+#include "json/JsonFields.h"
 #include "module/RegistryImage.h"
 #include "options/AskedModule.h"
 #include "options/DispenserArgument.h"
 #include "options/OutputFileOption.h"
+#include "text/ParseWhole.h"
 
 #include <CLI/App.hpp>
 #include <algorithm>
@@ -17,7 +20,6 @@ namespace qxmix {
 
 namespace {
 
-constexpr std::int64_t kMostDays = 3660;
 constexpr std::int64_t kMostRuns = 10000;
 constexpr std::uint64_t kMostAsked = 1000000;
 
@@ -64,10 +66,12 @@ void FillCommand::AddOptions(CLI::App& command) {
         .add_option("--service", service_,
                     "percent of the withdrawals to serve in 95 % of the runs; 99.5 without it")
         ->type_name("PERCENT");
-    AddWholeOption(
-        command, "--days", 1, kMostDays,
-        [this](std::int64_t number) { days_ = static_cast<std::uint32_t>(number); },
-        "days until the next refill; those of the demand without it");
+    command
+        .add_option_function<std::string>(
+            "--days", [this](const std::string& text) { TakeDays(text); },
+            "days until the next refill, or a range such as 1-14 to find which number of them "
+            "costs least; those of the demand without it")
+        ->type_name("DAYS");
     AddWholeOption(
         command, "--bundle", 1, INT32_MAX,
         [this](std::int64_t number) { bundle_ = static_cast<std::uint32_t>(number); },
@@ -88,19 +92,31 @@ void FillCommand::AddOptions(CLI::App& command) {
     output_.AddTo(command, "answer");
 }
 
+void FillCommand::TakeDays(const std::string& text) {
+    dayRange_ = ParseDayRange(text);
+    const auto days = ParseWhole<std::uint32_t>(text);
+    if (!dayRange_ && (!days || *days == 0 || *days > kMostDaysToRefill)) {
+        throw InputError("--days: " + NotAllowed(text, RangeText(1, kMostDaysToRefill) +
+                                                           ", or a range such as 1-14"));
+    }
+    days_ = days;
+}
+
 ExitStatus FillCommand::Run(const CommonOptions& options) {
     const std::vector<NamedOutput> saved = {{"--save", save_}};
     const std::optional<OutputForm> form = output_.Form(options, saved);
     FillQuestions questions = Prepare(options);
     AskedModule module(options.Library(), options, questions.dispenser);
     module.Open();
-    FillProgressLine line(Info().name, questions.dispenser, options.quiet);
-    RunDemands demands = questions.Demands();
-    FillAnswers answers = Fill(questions, demands, module.order, options.Trace(),
-                               [&line](const FillProgress& now) { line.Show(now); });
-    line.Wipe();
-
-    const FillReport report(std::move(questions), std::move(demands), std::move(answers));
+    const FillReport report = FillIntervals(
+        std::move(questions), [&](const FillQuestions& asked, const RunDemands& demands) {
+            FillProgressLine line(Info().name + (asked.range ? "  " + DaysText(asked.Days()) : ""),
+                                  asked.dispenser, options.quiet);
+            FillAnswers answers = Fill(asked, demands, module.order, options.Trace(),
+                                       [&line](const FillProgress& now) { line.Show(now); });
+            line.Wipe();
+            return answers;
+        });
     Envelope envelope = EnvelopeBy(module.asker, Info().name);
     envelope.complete = report.answers.isComplete;
     envelope.warnings = report.findings;
@@ -156,7 +172,7 @@ void FillCommand::PrepareDemand(FillQuestions& questions) const {
     questions.seed = seed_.value_or(questions.seed);
     questions.runs = questions.IsRecorded() ? 1 : runs_.value_or(questions.runs);
     if (questions.IsRecorded()) {
-        if (seed_ || runs_ || days_) {
+        if (seed_ || runs_ || days_ || dayRange_) {
             throw InputError(
                 std::string(seed_   ? "--seed"
                             : runs_ ? "--runs"
@@ -171,7 +187,12 @@ void FillCommand::PrepareDemand(FillQuestions& questions) const {
         }
     } else {
         auto& pattern = std::get<DemandPattern>(questions.demand);
-        pattern.days = days_.value_or(pattern.days);
+        pattern.days = dayRange_ ? dayRange_->to : days_.value_or(pattern.days);
+        questions.range = dayRange_;
+        if (dayRange_ && !questions.dispenser.costs) {
+            throw InputError(dispenser_ + ": costs: missing; expected what loading costs, which "
+                                          "decides between the days of --days");
+        }
     }
     if (std::uint64_t{questions.seed} + questions.runs - 1 > UINT32_MAX) {
         throw InputError("--seed: " + std::to_string(questions.seed) +

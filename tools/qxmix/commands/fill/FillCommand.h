@@ -21,6 +21,7 @@ public:
     ExitStatus Run(const CommonOptions& options) override;
 
 private:
+    void TakeDays(const std::string& text);
     FillQuestions Prepare(const CommonOptions& options) const;
     void PrepareDemand(FillQuestions& questions) const;
 
@@ -29,6 +30,7 @@ private:
     std::string service_ = "99.5";
     std::uint32_t bundle_ = 100;
     std::optional<std::uint32_t> days_;
+    std::optional<DayRange> dayRange_;
     std::optional<std::uint32_t> seed_;
     std::optional<std::uint32_t> runs_;
     std::string save_;  // file for the loaded dispenser; empty: none

@@ -52,7 +52,6 @@ public:
 
     Json MoneyJson(const Money& money) const { return money.Text(decimals_); }
 
-private:
     Json Service(const FillOutcome& outcome) const {
         return {
             {"asked", report_.questions.serviceText}, {"median", PercentText(outcome.median)},
@@ -60,6 +59,7 @@ private:
             {"reaching", outcome.reaching},           {"dangerous", outcome.dangerous}};
     }
 
+private:
     Json Neighbour(const std::vector<std::optional<FillOutcome>>& outcomes,
                    std::size_t place) const {
         return place < outcomes.size() && outcomes[place] ? Service(*outcomes[place]) : Json();
@@ -89,6 +89,24 @@ private:
     unsigned decimals_;
 };
 
+/// The intervals that were compared.
+Json DaysJson(const FillReport& report, const MixWriter& writer) {
+    Json days = Json::array();
+    for (const FillInterval& interval : report.intervals) {
+        const MixFill& mix = interval.best;
+        days.push_back({{"days", interval.days},
+                        {"mix", mix.mix},
+                        {"reached", mix.isReached},
+                        {"dangerous", mix.isComplete && !mix.load},
+                        {"complete", mix.isComplete},
+                        {"load", mix.load ? writer.MoneyJson(mix.load->outcome.worth) : Json()},
+                        {"service", mix.load ? writer.Service(mix.load->outcome) : Json()},
+                        {"costPerDay", interval.cost ? Json(interval.cost->Text(2)) : Json()},
+                        {"proposed", mix.load && interval.days == report.questions.Days()}});
+    }
+    return days;
+}
+
 }  // namespace
 
 Json FillInputJson(const FillQuestions& questions) {
@@ -96,7 +114,9 @@ Json FillInputJson(const FillQuestions& questions) {
             {"mixes", questions.mixes},
             {"service", questions.serviceText},
             {"bundle", questions.bundle},
-            {"days", questions.Days()},
+            {"days", questions.range
+                         ? Json{{"from", questions.range->from}, {"to", questions.range->to}}
+                         : Json(questions.Days())},
             {"seed", questions.IsRecorded() ? Json() : Json(questions.seed)},
             {"runs", questions.runs},
             {"deadline", DurationText(questions.deadline)}};
@@ -108,7 +128,11 @@ Json FillResultJson(const FillReport& report) {
     for (const MixFill& mix : report.answers.mixes) {
         mixes.push_back(writer.Mix(mix));
     }
-    return {{"mixes", mixes}, {"least", writer.MoneyJson(report.answers.least)}};
+    Json json = {{"mixes", mixes}, {"least", writer.MoneyJson(report.answers.least)}};
+    if (!report.intervals.empty()) {
+        json["days"] = DaysJson(report, writer);
+    }
+    return json;
 }
 
 }  // namespace qxmix

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "DayRange.h"
 #include "ServedShare.h"
 #include "demand/Demand.h"
 #include "dispenser/Dispenser.h"
@@ -8,6 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -32,6 +34,9 @@ struct FillQuestions {
     std::uint32_t runs = 50;     ///< 1 for a recorded demand
     Milliseconds deadline{100};
     std::size_t jobs = 1;  ///< workers side by side
+
+    /// Intervals that are compared by what they cost in a day; none: one is asked.
+    std::optional<DayRange> range;
 
     bool IsRecorded() const { return std::holds_alternative<Demand>(demand); }
 

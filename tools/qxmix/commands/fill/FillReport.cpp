@@ -10,11 +10,6 @@ namespace qxmix {
 
 namespace {
 
-std::string DaysText(const FillQuestions& questions) {
-    const std::uint32_t days = questions.Days();
-    return std::to_string(days) + (days == 1 ? " day" : " days");
-}
-
 std::string SharesText(const FillOutcome& outcome, std::size_t runs) {
     return runs == 1 ? PercentText(outcome.median) + " % served"
                      : PercentText(outcome.median) + " % served in the median run, " +
@@ -38,10 +33,10 @@ std::vector<std::string> HeadlineOf(const FillReport& report) {
     const std::string shares = SharesText(then, report.demands.size());
     if (best->isReached) {
         return {"LOAD  " + report.MoneyText(then.worth) + " " + currency + " instead of " +
-                    report.MoneyText(best->now->worth) + " for " + DaysText(questions) + mix,
+                    report.MoneyText(best->now->worth) + " for " + DaysText(questions.Days()) + mix,
                 "      " + shares + ", asked " + asked};
     }
-    return {"OUT OF REACH  " + asked + " cannot be served for " + DaysText(questions) + mix,
+    return {"OUT OF REACH  " + asked + " cannot be served for " + DaysText(questions.Days()) + mix,
             "              best there is: " + report.MoneyText(then.worth) + " " + currency,
             "              " + shares};
 }
@@ -67,12 +62,20 @@ std::string NowLine(const FillReport& report, const MixFill& best) {
            (now.dangerous > 0 ? ", " + std::to_string(now.dangerous) + " dangerous" : "");
 }
 
+/// Of which intervals the best one costs least.
+std::string LeastOf(const std::vector<FillInterval>& intervals) {
+    return intervals.size() < 2 ? ""
+                                : ", the least of " + std::to_string(intervals.front().days) +
+                                      " to " + DaysText(intervals.back().days);
+}
+
 std::string CostLine(const FillReport& report, const MixFill& best) {
     const std::optional<Money> cost = report.CostOf(best);
     const std::optional<Money> now = report.CostNow(best);
     return !cost || !now ? ""
                          : "costs    " + cost->Text(2) + " " + report.questions.dispenser.currency +
-                               " a day instead of " + now->Text(2);
+                               " a day instead of " + now->Text(2) +
+                               (best.isReached ? LeastOf(report.intervals) : "");
 }
 
 std::string CheckLine(const FillReport& report, const MixFill& best) {
@@ -106,9 +109,12 @@ ExitStatus StatusOf(const FillAnswers& answers, const MixFill* best) {
 
 }  // namespace
 
-FillReport::FillReport(FillQuestions asking, RunDemands drawn, FillAnswers came)
+FillReport::FillReport(FillQuestions asking,
+                       RunDemands drawn,
+                       FillAnswers came,
+                       std::vector<FillInterval> compared)
     : questions(std::move(asking)), demands(std::move(drawn)), answers(std::move(came)),
-      status(StatusOf(answers, Best())) {
+      intervals(std::move(compared)), status(StatusOf(answers, Best())) {
     headline = HeadlineOf(*this);
     if (const MixFill* const best = Best()) {
         remarks = {RunsLine(*this, *best), NowLine(*this, *best)};
@@ -149,6 +155,10 @@ std::optional<Money> FillReport::CostOf(const MixFill& mix) const {
 
 std::string FillReport::MoneyText(const Money& money) const {
     return ReadableText(money, AmountDecimals(questions.dispenser));
+}
+
+std::string DaysText(std::uint32_t days) {
+    return std::to_string(days) + (days == 1 ? " day" : " days");
 }
 
 std::string RunsText(std::size_t count, std::size_t all) {

@@ -68,6 +68,16 @@ std::string EndingText(const FillReport& report, const MixFill& mix) {
     return mix.isReached ? "" : "below " + report.questions.serviceText + " %";
 }
 
+/// What a mix loads, and how it serves the customers.
+std::vector<std::string> LoadCells(const FillReport& report, const MixFill& mix) {
+    if (!mix.load) {
+        return {kNone, kNone, kNone, kNone};
+    }
+    const FillOutcome& outcome = mix.load->outcome;
+    return {report.MoneyText(outcome.worth), PercentText(outcome.median) + "%",
+            PercentText(outcome.worst) + "%", std::to_string(outcome.reaching)};
+}
+
 /// All mixes, the best first.
 Table MixTable(const FillReport& report) {
     Table table({{Align::Right, 0, 4},
@@ -80,15 +90,39 @@ Table MixTable(const FillReport& report) {
     table.AddRow({"rank", "mix", "load", "median", "worst", "runs", ""});
     std::size_t rank = 0;
     for (const MixFill& mix : report.answers.mixes) {
-        const std::string ending = EndingText(report, mix);
-        if (!mix.load) {
-            table.AddRow({kNone, std::to_string(mix.mix), kNone, kNone, kNone, kNone, ending});
-            continue;
+        std::vector<Cell> cells = {mix.load && mix.isReached ? std::to_string(++rank) : kNone,
+                                   std::to_string(mix.mix)};
+        for (const std::string& cell : LoadCells(report, mix)) {
+            cells.emplace_back(cell);
         }
-        const FillOutcome& outcome = mix.load->outcome;
-        table.AddRow({mix.isReached ? std::to_string(++rank) : kNone, std::to_string(mix.mix),
-                      report.MoneyText(outcome.worth), PercentText(outcome.median) + "%",
-                      PercentText(outcome.worst) + "%", std::to_string(outcome.reaching), ending});
+        cells.emplace_back(EndingText(report, mix));
+        table.AddRow(cells);
+    }
+    return table;
+}
+
+/// The numbers of days, each with its best mix.
+Table IntervalTable(const FillReport& report) {
+    Table table({{Align::Right, 0, 4},
+                 {Align::Right, 1, 4},
+                 {Align::Right, 2, 9},
+                 {Align::Right, 2, 7},
+                 {Align::Right, 2, 7},
+                 {Align::Right, 2, 5},
+                 {Align::Right, 2, 10},
+                 {Align::Left, 2, 10}});
+    table.AddRow({"days", "mix", "load", "median", "worst", "runs", "cost a day", ""});
+    for (const FillInterval& interval : report.intervals) {
+        const MixFill& mix = interval.best;
+        std::vector<Cell> cells = {std::to_string(interval.days), std::to_string(mix.mix)};
+        for (const std::string& cell : LoadCells(report, mix)) {
+            cells.emplace_back(cell);
+        }
+        const bool isProposed = mix.load && interval.days == report.questions.Days();
+        const std::string ending = EndingText(report, mix);
+        cells.emplace_back(interval.cost ? interval.cost->Text(2) : kNone);
+        cells.emplace_back(ending.empty() && isProposed ? "least" : ending);
+        table.AddRow(cells);
     }
     return table;
 }
@@ -101,6 +135,9 @@ std::string FillText(const FillReport& report, bool isQuiet, const Painter& pain
     std::string text;
     for (const std::string& line : report.headline) {
         text += painter.Paint(line, isBad ? RowOf(Outcome::Overpaid).terminalStyle : "") + "\n";
+    }
+    if (!report.intervals.empty()) {
+        text += "\n" + IntervalTable(report).Text(painter);
     }
     if (report.answers.mixes.size() > 1) {
         text += "\n" + MixTable(report).Text(painter);
