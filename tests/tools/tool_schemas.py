@@ -62,6 +62,7 @@ ANSWERS = [
     "compare examples/euro.json examples/no-tens.json --to 100",
     "compare examples/three-notes.json examples/four-notes.json --mixes 1,4 --to 150",
     "compare examples/rappen.json --library fake.so --library examples/../fake.so --to 300",
+    "compare examples/euro.json --table examples/bank.mixtable.csv",
     "replay examples/trace.ndjson",
     "replay examples/trace.ndjson --stop",
     "replay short-request.ndjson",

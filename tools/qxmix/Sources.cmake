@@ -33,6 +33,11 @@ set(qxmix_shared_sources
     commands/compare/CompareCsv.cpp
     commands/compare/CompareJson.cpp
     commands/compare/CompareText.cpp
+    commands/compare/CompareWithTable.cpp
+    commands/compare/TableComparison.cpp
+    commands/compare/TableCsv.cpp
+    commands/compare/TableJson.cpp
+    commands/compare/TableText.cpp
     commands/completions/BashCompletions.cpp
     commands/completions/CompletionsCommand.cpp
     commands/completions/CompletionWords.cpp
@@ -194,6 +199,10 @@ set(qxmix_shared_sources
     sweeps/MapDifferences.cpp
     sweeps/MapQuestions.cpp
     sweeps/MapRow.cpp
+    tables/MixTable.cpp
+    tables/MixTableFile.cpp
+    tables/MixTableReader.cpp
+    tables/PaidTable.cpp
     terminal/Characters.cpp
     terminal/Progress.cpp
     terminal/StatusLine.cpp

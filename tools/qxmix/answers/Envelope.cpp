@@ -69,6 +69,9 @@ std::string AnswerForms::File(OutputForm form, const Envelope& envelope) const {
         return csv();
     case OutputForm::Page:
         return page();
+    case OutputForm::MixTableJson:
+    case OutputForm::MixTableCsv:
+        return table(form);
     default:  // those that this answer has no form of its own for are refused by name
         break;
     }

@@ -47,6 +47,7 @@ struct AnswerForms {
     std::function<std::string(const Painter& painter)> text;
     std::function<std::string()> csv;
     std::function<std::string()> page;  ///< none where the command writes no page
+    std::function<std::string(OutputForm)> table = nullptr;  ///< none: it writes no mix table
 
     /// What a file of this form holds.
     ///

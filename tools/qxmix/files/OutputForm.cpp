@@ -17,6 +17,9 @@ struct FormRow {
 
 // clang-format off
 constexpr FormRow kFormRows[] = {
+    // The longer of two endings first: a file's form is that of the first that fits.
+    {OutputForm::MixTableJson, "mixtable-json", ".mixtable.json"},
+    {OutputForm::MixTableCsv,  "mixtable-csv",  ".mixtable.csv"},
     {OutputForm::TextFile, "text",   ".txt"},
     {OutputForm::JsonFile, "json",   ".json"},
     {OutputForm::CsvFile,  "csv",    ".csv"},
@@ -29,6 +32,11 @@ constexpr FormRow kFormRows[] = {
 
 bool Holds(const OutputForms& allowed, OutputForm form) {
     return std::count(allowed.forms.begin(), allowed.forms.end(), form) != 0;
+}
+
+bool EndsWith(const std::string& file, const std::string& ending) {
+    return !ending.empty() && file.size() >= ending.size() &&
+           file.compare(file.size() - ending.size(), ending.size(), ending) == 0;
 }
 
 }  // namespace
@@ -54,14 +62,24 @@ const OutputForms& CheckForms() {
     return forms;
 }
 
+const OutputForms& FormsWithMixTable() {
+    static const OutputForms forms = {".txt, .json, .csv, .html, .mixtable.json or .mixtable.csv",
+                                      {OutputForm::TextFile, OutputForm::JsonFile,
+                                       OutputForm::CsvFile, OutputForm::Page,
+                                       OutputForm::MixTableJson, OutputForm::MixTableCsv}};
+    return forms;
+}
+
+bool IsMixTable(std::optional<OutputForm> form) {
+    return form == OutputForm::MixTableJson || form == OutputForm::MixTableCsv;
+}
+
 std::optional<OutputForm> OutputFormOf(const std::string& file, const OutputForms& allowed) {
     if (file.empty()) {
         return std::nullopt;
     }
-    const std::size_t dot = file.rfind('.');
-    const std::string ending = dot == std::string::npos ? "" : file.substr(dot);
     for (const FormRow& row : kFormRows) {
-        if (!ending.empty() && ending == row.ending && Holds(allowed, row.form)) {
+        if (EndsWith(file, row.ending) && Holds(allowed, row.form)) {
             return row.form;
         }
     }

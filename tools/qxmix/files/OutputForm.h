@@ -12,9 +12,11 @@ enum class OutputForm {
     JsonFile,
     CsvFile,
     Page,
-    Sarif,   ///< findings as checks of source code give them
-    JUnit,   ///< the cases of a test
-    Github,  ///< notes beside the files that a workflow has checked
+    Sarif,         ///< findings as checks of source code give them
+    JUnit,         ///< the cases of a test
+    Github,        ///< notes beside the files that a workflow has checked
+    MixTableJson,  ///< what a mix pays, as an XFS service takes it
+    MixTableCsv,
 };
 
 /// The forms that a command can write.
@@ -26,6 +28,7 @@ struct OutputForms {
 const OutputForms& AllForms();
 const OutputForms& FormsWithoutPage();
 const OutputForms& CheckForms();
+const OutputForms& FormsWithMixTable();
 
 /// The form that a file's name asks for.
 ///
@@ -37,6 +40,9 @@ std::optional<OutputForm> OutputFormOf(const std::string& file, const OutputForm
 ///
 /// @throw InputError when it is none.
 OutputForm FormNamed(const std::string& name, const OutputForms& allowed);
+
+/// Whether a form is a mix table.
+bool IsMixTable(std::optional<OutputForm> form);
 
 /// Whether a form holds the answer as JSON.
 bool NeedsResult(std::optional<OutputForm> form);

@@ -35,7 +35,8 @@ const CommandInfo& CompareCommand::Info() const {
         "compare",
         "Shows which amounts two dispensers or two builds pay differently.",
         {"compare A B [--mix N] [--from A] [--to A] [--step A]",
-         "compare A --library X --library Y [--mixes all]"},
+         "compare A --library X --library Y [--mixes all]",
+         "compare A --table F [--mix N] [--from A] [--to A] [--step A]"},
         {"compare examples/euro.json examples/no-tens.json --mix 1 --to 100",
          "compare EUR:50x100,20x100 EUR:50x100,20x100,10x50 --mixes all --to 200"}};
     return info;
@@ -44,6 +45,10 @@ const CommandInfo& CompareCommand::Info() const {
 void CompareCommand::AddOptions(CLI::App& command) {
     command.add_option("A", a_, "dispenser file, - or inline");
     command.add_option("B", b_, "the other one; without it A is asked by two libraries");
+    command
+        .add_option("--table", table_,
+                    "mix table, .json or .csv, to hold against what a mix of A pays")
+        ->type_name("FILE");
     AddAmountRangeOptions(command, range_);
     AddAskOptions(command, ask_);
     AddJobsOption(command, jobs_);
@@ -52,6 +57,9 @@ void CompareCommand::AddOptions(CLI::App& command) {
 
 ExitStatus CompareCommand::Run(const CommonOptions& options) {
     output_.Form(options);
+    if (!table_.empty()) {
+        return RunTable(options);
+    }
     CompareQuestions questions = Prepare(options);
     const std::vector<std::string>& libraries = options.libraries;
     AskedModule a(libraries.empty() ? "" : libraries.front(), options, questions.a.dispenser);

@@ -8,6 +8,8 @@
 #include "options/ShellWords.h"
 #include "requests/RawIn.h"
 #include "sweeps/MapDifferences.h"
+#include "tables/MixTableFile.h"
+#include "tables/PaidTable.h"
 #include "terminal/Progress.h"
 #include "text/Duration.h"
 
@@ -57,6 +59,9 @@ ExitStatus MapCommand::Run(const CommonOptions& options) {
     if (answers.amountCount == 0 && !options.json) {
         throw Interruption();
     }
+    if (IsMixTable(form) && !answers.isComplete) {
+        throw Interruption();  // a table cut short would refuse customers
+    }
 
     const MapReport report(std::move(questions), std::move(answers), differences);
     Envelope envelope = EnvelopeBy(module.asker, Info().name);
@@ -70,7 +75,11 @@ ExitStatus MapCommand::Run(const CommonOptions& options) {
     const AnswerForms forms{
         [&](const Painter& painter) { return MapText(report, painter); },
         [&] { return MapCsv(report); },
-        [&] { return MapPage(report, envelope, CommandLine(report.questions, options)); }};
+        [&] { return MapPage(report, envelope, CommandLine(report.questions, options)); },
+        [&](OutputForm tableForm) {
+            const MixTable table = PaidTable(report.questions, report.answers);
+            return tableForm == OutputForm::MixTableJson ? MixTableJson(table) : MixTableCsv(table);
+        }};
     return output_.Write(options, envelope, forms,
                          WithErrorCode(module.asker.Registry(), report.answers.lastCode));
 }

@@ -26,7 +26,7 @@ private:
     std::string rawIn_;      // empty: not given
     AmountRangeOptions range_;
     JobsOption jobs_;
-    OutputOption output_{AllForms()};
+    OutputOption output_{FormsWithMixTable()};
     AskOptions ask_;
 };
 

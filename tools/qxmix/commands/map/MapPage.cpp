@@ -4,6 +4,7 @@
 #include "pages/PageHtml.h"
 #include "pages/PageParts.h"
 #include "pages/Pages.h"
+#include "tables/PaidTable.h"
 #include "text/Duration.h"
 
 namespace qxmix {
@@ -57,6 +58,9 @@ std::string FittingText(const MapQuestions& questions, std::size_t size) {
 void CheckFormHolds(const std::optional<OutputForm>& form, const MapQuestions& questions) {
     if (form == OutputForm::Page) {
         CheckCellCount(questions, kMostPageCells, "--output");
+    }
+    if (IsMixTable(form)) {
+        CheckTableHolds(questions);
     }
 }
 
