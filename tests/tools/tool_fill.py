@@ -200,6 +200,18 @@ def check_days_out_of_reach(tool, checks):
     tool.run(words + ["3-4", "--output", "tight.txt"])
     checks.check("it says so", (tool.folder / "tight.txt").read_text().startswith(
         "OUT OF REACH  99.5 % cannot be served for 3 days"))
+    # Nobody can be paid a five: with this seed too many ask for one but in three days.
+    save(tool, "tens.json", {"currency": "EUR", "costs": {"interestPerYear": "36.5", "refill": "0", "bundle": "0"},
+                             "cassettes": [{"value": 10, "count": 0, "capacity": 400, "bundle": 1}]})
+    save(tool, "fives.json", {"days": 1, "perDay": 5, "hours": HOURS, "amounts": [
+        {"amount": 10, "weight": 4}, {"amount": 5, "weight": 1}]})
+    status, answer = answer_of(tool, ["fill", "tens.json", "--demand", "fives.json", "--runs", "1", "--seed", "4",
+                                      "--service", "85", "--days", "1-3"])
+    rows = answer["result"]["days"]
+    checks.equal("the dearest, which alone reaches", (status, [(row["reached"], row["proposed"]) for row in rows]),
+                 (0, [(False, False), (False, False), (True, True)]))
+    checks.check("the others cost less", max(float(row["costPerDay"]) for row in rows[:2]) <
+                 float(rows[2]["costPerDay"]), rows)
 
 
 def check_forms(tool, checks):
