@@ -69,13 +69,14 @@ std::string EndingText(const FillReport& report, const MixFill& mix) {
 }
 
 /// What a mix loads, and how it serves the customers.
-std::vector<std::string> LoadCells(const FillReport& report, const MixFill& mix) {
+void AddLoadCells(const FillReport& report, const MixFill& mix, std::vector<Cell>& cells) {
     if (!mix.load) {
-        return {kNone, kNone, kNone, kNone};
+        cells.insert(cells.end(), 4, kNone);
+        return;
     }
     const FillOutcome& outcome = mix.load->outcome;
-    return {report.MoneyText(outcome.worth), PercentText(outcome.median) + "%",
-            PercentText(outcome.worst) + "%", std::to_string(outcome.reaching)};
+    cells.insert(cells.end(), {report.MoneyText(outcome.worth), PercentText(outcome.median) + "%",
+                               PercentText(outcome.worst) + "%", std::to_string(outcome.reaching)});
 }
 
 /// All mixes, the best first.
@@ -92,9 +93,7 @@ Table MixTable(const FillReport& report) {
     for (const MixFill& mix : report.answers.mixes) {
         std::vector<Cell> cells = {mix.load && mix.isReached ? std::to_string(++rank) : kNone,
                                    std::to_string(mix.mix)};
-        for (const std::string& cell : LoadCells(report, mix)) {
-            cells.emplace_back(cell);
-        }
+        AddLoadCells(report, mix, cells);
         cells.emplace_back(EndingText(report, mix));
         table.AddRow(cells);
     }
@@ -115,9 +114,7 @@ Table IntervalTable(const FillReport& report) {
     for (const FillInterval& interval : report.intervals) {
         const MixFill& mix = interval.best;
         std::vector<Cell> cells = {std::to_string(interval.days), std::to_string(mix.mix)};
-        for (const std::string& cell : LoadCells(report, mix)) {
-            cells.emplace_back(cell);
-        }
+        AddLoadCells(report, mix, cells);
         const bool isProposed = mix.load && interval.days == report.questions.Days();
         const std::string ending = EndingText(report, mix);
         cells.emplace_back(interval.cost ? interval.cost->Text(2) : kNone);
