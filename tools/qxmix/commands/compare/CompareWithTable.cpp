@@ -48,9 +48,11 @@ ExitStatus CompareCommand::RunTable(const CommonOptions& options) {
     envelope.input = TableInputJson(questions);
     envelope.result = TableResultJson(comparison);
     envelope.exitStatus = ExitStatusOf(comparison);
-    const AnswerForms forms{
-        [&](const Painter& painter) { return TableText(questions, comparison, table_, painter); },
-        [&] { return TableCsv(comparison); }, nullptr};
+    const AnswerForms forms{[&](const Painter& painter) {
+                                return TableText(questions, comparison,
+                                                 table_ == "-" ? "table" : table_, painter);
+                            },
+                            [&] { return TableCsv(comparison); }, nullptr};
     return output_.Write(options, envelope, forms,
                          WithErrorCode(module.asker.Registry(), answers.lastCode));
 }
