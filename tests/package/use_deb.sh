@@ -9,7 +9,8 @@ build=$1 work=$2
 fail() { echo "$1"; exit 1; }
 rm -rf "$work/deb"
 mkdir -p "$work/deb"
-cpack --config "$build/CPackConfig.cmake" -B "$work/deb" >"$work/deb/log" 2>&1 ||
+# Names of folders are read in the letters of the locale.
+LC_ALL=C.UTF-8 cpack --config "$build/CPackConfig.cmake" -B "$work/deb" >"$work/deb/log" 2>&1 ||
     { cat "$work/deb/log"; exit 1; }
 package=$(echo "$work"/deb/*.deb)
 [ -f "$package" ] || fail "no package, or several: $package"
