@@ -120,6 +120,15 @@ def check_text(tool, checks):
                   for name in names for mix in elements[name]["mixes"]])
     for words, complaint in (
             (["--demand", "-"], "--demand -: given for many dispensers; expected one"),
+            # What no dispenser can mend is said once, and is no row of each.
+            ([], "--demand: missing; expected a file of withdrawals such as examples/week.json"),
+            (["--demand", "nowhere"], "nowhere: cannot be opened: No such file or directory"),
+            (["--demand", "examples/journal.csv", "--seed", "3"],
+             "--seed: given for recorded withdrawals; expected a JSON file to draw them from"),
+            ([*DEMAND, "--mixes", "0"], "--mixes: 0 is not allowed; expected mixes from 1 to 10 such "
+                                        "as 1,3-5, or all"),
+            ([*DEMAND, "--seed", "4294967295", "--runs", "2"],
+             "--seed: 4294967295 is too large; expected at most 4294967294 for so many --runs"),
             ([*DEMAND, "--registry-out", "F"],
              "--registry-out: given for many dispensers; expected one")):
         checks.equal(str(words), tool.run(["simulate", *names, *words]),

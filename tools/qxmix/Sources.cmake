@@ -132,7 +132,8 @@ set(qxmix_shared_sources
     commands/simulate/SimulationText.cpp
     commands/types/TypesCommand.cpp
     demand/DemandCalendar.cpp
-    demand/DemandReader.cpp
+    demand/DemandFile.cpp
+    demand/DemandOptions.cpp
     demand/DrawDemand.cpp
     demand/RecordedDemand.cpp
     demand/Simulation.cpp

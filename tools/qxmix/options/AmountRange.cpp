@@ -3,10 +3,21 @@
 #include "AskOptions.h"
 #include "CommonOptions.h"
 #include "errors/Errors.h"
+#include "json/JsonFields.h"
+#include "text/ParseWhole.h"
 
 #include <CLI/App.hpp>
+#include <utility>
 
 namespace qxmix {
+
+void AmountRangeOptions::RequireNumbers() const {
+    for (const auto& [option, text] : {std::pair{"--from: ", from}, std::pair{"--to: ", to}}) {
+        if (!text.empty() && !ParseWhole<std::uint32_t>(text)) {
+            throw InputError(option + NotAllowed(text, RangeText(0, UINT32_MAX)));
+        }
+    }
+}
 
 AmountRange AmountRangeOptions::RangeOf(const Dispenser& dispenser) const {
     const Amounts amounts = AmountsWithDefaults(dispenser);

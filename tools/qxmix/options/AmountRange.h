@@ -25,6 +25,9 @@ struct AmountRangeOptions {
     /// Whether any of them was given.
     bool IsNamed() const { return !from.empty() || !to.empty() || step; }
 
+    /// @throw InputError when a text is no amount of any dispenser.
+    void RequireNumbers() const;
+
     /// What was given, or else what the dispenser's customers can ask.
     ///
     /// @throw InputError

@@ -24,14 +24,6 @@ ColorMode ParseColorMode(const std::string& text) {
     return mode->second;
 }
 
-Milliseconds ParseDeadline(const std::string& text) {
-    const auto deadline = ParseDuration(text);
-    if (!deadline) {
-        throw InputError("--deadline: " + NotAllowed(text, kDurationExpected));
-    }
-    return *deadline;
-}
-
 }  // namespace
 
 std::string CommonOptions::Library() const {
@@ -64,12 +56,9 @@ void AddCommonOptions(CLI::App& command, CommonOptions& options) {
         ->type_name("FILE");
     AddOutputFileOption(command, "--registry-out", options.registryOut,
                         "writes what the module left there");
-    command
-        .add_option_function<std::string>(
-            "--deadline",
-            [&options](const std::string& text) { options.deadline = ParseDeadline(text); },
-            "longest time for one calculation, such as 2s or 100ms")
-        ->type_name("TIME");
+    AddDurationOption(
+        command, "--deadline", [&options](Milliseconds time) { options.deadline = time; },
+        "longest time for one calculation, such as 2s or 100ms");
     command.add_flag("--trace", options.trace, "the module's trace lines, on standard error");
     command
         .add_option_function<std::string>(
@@ -78,6 +67,24 @@ void AddCommonOptions(CLI::App& command, CommonOptions& options) {
             "auto, always or never")
         ->type_name("WHEN");
     command.add_flag("-q,--quiet", options.quiet, "no progress and no notes");
+}
+
+void AddDurationOption(CLI::App& command,
+                       const std::string& name,
+                       const std::function<void(Milliseconds)>& store,
+                       const std::string& help) {
+    command
+        .add_option_function<std::string>(
+            name,
+            [name, store](const std::string& text) {
+                const auto time = ParseDuration(text);
+                if (!time) {
+                    throw InputError(name + ": " + NotAllowed(text, kDurationExpected));
+                }
+                store(*time);
+            },
+            help)
+        ->type_name("TIME");
 }
 
 void AddWholeOption(CLI::App& command,

@@ -40,6 +40,14 @@ struct CommonOptions {
 
 void AddCommonOptions(CLI::App& command, CommonOptions& options);
 
+/// Adds an option that takes a time.
+///
+/// @param store  takes the time, which is one that is allowed.
+void AddDurationOption(CLI::App& command,
+                       const std::string& name,
+                       const std::function<void(Milliseconds)>& store,
+                       const std::string& help);
+
 /// Adds an option that takes a whole number.
 ///
 /// @param store  takes the number, which is in the range.

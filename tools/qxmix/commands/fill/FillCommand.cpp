@@ -20,7 +20,6 @@ namespace qxmix {
 
 namespace {
 
-constexpr std::int64_t kMostRuns = 10000;
 constexpr std::uint64_t kMostAsked = 1000000;
 
 /// The dispenser file with the loading that is proposed.
@@ -57,11 +56,9 @@ const CommandInfo& FillCommand::Info() const {
 
 void FillCommand::AddOptions(CLI::App& command) {
     AddDispenserArgument(command, dispenser_);
-    command
-        .add_option("--demand", demand_,
+    AddDemandOption(command, demand_,
                     "withdrawals: a JSON file to draw them from, or recorded ones (CSV: "
-                    "time,amount,currency)")
-        ->type_name("FILE");
+                    "time,amount,currency)");
     command
         .add_option("--service", service_,
                     "percent of the withdrawals to serve in 95 % of the runs; 99.5 without it")
@@ -76,18 +73,11 @@ void FillCommand::AddOptions(CLI::App& command) {
         command, "--bundle", 1, INT32_MAX,
         [this](std::int64_t number) { bundle_ = static_cast<std::uint32_t>(number); },
         "items that are loaded together, where a cassette does not say; 100 without it");
-    AddWholeOption(
-        command, "--seed", 0, UINT32_MAX,
-        [this](std::int64_t number) { seed_ = static_cast<std::uint32_t>(number); },
-        "draws other withdrawals; 1 without it");
-    AddWholeOption(
-        command, "--runs", 1, kMostRuns,
-        [this](std::int64_t number) { runs_ = static_cast<std::uint32_t>(number); },
-        "runs with one seed after the other; 50 without it");
+    AddRunOptions(command, demand_, "runs with one seed after the other; 50 without it");
     AddOutputFileOption(command, "--save", save_,
                         "writes the dispenser file with the loading that is proposed");
     AddAskOptions(command, ask_);
-    AddSheetOptions(command, sheet_);
+    AddSheetOptions(command, demand_.sheet);
     AddJobsOption(command, jobs_);
     output_.AddTo(command, "answer");
 }
@@ -138,13 +128,7 @@ ExitStatus FillCommand::Run(const CommonOptions& options) {
 
 FillQuestions FillCommand::Prepare(const CommonOptions& options) const {
     RequireDispenser(dispenser_);
-    if (demand_.empty()) {
-        throw InputError("--demand: missing; expected a file of withdrawals such as "
-                         "examples/week.json");
-    }
-    if (dispenser_ == "-" && demand_ == "-") {
-        throw InputError("--demand: - is taken by the dispenser; expected a file");
-    }
+    demand_.Require(dispenser_);
     FillQuestions questions;
     const std::optional<ServedShare> service = ParsePercent(service_);
     if (!service) {
@@ -168,20 +152,17 @@ FillQuestions FillCommand::Prepare(const CommonOptions& options) const {
 }
 
 void FillCommand::PrepareDemand(FillQuestions& questions) const {
-    questions.demand = OpenDemand(demand_, questions.dispenser, sheet_);
-    questions.seed = seed_.value_or(questions.seed);
-    questions.runs = questions.IsRecorded() ? 1 : runs_.value_or(questions.runs);
+    questions.demand = demand_.Open().For(questions.dispenser);
+    questions.seed = demand_.seed.value_or(questions.seed);
+    questions.runs = questions.IsRecorded() ? 1 : demand_.runs.value_or(questions.runs);
     if (questions.IsRecorded()) {
-        if (seed_ || runs_ || days_ || dayRange_) {
-            throw InputError(
-                std::string(seed_   ? "--seed"
-                            : runs_ ? "--runs"
-                                    : "--days") +
-                ": given for recorded withdrawals; expected a JSON file to draw them from");
-        }
+        RefuseForRecorded(demand_.seed         ? "--seed"
+                          : demand_.runs       ? "--runs"
+                          : days_ || dayRange_ ? "--days"
+                                               : nullptr);
         const auto& recorded = std::get<Demand>(questions.demand);
         if (recorded.currencies.size() > 1) {
-            throw InputError(demand_ + ": withdrawals in " + recorded.currencies[1] +
+            throw InputError(demand_.file + ": withdrawals in " + recorded.currencies[1] +
                              " are not allowed; expected " + questions.dispenser.currency +
                              " only");
         }
@@ -194,11 +175,7 @@ void FillCommand::PrepareDemand(FillQuestions& questions) const {
                                           "decides between the days of --days");
         }
     }
-    if (std::uint64_t{questions.seed} + questions.runs - 1 > UINT32_MAX) {
-        throw InputError("--seed: " + std::to_string(questions.seed) +
-                         " is too large; expected at most " +
-                         std::to_string(UINT32_MAX - questions.runs + 1) + " for so many --runs");
-    }
+    CheckSeeds(questions.seed, questions.runs);
     if (questions.WithdrawalCount() * questions.runs > kMostAsked) {
         throw InputError("--runs: " + std::to_string(questions.WithdrawalCount() * questions.runs) +
                          " withdrawals in all runs are too many; expected at most " +

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "FillQuestions.h"
-#include "demand/RecordedDemand.h"
+#include "demand/DemandOptions.h"
 #include "options/AskOptions.h"
 #include "options/Command.h"
 #include "options/JobsOption.h"
@@ -26,15 +26,12 @@ private:
     void PrepareDemand(FillQuestions& questions) const;
 
     std::string dispenser_;  // as named on the command line
-    std::string demand_;
+    DemandOptions demand_;
     std::string service_ = "99.5";
     std::uint32_t bundle_ = 100;
     std::optional<std::uint32_t> days_;
     std::optional<DayRange> dayRange_;
-    std::optional<std::uint32_t> seed_;
-    std::optional<std::uint32_t> runs_;
     std::string save_;  // file for the loaded dispenser; empty: none
-    SheetOptions sheet_ = RecordedSheet();
     JobsOption jobs_;
     OutputOption output_{FormsWithoutPage()};
     AskOptions ask_;

@@ -70,8 +70,9 @@ void LintCommand::AddOptions(CLI::App& command) {
     AddRawInOption(command, rawIn_);
     AddAmountRangeOptions(command, range_);
     AddAskOptions(command, ask_);
-    command.add_option("--slow", slow_, "answers that take longer are reported; 20ms unless given")
-        ->type_name("TIME");
+    AddDurationOption(
+        command, "--slow", [this](Milliseconds slow) { slow_ = slow; },
+        "answers that take longer are reported; 20ms unless given");
     command.add_flag(
         "--all", tellsAll_,
         "of many dispensers all that was found, not rows alone; accepted findings, too");
@@ -148,6 +149,9 @@ ExitStatus LintCommand::RunOne(const CommonOptions& options, const LintBaseline&
 ExitStatus LintCommand::RunMany(const CommonOptions& options, const LintBaseline& baseline) const {
     dispensers_.RefuseForMany("--raw-in", !rawIn_.empty());
     const std::vector<std::string> names = dispensers_.All(options);
+    // What no dispenser can mend is said once.
+    ask_.MixesOrAll(Dispenser());
+    range_.RequireNumbers();
     // Made here: a worker's standard output is another one. What is written twice has no colours.
     const bool isWritten = output_.Form(options) == OutputForm::TextFile;
     const Painter painter(isWritten ? ColorMode::Never : options.color);
@@ -222,13 +226,7 @@ LintQuestions LintCommand::Prepare(const std::string& dispenser,
     map.listed = AmountsAndButtons(map);
     map.deadline = options.deadline.value_or(map.deadline);
     map.jobs = jobs_.Count();
-    if (!slow_.empty()) {
-        const auto slow = ParseDuration(slow_);
-        if (!slow) {
-            throw InputError("--slow: " + NotAllowed(slow_, kDurationExpected));
-        }
-        questions.slow = *slow;
-    }
+    questions.slow = slow_.value_or(questions.slow);
     questions.registryFile = options.registry;
     const Amounts& named = map.dispenser.amounts;
     questions.isRangeNamed = named.min || named.max || named.step || range_.IsNamed();
@@ -243,7 +241,7 @@ Json LintCommand::FleetInputJson(std::size_t count, const CommonOptions& options
             {"from", orNull(range_.from)},
             {"to", orNull(range_.to)},
             {"step", range_.step ? Json(*range_.step) : Json()},
-            {"slow", DurationText(slow_.empty() ? defaults.slow : *ParseDuration(slow_))},
+            {"slow", DurationText(slow_.value_or(defaults.slow))},
             {"deadline", DurationText(options.deadline.value_or(defaults.map.deadline))}};
 }
 
@@ -258,7 +256,7 @@ std::string LintCommand::CommandLine(const CommonOptions& options) const {
     add("--from", range_.from);
     add("--to", range_.to);
     add("--step", range_.step ? std::to_string(*range_.step) : "");
-    add("--slow", slow_);
+    add("--slow", slow_ ? DurationText(*slow_) : "");
     add("--baseline", baseline_);
     return line + AskingWords(ask_, options);
 }

@@ -56,7 +56,7 @@ private:
     DispenserNames dispensers_;
     std::string rawIn_;  // empty: not given
     AmountRangeOptions range_;
-    std::string slow_;  // empty: not given
+    std::optional<Milliseconds> slow_;
     JobsOption jobs_;
     bool tellsAll_ = false;
     std::string baseline_;  // empty: not given

@@ -3,7 +3,6 @@
 #include "SimulationFleetForms.h"
 #include "SimulationForms.h"
 #include "answers/Envelope.h"
-#include "demand/RecordedDemand.h"
 #include "module/RegistryImage.h"
 #include "options/AskedModule.h"
 #include "options/DispenserArgument.h"
@@ -18,7 +17,6 @@ namespace qxmix {
 
 namespace {
 
-constexpr std::int64_t kMostRuns = 10000;
 constexpr std::uint64_t kMostCalculations = 100000000;
 
 }  // namespace
@@ -37,22 +35,13 @@ const CommandInfo& SimulateCommand::Info() const {
 
 void SimulateCommand::AddOptions(CLI::App& command) {
     dispensers_.AddTo(command);
-    command
-        .add_option(
-            "--demand", demand_,
-            "withdrawals: recorded (CSV: time,amount,currency), or a JSON file to draw them "
-            "from")
-        ->type_name("FILE");
-    AddWholeOption(
-        command, "--seed", 0, UINT32_MAX,
-        [this](std::int64_t number) { seed_ = static_cast<std::uint32_t>(number); },
-        "draws other withdrawals; 1 without it");
-    AddWholeOption(
-        command, "--runs", 1, kMostRuns,
-        [this](std::int64_t number) { runs_ = static_cast<std::uint32_t>(number); },
-        "runs with one seed after the other: medians and ranges");
+    AddDemandOption(
+        command, demand_,
+        "withdrawals: recorded (CSV: time,amount,currency), or a JSON file to draw them "
+        "from");
+    AddRunOptions(command, demand_, "runs with one seed after the other: medians and ranges");
     AddAskOptions(command, ask_);
-    AddSheetOptions(command, sheet_);
+    AddSheetOptions(command, demand_.sheet);
     command.add_flag("--all", tellsAll_, "of many dispensers each simulation, not rows alone");
     AddJobsOption(command, jobs_);
     output_.AddTo(command, "simulation");
@@ -64,7 +53,7 @@ ExitStatus SimulateCommand::Run(const CommonOptions& options) {
 
 ExitStatus SimulateCommand::RunOne(const CommonOptions& options) const {
     const std::optional<OutputForm> form = output_.Form(options);
-    SimulationQuestions questions = Prepare(dispensers_.One(), options);
+    SimulationQuestions questions = Prepare(dispensers_.One(), options, nullptr);
     AskedModule module(options.Library(), options, questions.dispenser);
     module.Open();
     Progress progress(Info().name, questions.CalculationCount(), options.quiet);
@@ -94,8 +83,13 @@ ExitStatus SimulateCommand::RunOne(const CommonOptions& options) const {
 }
 
 ExitStatus SimulateCommand::RunMany(const CommonOptions& options) const {
-    dispensers_.RefuseForMany("--demand -", demand_ == "-");
+    dispensers_.RefuseForMany("--demand -", demand_.file == "-");
     const std::vector<std::string> names = dispensers_.All(options);
+    // What no dispenser can mend is said once.
+    demand_.Require("");
+    ask_.MixesOrAll(Dispenser());
+    const DemandFile demand = demand_.Open();
+    CheckDrawing(demand);
     const auto file = output_.Form(options);
     // Made here: a worker's standard output is another one. What is written twice has no colours.
     const Painter painter(file == OutputForm::TextFile ? ColorMode::Never : options.color);
@@ -108,7 +102,7 @@ ExitStatus SimulateCommand::RunMany(const CommonOptions& options) const {
         fleet, names,
         {module.order, jobs_.Count(), [&progress](const WorkProgress& now) { progress.Show(now); }},
         [&](const std::string& name, const OpenHere& here) {
-            return ReportBytes(name, options, painter, here);
+            return ReportBytes(name, options, demand, painter, here);
         });
     progress.Wipe();
     Envelope envelope = EnvelopeBy(module.asker, Info().name);
@@ -138,10 +132,11 @@ ExitStatus SimulateCommand::RunMany(const CommonOptions& options) const {
 /// In a worker's process.
 std::string SimulateCommand::ReportBytes(const std::string& dispenser,
                                          const CommonOptions& options,
+                                         const DemandFile& demand,
                                          const Painter& painter,
                                          const OpenHere& here) const {
     try {
-        SimulationQuestions questions = Prepare(dispenser, options);
+        SimulationQuestions questions = Prepare(dispenser, options, &demand);
         questions.jobs = 1;  // there is a worker for each core already
         const AskedModule module(options.Library(), options, questions.dispenser, here);
         SimulationAnswers answers =
@@ -161,74 +156,66 @@ Json SimulateCommand::FleetInputJson(std::size_t count, const CommonOptions& opt
     const SimulationQuestions defaults;
     const std::string mixes = ask_.mixes.empty() ? ask_.mix : ask_.mixes;
     return {{"dispensers", count},
-            {"demand", demand_},
+            {"demand", demand_.file},
             {"mixes", mixes.empty() ? Json() : Json(mixes)},
-            {"seed", seed_ ? Json(*seed_) : Json()},
-            {"runs", runs_.value_or(defaults.runs)},
+            {"seed", demand_.seed ? Json(*demand_.seed) : Json()},
+            {"runs", demand_.runs.value_or(defaults.runs)},
             {"deadline", DurationText(options.deadline.value_or(defaults.deadline))}};
 }
 
 SimulationQuestions SimulateCommand::Prepare(const std::string& dispenser,
-                                             const CommonOptions& options) const {
+                                             const CommonOptions& options,
+                                             const DemandFile* demand) const {
     RequireDispenser(dispenser);
-    if (demand_.empty()) {
-        throw InputError("--demand: missing; expected a file of withdrawals such as "
-                         "examples/week.json");
-    }
-    if (dispenser == "-" && demand_ == "-") {
-        throw InputError("--demand: - is taken by the dispenser; expected a file");
-    }
+    demand_.Require(dispenser);
     SimulationQuestions questions;
     questions.dispenser = DispenserAsked(dispenser, ask_);
     questions.mixes = ask_.MixesOrAll(questions.dispenser);
-    questions.demand = OpenDemand(demand_, questions.dispenser, sheet_);
-    questions.seed = seed_.value_or(questions.seed);
-    questions.runs = runs_.value_or(questions.runs);
-    CheckDrawing(questions);
-    questions.deadline = options.deadline.value_or(questions.deadline);
-    questions.jobs = jobs_.Count();
-    return questions;
-}
-
-void SimulateCommand::CheckDrawing(const SimulationQuestions& questions) const {
-    if (questions.IsRecorded() && (seed_ || runs_)) {
-        throw InputError(
-            std::string(seed_ ? "--seed" : "--runs") +
-            ": given for recorded withdrawals; expected a JSON file to draw them from");
-    }
-    const std::uint64_t lastSeed = std::uint64_t{questions.seed} + questions.runs - 1;
-    if (lastSeed > UINT32_MAX) {
-        throw InputError("--seed: " + std::to_string(questions.seed) +
-                         " is too large; expected at most " +
-                         std::to_string(UINT32_MAX - questions.runs + 1) + " for so many --runs");
-    }
+    std::optional<DemandFile> opened;
+    const DemandFile& file = demand != nullptr ? *demand : opened.emplace(demand_.Open());
+    questions.demand = file.For(questions.dispenser);
+    CheckDrawing(file);
+    questions.seed = demand_.seed.value_or(questions.seed);
+    questions.runs = demand_.runs.value_or(questions.runs);
     if (questions.CalculationCount() > kMostCalculations) {
         throw InputError("--runs: " + std::to_string(questions.CalculationCount()) +
                          " calculations are too many; expected at most " +
                          std::to_string(kMostCalculations));
     }
+    questions.deadline = options.deadline.value_or(questions.deadline);
+    questions.jobs = jobs_.Count();
+    return questions;
+}
+
+void SimulateCommand::CheckDrawing(const DemandFile& demand) const {
+    if (demand.IsRecorded()) {
+        RefuseForRecorded(demand_.seed ? "--seed" : demand_.runs ? "--runs" : nullptr);
+    }
+    const SimulationQuestions defaults;
+    CheckSeeds(demand_.seed.value_or(defaults.seed), demand_.runs.value_or(defaults.runs));
 }
 
 std::string SimulateCommand::CommandLine(const SimulationQuestions& questions,
                                          const CommonOptions& options) const {
     std::string line = "qxmix simulate " + ShellWord(dispensers_.One()) + " --demand " +
-                       ShellWord(demand_) + " --mixes " + MixListWord(questions.mixes);
+                       ShellWord(demand_.file) + " --mixes " + MixListWord(questions.mixes);
     if (!questions.IsRecorded()) {
         line += " --seed " + std::to_string(questions.seed);
     }
     if (questions.runs > 1) {
         line += " --runs " + std::to_string(questions.runs);
     }
-    return line + SheetWords(sheet_) + AskingWords(ask_, options);
+    return line + SheetWords(demand_.sheet) + AskingWords(ask_, options);
 }
 
 std::string SimulateCommand::FleetCommandLine(const CommonOptions& options) const {
-    std::string line = "qxmix simulate" + dispensers_.Words() + " --demand " + ShellWord(demand_);
+    std::string line =
+        "qxmix simulate" + dispensers_.Words() + " --demand " + ShellWord(demand_.file);
     const std::string mixes = ask_.mixes.empty() ? ask_.mix : ask_.mixes;
     line += mixes.empty() ? "" : " --mixes " + ShellWord(mixes);
-    line += seed_ ? " --seed " + std::to_string(*seed_) : "";
-    line += runs_ ? " --runs " + std::to_string(*runs_) : "";
-    return line + SheetWords(sheet_) + AskingWords(ask_, options);
+    line += demand_.seed ? " --seed " + std::to_string(*demand_.seed) : "";
+    line += demand_.runs ? " --runs " + std::to_string(*demand_.runs) : "";
+    return line + SheetWords(demand_.sheet) + AskingWords(ask_, options);
 }
 
 }  // namespace qxmix

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "SimulationAnswers.h"
-#include "demand/RecordedDemand.h"
+#include "demand/DemandOptions.h"
 #include "fleet/AskFleet.h"
 #include "fleet/DispenserNames.h"
 #include "options/AskOptions.h"
@@ -23,24 +23,25 @@ public:
     ExitStatus Run(const CommonOptions& options) override;
 
 private:
-    SimulationQuestions Prepare(const std::string& dispenser, const CommonOptions& options) const;
+    /// @param demand  of many dispensers, read already; null: it is read after the dispenser.
+    SimulationQuestions Prepare(const std::string& dispenser,
+                                const CommonOptions& options,
+                                const DemandFile* demand) const;
     ExitStatus RunOne(const CommonOptions& options) const;
     ExitStatus RunMany(const CommonOptions& options) const;
     std::string ReportBytes(const std::string& dispenser,
                             const CommonOptions& options,
+                            const DemandFile& demand,
                             const Painter& painter,
                             const OpenHere& here) const;
     Json FleetInputJson(std::size_t count, const CommonOptions& options) const;
     std::string FleetCommandLine(const CommonOptions& options) const;
-    void CheckDrawing(const SimulationQuestions& questions) const;
+    void CheckDrawing(const DemandFile& demand) const;
     std::string CommandLine(const SimulationQuestions& questions,
                             const CommonOptions& options) const;
 
     DispenserNames dispensers_;
-    std::string demand_;
-    std::optional<std::uint32_t> seed_;
-    std::optional<std::uint32_t> runs_;
-    SheetOptions sheet_ = RecordedSheet();
+    DemandOptions demand_;
     JobsOption jobs_;
     bool tellsAll_ = false;
     OutputOption output_{AllForms()};

@@ -1,5 +1,6 @@
-#include "RecordedDemand.h"
+#include "DemandFile.h"
 
+#include "RecordedDemand.h"
 #include "files/InputFile.h"
 #include "json/Json.h"
 #include "json/JsonFields.h"
@@ -7,6 +8,7 @@
 #include "sheets/SheetText.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace qxmix {
 
@@ -82,19 +84,26 @@ DemandPattern ReadPattern(const Json& json, const std::string& file) {
 
 }  // namespace
 
-std::variant<DemandPattern, Demand>
-OpenDemand(const std::string& name, const Dispenser& dispenser, const SheetOptions& options) {
+DemandFile::DemandFile(const std::string& name, SheetOptions options)
+    : options_(std::move(options)) {
     const InputFile file = ReadInput(name);
-    const std::string text = SheetText(file);
-    const std::size_t first = text.find_first_not_of(" \t\r\n");
-    const bool isJson = first != std::string::npos && (text[first] == '{' || text[first] == '[');
-    if (!isJson) {
-        return ReadRecordedDemand(file.name, text, dispenser, options);
+    name_ = file.name;
+    text_ = SheetText(file);
+    const std::size_t first = text_.find_first_not_of(" \t\r\n");
+    if (first == std::string::npos || (text_[first] != '{' && text_[first] != '[')) {
+        return;
     }
-    if (const std::string given = GivenSheetOption(options); !given.empty()) {
+    if (const std::string given = GivenSheetOption(options_); !given.empty()) {
         throw InputError(given + ": given for withdrawals that are drawn; expected recorded ones");
     }
-    return ReadPattern(ParseJson(text, file.name), file.name);
+    pattern_ = ReadPattern(ParseJson(text_, name_), name_);
+}
+
+std::variant<DemandPattern, Demand> DemandFile::For(const Dispenser& dispenser) const {
+    if (pattern_) {
+        return *pattern_;
+    }
+    return ReadRecordedDemand(name_, text_, dispenser, options_);
 }
 
 }  // namespace qxmix
