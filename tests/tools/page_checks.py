@@ -47,6 +47,10 @@ def check_skeleton(browser, checks, title):
     checks.check("every table has a caption and headers", browser.run(
         "[...document.querySelectorAll('table')].filter(t => t.checkVisibility())"
         ".every(t => t.caption && t.querySelector('th[scope=col]'))"))
+    browser.call("Emulation.setEmulatedMedia", media="print")
+    checks.equal("what is for screens is not printed", browser.run(
+        "[...document.querySelectorAll('.screen')].filter(e => e.checkVisibility()).map(e => e.id)"), [])
+    browser.call("Emulation.setEmulatedMedia", media="")
 
 
 def check_without_script(checks, path, expected):
