@@ -56,13 +56,19 @@ def random_case(drawn):
     return {"currency": "EUR", "cassettes": cassettes}, demand
 
 
+def by_count(dispenser):
+    """Each cassette has the status that follows from what it holds."""
+    for cassette in dispenser["cassettes"]:
+        cassette["status"] = ("empty" if cassette["count"] == 0 else "low"
+                              if cassette["count"] <= cassette.get("lowThreshold", 0) else "ok")
+    return dispenser
+
+
 def with_loading(dispenser, bundles):
     loaded = json.loads(json.dumps(dispenser))
     for cassette, count in zip(loaded["cassettes"], bundles):
         cassette["count"] = count * cassette["bundle"]
-        cassette["status"] = ("empty" if cassette["count"] == 0 else "low"
-                              if cassette["count"] <= cassette.get("lowThreshold", 0) else "ok")
-    return loaded
+    return by_count(loaded)
 
 
 def worth(dispenser):
@@ -148,6 +154,63 @@ def check_saved(tool, checks):
                      not reaches(counts, 360, 98, False), counts)
         checks.equal(f"a bundle less in cassette {place}", cassette["less"]["median"],
                      percent_text(counts[9], 360))
+
+
+def held_in(tool, file, demand, seed, step):
+    """What each cassette holds at each time of one run, from what the simulation tells of its steps."""
+    result = json.loads(tool.run(["simulate", file, "--demand", demand, "--mix", "1", "--seed", str(seed),
+                                  "--json"])[1])["result"]
+    digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_"
+    answers = result["mixes"][0]["answers"]
+    path, width = answers["path"], answers["digits"]
+    places = [int("".join(f"{digits.index(digit):02o}" for digit in path[at:at + width]), 8)
+              for at in range(0, len(path), width)]
+    counts = [cassette["count"] for cassette in json.loads((tool.folder / file).read_text())["cassettes"]]
+    held, time = [], 0
+    for when, place in zip(result["demand"]["times"] + [2 * 86400], places + [None]):
+        while time <= when:
+            held.append(list(counts))
+            time += step
+        letter, items = answers["steps"][place] if place is not None else ("r", [])
+        counts = [count - item for count, item in zip(counts, items)] if letter in ".p" else counts
+    return held
+
+
+def check_drawn(tool, checks):
+    """The curve and the levels of the page, against simulations of each loading and run."""
+    week = json.loads((tool.folder / "examples/week.json").read_text())
+    save(tool, "two.json", {**week, "days": 2})
+    mine = best_of(tool, WEEK + ["--days", "2", "--service", "96", "--runs", "3", "--seed", "4", "--save",
+                                 "drawn.json"])
+    curve = mine["curve"]
+    load = [cassette["load"] for cassette in mine["cassettes"]]
+    checks.check("more money serves more", len(curve) > 5 and all(
+        int(less["money"]) < int(more["money"]) and float(less["promised"]) < float(more["promised"])
+        for less, more in zip(curve, curve[1:])), curve)
+    checks.equal("the proposed loading is on the curve",
+                 [point for point in curve if point["load"] == load],
+                 [{"money": mine["money"]["load"], "load": load,
+                   **{name: mine["service"][name] for name in ("median", "worst", "promised")}}])
+    checks.check("nothing cheaper does, and half of it is asked, too",
+                 [point["load"] for point in curve if float(point["promised"]) >= 96][0] == load and
+                 int(curve[0]["money"]) <= int(mine["money"]["load"]) * 9 / 16, curve)
+    for point in curve:
+        loaded = json.loads((tool.folder / "drawn.json").read_text())
+        for cassette, count in zip(loaded["cassettes"], point["load"]):
+            cassette["count"] = count
+        save(tool, "point.json", by_count(loaded))
+        counts, _ = served(tool, "point.json", "two.json", 1, 3, 4)
+        checks.equal(f"the point of {point['money']}",
+                     [str(worth(loaded)), *(percent_text(counts[run], 240) for run in (1, 0, 0))],
+                     [point[name] for name in ("money", "median", "worst", "promised")])
+    runs = [held_in(tool, "drawn.json", "two.json", seed, mine["held"]["step"]) for seed in (4, 5, 6)]
+    for place, told in enumerate(mine["held"]["cassettes"]):
+        by_time = [sorted(run[time][place] for run in runs) for time in range(49)]
+        checks.equal(f"what cassette {place} holds", told,
+                     {name: [counts[at] for counts in by_time]
+                      for at, name in enumerate(("least", "median", "most"))})
+    checks.equal("an hour after the other, from a Monday on",
+                 (mine["held"]["step"], mine["held"]["firstDay"]), (3600, None))
 
 
 def check_days(tool, checks):
@@ -286,4 +349,4 @@ def check_interrupt(tool, checks):
                  (130, False, False))
 
 
-run_parts(check_against_all_loadings, check_saved, check_days, check_forms, check_outcomes, check_interrupt)
+run_parts(check_against_all_loadings, check_saved, check_drawn, check_days, check_forms, check_outcomes, check_interrupt)

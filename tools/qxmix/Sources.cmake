@@ -55,11 +55,15 @@ set(qxmix_shared_sources
     commands/fill/FillCommand.cpp
     commands/fill/FillCosts.cpp
     commands/fill/FillCsv.cpp
+    commands/fill/FillCurve.cpp
     commands/fill/FillDescent.cpp
     commands/fill/FillIntervals.cpp
     commands/fill/FillJson.cpp
+    commands/fill/FillLevels.cpp
     commands/fill/FillLoading.cpp
     commands/fill/FillOutcome.cpp
+    commands/fill/FillPage.cpp
+    commands/fill/FillPictures.cpp
     commands/fill/FillProgressLine.cpp
     commands/fill/FillQuestions.cpp
     commands/fill/FillReport.cpp

@@ -10,6 +10,8 @@ extern const std::string_view kPageHtml;
 extern const std::string_view kPartsCss;
 extern const std::string_view kStandaloneScript;
 extern const std::string_view kPartsScript;
+extern const std::string_view kPlotsCss;
+extern const std::string_view kPlotsScript;
 extern const std::string_view kMapHtml;
 extern const std::string_view kMapCss;
 extern const std::string_view kMapModelScript;
@@ -28,5 +30,11 @@ extern const std::string_view kSimCurvesScript;
 extern const std::string_view kSimPanelsScript;
 extern const std::string_view kSimTablesScript;
 extern const std::string_view kSimStartScript;
+extern const std::string_view kFillHtml;
+extern const std::string_view kFillCss;
+extern const std::string_view kFillModelScript;
+extern const std::string_view kFillPlotsScript;
+extern const std::string_view kFillTablesScript;
+extern const std::string_view kFillStartScript;
 
 }  // namespace qxmix

@@ -3,40 +3,11 @@ const demand = answer.result.demand;
 const withdrawalCount = demand.times.length;
 const cassetteCount = dispenser.cassettes.length;
 
-const SECONDS_IN_DAY = 86400;
-const DAYS_IN_WEEK = 7;
-const DAYS = ["Mon", "Tue", "Wed", "Thu", "Fri", "Sat", "Sun"];
-
-function twoDigits(number) {
-    return String(number).padStart(2, "0");
-}
-
-function clockText(time) {
-    const minutes = Math.floor(time % SECONDS_IN_DAY / 60);
-    return twoDigits(Math.floor(minutes / 60)) + ":" + twoDigits(minutes % 60);
-}
-
 /** Days that the demand has. */
 function dayCount() {
     return answer.input.demand === null
         ? Math.floor(demand.times[withdrawalCount - 1] / SECONDS_IN_DAY) + 1
         : answer.input.demand.days;
-}
-
-/** The day of a time: its date, or its name and, where there are several, its week. */
-function dayText(time) {
-    const day = Math.floor(time / SECONDS_IN_DAY);
-    if (demand.firstDay !== null) {
-        const first = Date.parse(demand.firstDay + "T00:00:00Z");
-        return new Date(first + day * SECONDS_IN_DAY * 1000).toISOString().slice(0, 10);
-    }
-    const isLong = dayCount() > DAYS_IN_WEEK;
-    return (isLong ? "w" + (Math.floor(day / DAYS_IN_WEEK) + 1) + " " : "") +
-        DAYS[day % DAYS_IN_WEEK];
-}
-
-function timeText(time) {
-    return dayText(time) + " " + clockText(time);
 }
 
 function amountText(index) {

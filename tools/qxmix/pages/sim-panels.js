@@ -33,19 +33,13 @@ function captionOf(row) {
 }
 
 function makePlot(row) {
-    const plot = element("div", undefined, "plot");
-    const attributes = { role: "slider", "aria-valuemin": 1, "aria-valuemax": withdrawalCount,
-        "aria-label": "Withdrawal, mix " + row.mix, "aria-orientation": "horizontal" };
-    Object.entries(attributes).forEach(([name, value]) => plot.setAttribute(name, String(value)));
-    plot.tabIndex = 0;
+    const plot = makeSlider("Withdrawal, mix " + row.mix, withdrawalCount);
     plot.dataset.mix = String(row.mix);
-    const height = TOP + view.height + AXIS;
-    const picture = shape("svg", { width: view.width, height, "aria-hidden": "true",
-        viewBox: `0 0 ${view.width} ${height}` });
+    const picture = makePicture();
     drawAxes(picture);
     drawRefusals(picture, row);
     drawCurves(picture, row);
-    picture.append(shape("path", { class: "cursor", d: `M0 ${TOP}v${view.height}`, visibility: "hidden" }));
+    picture.append(makeCursor());
     const letters = makeLetters(row);
     letters.setAttribute("aria-hidden", "true");
     plot.append(picture, letters);

@@ -60,16 +60,6 @@ function showRanking() {
         .append(...page.remarks.map((remark) => element("p", remark)));
 }
 
-/** Keeps what a table is when a narrow window shows it as a list. */
-function keepRoles(table) {
-    const roles = { table: "table", thead: "rowgroup", tbody: "rowgroup", tr: "row", td: "cell",
-        "thead th": "columnheader", "tbody th": "rowheader" };
-    table.setAttribute("role", roles.table);
-    for (const [selector, role] of Object.entries(roles)) {
-        table.querySelectorAll(selector).forEach((part) => part.setAttribute("role", role));
-    }
-}
-
 function rangeText(range, text) {
     const [median, least, most] = [range.median, range.least, range.most].map(text);
     return least === most ? median : median + " (" + least + " to " + most + ")";

@@ -36,7 +36,7 @@ def packed(path):
 def views():
     """views.js with the scripts of the tool's pages in it."""
     parts = {"mapScripts": ("parts", "map-model", "map-grid", "map-tables", "map-start"),
-             "simulationScripts": ("parts", "sim-model", "sim-curves", "sim-panels", "sim-tables",
+             "simulationScripts": ("parts", "plots", "sim-model", "sim-curves", "sim-panels", "sim-tables",
                                    "sim-start"),
              "partsScripts": ("parts",)}
     return fill(text_of(HERE / "views.js"), {

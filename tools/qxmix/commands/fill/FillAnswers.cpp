@@ -75,7 +75,8 @@ private:
         std::vector<FillRun> came = All(fill, loaded);
         Start start = {bundles, OutcomeOf(questions_, demands_, loaded, came)};
         if (start.outcome.dangerous == 0) {
-            Keep(fill, bundles, came);
+            fill.points.push_back(PointOf(bundles, start.outcome));
+            Keep(fill, bundles, start.outcome, came.back().lastCode);
         }
         if (runs != nullptr) {
             *runs = std::move(came);
@@ -161,7 +162,10 @@ private:
             Count(fill);
             const auto came = runs_.Reaching(fill.mix, loading_.With(bundles), fill.service);
             if (came) {
-                Keep(fill, bundles, *came);
+                const FillOutcome outcome =
+                    OutcomeOf(questions_, demands_, loading_.With(bundles), *came);
+                fill.points.push_back(PointOf(bundles, outcome));
+                Keep(fill, bundles, outcome, came->back().lastCode);
             }
             return came.has_value();
         });
@@ -169,7 +173,9 @@ private:
             throw WorkError("the module answers differently when it is asked again");
         }
         const Cheapest cheapest = FindCheapest(loadings, best);
-        Keep(fill, best, All(fill, loading_.With(best)), true);
+        const std::vector<FillRun> came = All(fill, loading_.With(best));
+        Keep(fill, best, OutcomeOf(questions_, demands_, loading_.With(best), came),
+             came.back().lastCode, true);
         fill.load->cheapest = cheapest;
         TryNeighbours(fill);
     }
@@ -179,7 +185,8 @@ private:
     /// @param isBest  it is in any case.
     void Keep(MixFill& fill,
               const Bundles& bundles,
-              const std::vector<FillRun>& came,
+              const FillOutcome& outcome,
+              const std::string& code,
               bool isBest = false) {
         const Money worth = loading_.WorthOf(bundles);
         if (!isBest && progress_.best && !(worth < *progress_.best)) {
@@ -188,8 +195,8 @@ private:
         FillProposal proposal;
         proposal.bundles = bundles;
         proposal.loaded = loading_.With(bundles);
-        proposal.outcome = OutcomeOf(questions_, demands_, proposal.loaded, came);
-        fill.lastCode = came.back().lastCode;
+        proposal.outcome = outcome;
+        fill.lastCode = code;
         if (proposal.outcome.promised.Reaches(fill.service)) {
             progress_.best = worth;
             fill.isReached = fill.service.Reaches(questions_.service);
@@ -219,7 +226,11 @@ private:
 
     FillOutcome OutcomeWith(MixFill& fill, const Bundles& bundles) {
         const Dispenser loaded = loading_.With(bundles);
-        return OutcomeOf(questions_, demands_, loaded, All(fill, loaded));
+        FillOutcome outcome = OutcomeOf(questions_, demands_, loaded, All(fill, loaded));
+        if (outcome.dangerous == 0) {
+            fill.points.push_back(PointOf(bundles, outcome));
+        }
+        return outcome;
     }
 
     const FillQuestions& questions_;

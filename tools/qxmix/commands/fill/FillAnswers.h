@@ -1,7 +1,7 @@
 #pragma once
 
-#include "FillOutcome.h"
-#include "FillSearch.h"
+#include "FillCurve.h"
+#include "FillLevels.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -43,6 +43,10 @@ struct MixFill {
     bool isComplete = false;
     std::size_t tried = 0;  ///< loadings of which the module was asked
     std::string lastCode;   ///< error code that the proposal's last run left; empty: none
+
+    std::vector<FillPoint> points;     ///< of the loadings of which all runs are known
+    std::vector<FillPoint> curve;      ///< the best of them by money; empty: it was not drawn
+    std::optional<FillLevels> levels;  ///< with the proposed loading; none: they were not asked
 };
 
 /// What is known of all mixes.

@@ -2,6 +2,7 @@
 
 #include "FillForms.h"
 #include "FillIntervals.h"
+#include "FillPictures.h"
 #include "FillProgressLine.h"
 #include "dispenser/DispenserJson.h"
 #include "json/Json.h"
@@ -10,6 +11,7 @@
 #include "options/AskedModule.h"
 #include "options/DispenserArgument.h"
 #include "options/OutputFileOption.h"
+#include "options/ShellWords.h"
 #include "text/ParseWhole.h"
 
 #include <CLI/App.hpp>
@@ -98,7 +100,7 @@ ExitStatus FillCommand::Run(const CommonOptions& options) {
     FillQuestions questions = Prepare(options);
     AskedModule module(options.Library(), options, questions.dispenser);
     module.Open();
-    const FillReport report = FillIntervals(
+    FillReport report = FillIntervals(
         std::move(questions), [&](const FillQuestions& asked, const RunDemands& demands) {
             FillProgressLine line(Info().name + (asked.range ? "  " + DaysText(asked.Days()) : ""),
                                   asked.dispenser, options.quiet);
@@ -107,7 +109,20 @@ ExitStatus FillCommand::Run(const CommonOptions& options) {
             line.Wipe();
             return answers;
         });
-    Envelope envelope = EnvelopeBy(module.asker, Info().name);
+    if (options.json || NeedsResult(form)) {
+        FillProgressLine line(Info().name + "  curve", report.questions.dispenser, options.quiet);
+        report = WithPictures(std::move(report), module.order, options.Trace(),
+                              [&line](const FillProgress& now) { line.Show(now); });
+        line.Wipe();
+    }
+    return Write(report, options, form, module.asker);
+}
+
+ExitStatus FillCommand::Write(const FillReport& report,
+                              const CommonOptions& options,
+                              const std::optional<OutputForm>& form,
+                              Asker& asker) const {
+    Envelope envelope = EnvelopeBy(asker, Info().name);
     envelope.complete = report.answers.isComplete;
     envelope.warnings = report.findings;
     envelope.exitStatus = report.status;
@@ -117,13 +132,14 @@ ExitStatus FillCommand::Run(const CommonOptions& options) {
     }
     const AnswerForms forms{
         [&](const Painter& painter) { return FillText(report, options.quiet, painter); },
-        [&] { return FillCsv(report); }, nullptr};
+        [&] { return FillCsv(report); },
+        [&] { return FillPage(report, envelope, CommandLine(report.questions, options)); }};
     const MixFill* const best = report.Best();
     const std::vector<WrittenFile> files = {
         {best == nullptr ? "" : save_, best == nullptr ? "" : LoadedFile(report)}};
-    return output_.Write(
-        options, envelope, forms,
-        WithErrorCode(module.asker.Registry(), best == nullptr ? "" : best->lastCode), files);
+    return output_.Write(options, envelope, forms,
+                         WithErrorCode(asker.Registry(), best == nullptr ? "" : best->lastCode),
+                         files);
 }
 
 FillQuestions FillCommand::Prepare(const CommonOptions& options) const {
@@ -181,6 +197,22 @@ void FillCommand::PrepareDemand(FillQuestions& questions) const {
                          " withdrawals in all runs are too many; expected at most " +
                          std::to_string(kMostAsked));
     }
+}
+
+std::string FillCommand::CommandLine(const FillQuestions& questions,
+                                     const CommonOptions& options) const {
+    std::string line = "qxmix fill " + ShellWord(dispenser_) + " --demand " +
+                       ShellWord(demand_.file) + " --service " + questions.serviceText +
+                       " --mixes " + MixListWord(questions.mixes) + " --bundle " +
+                       std::to_string(questions.bundle);
+    if (!questions.IsRecorded()) {
+        line += " --days " + (questions.range ? std::to_string(questions.range->from) + "-" +
+                                                    std::to_string(questions.range->to)
+                                              : std::to_string(questions.Days()));
+        line += " --seed " + std::to_string(questions.seed) + " --runs " +
+                std::to_string(questions.runs);
+    }
+    return line + SheetWords(demand_.sheet) + AskingWords(ask_, options);
 }
 
 }  // namespace qxmix

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FillQuestions.h"
+#include "FillReport.h"
 #include "demand/DemandOptions.h"
 #include "options/AskOptions.h"
 #include "options/Command.h"
@@ -24,6 +24,11 @@ private:
     void TakeDays(const std::string& text);
     FillQuestions Prepare(const CommonOptions& options) const;
     void PrepareDemand(FillQuestions& questions) const;
+    ExitStatus Write(const FillReport& report,
+                     const CommonOptions& options,
+                     const std::optional<OutputForm>& form,
+                     Asker& asker) const;
+    std::string CommandLine(const FillQuestions& questions, const CommonOptions& options) const;
 
     std::string dispenser_;  // as named on the command line
     DemandOptions demand_;
@@ -33,7 +38,7 @@ private:
     std::optional<DayRange> dayRange_;
     std::string save_;  // file for the loaded dispenser; empty: none
     JobsOption jobs_;
-    OutputOption output_{FormsWithoutPage()};
+    OutputOption output_{AllForms()};
     AskOptions ask_;
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FillReport.h"
+#include "answers/Envelope.h"
 #include "json/JsonName.h"
 #include "terminal/Terminal.h"
 
@@ -20,5 +21,13 @@ Json FillInputJson(const FillQuestions& questions);
 
 /// What to load for each mix, the best one first.
 Json FillResultJson(const FillReport& report);
+
+/// The answer as one HTML file that needs nothing else.
+///
+/// @param envelope     with the answer in it; the page holds it as it is.
+/// @param commandLine  shown in the page.
+/// @throw InputError when the page would be too large.
+std::string
+FillPage(const FillReport& report, const Envelope& envelope, const std::string& commandLine);
 
 }  // namespace qxmix

@@ -45,6 +45,8 @@ public:
         };
         json["costPerDay"] = {{"now", cost(report_.CostNow(mix))},
                               {"load", cost(report_.CostOf(mix))}};
+        json["curve"] = Curve(mix);
+        json["held"] = mix.levels ? Held(*mix.levels) : Json();
         json["runs"] = report_.demands.size();
         json["seed"] = report_.questions.IsRecorded() ? Json() : Json(report_.questions.seed);
         return json;
@@ -83,6 +85,40 @@ private:
                  {"more", Neighbour(load.more, place)}});
         }
         return json;
+    }
+
+    Json Curve(const MixFill& mix) const {
+        Json curve = Json::array();
+        for (const FillPoint& point : mix.curve) {
+            Json load = Json::array();
+            for (std::size_t place = 0; place < point.bundles.size(); ++place) {
+                load.push_back(point.bundles[place] * report_.answers.cassettes[place].bundle);
+            }
+            curve.push_back({{"money", MoneyJson(point.worth)},
+                             {"median", PercentText(point.median)},
+                             {"worst", PercentText(point.worst)},
+                             {"promised", PercentText(point.promised)},
+                             {"load", load}});
+        }
+        return curve;
+    }
+
+    Json Held(const FillLevels& levels) const {
+        Json cassettes = Json::array();
+        for (const LoadedCassette& loaded : report_.answers.cassettes) {
+            Json held = {
+                {"median", Json::array()}, {"least", Json::array()}, {"most", Json::array()}};
+            for (const HeldRange& range : levels.cassettes[loaded.cassette]) {
+                held["median"].push_back(range.median);
+                held["least"].push_back(range.least);
+                held["most"].push_back(range.most);
+            }
+            cassettes.push_back(held);
+        }
+        const std::string firstDay = report_.demands.front()->calendar.FirstDayText();
+        return {{"firstDay", firstDay.empty() ? Json() : Json(firstDay)},
+                {"step", levels.step},
+                {"cassettes", cassettes}};
     }
 
     const FillReport& report_;

@@ -15,7 +15,7 @@ namespace qxmix {
 namespace {
 
 std::string Script() {
-    return std::string(kSimModelScript) + std::string(kSimCurvesScript) +
+    return std::string(kPlotsScript) + std::string(kSimModelScript) + std::string(kSimCurvesScript) +
            std::string(kSimPanelsScript) + std::string(kSimTablesScript) +
            std::string(kSimStartScript);
 }
@@ -114,7 +114,7 @@ std::string SimulationPage(const SimulationReport& report,
         &PartWords);
     parts.main = kSimHtml;
     parts.dispenser = DispenserHtml(questions.dispenser, FactsOf(report), commandLine);
-    parts.style = kSimCss;
+    parts.style = std::string(kPlotsCss) + std::string(kSimCss);
     parts.script = Script();
     parts.page = PageJson(report);
     parts.fitting = [&](std::size_t size) { return FittingText(questions, envelope, size); };
