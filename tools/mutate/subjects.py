@@ -1,0 +1,64 @@
+"""What is changed, and the tests that are to notice: the module, and decisions of the tool."""
+
+from dataclasses import dataclass, field
+
+
+@dataclass(frozen=True)
+class Test:
+    """One command. Where what is changed is linked into its program, `target` is built before it;
+    where it only calls one operation, the test is needless while that operation stays as it is."""
+    name: str
+    command: tuple
+    settings: dict = field(default_factory=dict, compare=False)
+    target: str = ""
+    operation: str = ""
+    is_long: bool = False     # not run on what holds all mutants
+    has_suites: bool = False  # a program of GoogleTest, whose suites can run one by one
+    tries: int = 1            # fails when it fails so often: the load can make one with deadlines fail
+
+
+@dataclass(frozen=True)
+class Subject:
+    """Sources and their tests. `product` has other bytes when one of the sources is another program."""
+    name: str
+    folders: tuple
+    target: str
+    product: str
+    options: tuple  # of the build
+    flags: str      # of the compiler, for a build with one mutant
+    tests: tuple
+
+
+# Google's tests end with the first expectation that fails.
+STOP = ("--gtest_brief=1", "--gtest_break_on_failure")
+
+# What kills most for its time comes first. Programs that see the module through its library need no
+# new link.
+MODULE = Subject(
+    "module", ("src/interface", "src/cashunits", "src/mix"), "QXMIX", "lib/libQXMIX.so",
+    ("-DQXMIX_TOOLS=OFF",), "-O2", (
+        Test("vectors", ("bin/vector_runner", "@vectors")),
+        Test("contract", ("bin/exports_contract", "@library")),
+        Test("contract", ("bin/interposed_contract", "@library")),
+        Test("few of reference", ("bin/against_reference_tests", *STOP),
+             {"QXMIX_CASES": "1000", "QXMIX_SEED": "7"}),
+        Test("reference", ("bin/against_reference_tests", *STOP),
+             {"QXMIX_CASES": "20000", "QXMIX_SEED": "7"}),
+        Test("unit", ("bin/unit_tests", *STOP), target="unit_tests", has_suites=True),
+        Test("tables", ("bin/table_images_tests", *STOP), target="table_images_tests"),
+        Test("words", ("bin/first_fit_words_tests", *STOP), target="first_fit_words_tests",
+             is_long=True),
+        *(Test("small tables", ("bin/small_tables_tests", *STOP, f"--gtest_filter=*/{search}"),
+               target="small_tables_tests", operation=f"Calc{search}", is_long=True)
+          for search in ("MinimumNotes", "EqualNotes", "MaximumNotes", "EqualEmptying",
+                         "FirstFitEmptying"))))
+
+# Each source by itself: it is compiled again for each mutant that is judged alone.
+TOOL = Subject(
+    "tool", tuple(f"tools/qxmix/{folder}" for folder in
+                  ("dispenser", "mixes", "findings", "answers", "requests", "sheets", "tables",
+                   "demand", "commands/lint")), "qxmix", "bin/qxmix",
+    ("-DQXMIX_TOOLS=ON", "-DQXMIX_JOIN_SOURCES=OFF"), "-O1", (
+        Test("tool tests", ("bin/tool_tests", *STOP), target="tool_tests", has_suites=True, tries=2),))
+
+SUBJECTS = (MODULE, TOOL)

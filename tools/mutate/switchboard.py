@@ -1,0 +1,123 @@
+"""A tree that is built once with all mutants, in which one after the other is switched on and tested."""
+
+import hashlib
+import re
+import tempfile
+from dataclasses import replace
+from pathlib import Path
+
+from switches import HEADER, REACHED, SWITCH, with_switches
+from tree import FIRST_BUILD_SECONDS, Tree
+
+NAMED = re.compile(r'\bmutant-(\d+):')
+ERROR = re.compile(r"^(?:\S*/)?(\S+?):(\d+):(?:\d+:)? (?:fatal )?error", re.MULTILINE)
+FLAGS = "-O1 -w -fmax-errors=0"
+
+
+class Switchboard:
+    """Tells which mutants are killed. One that it does not kill, or has no switch for, may still be
+    no mutant at all: it has to be built by itself to see."""
+
+    def __init__(self, project, folder, subject, mutants):
+        """@param mutants  all that shall be in the build, whichever are asked for: so the next run
+        finds it as it is."""
+        self.subject = subject
+        self.project = Path(project)
+        self.tree = Tree(project, folder, subject)
+        self.aside = Path(folder).with_suffix(".aside")  # what does not compile behind a switch
+        self.files = sorted({mutant.file for mutant in mutants})
+        self.texts = {name: (self.project / name).read_text() for name in self.files}
+        self.count = len(mutants)
+        known = set(self.aside.read_text().splitlines()) if self.aside.exists() else set()
+        self.mutants = {number: mutant for number, mutant in enumerate(mutants)
+                        if self._mark(mutant) not in known}  # those that have a switch
+        self.tests = []    # the quickest first
+        self.reached = {}  # by test: a byte for each mutant, other than 0 when the test comes to it
+
+    def prepare(self, jobs):
+        """Builds, and runs the tests without a mutant."""
+        self.tree.copy(self._sources())
+        self.tree.configure(f"{FLAGS} -include \"{HEADER}\"", "-DQXMIX_JOIN_SOURCES=ON")
+        self._build(jobs)
+        seconds = {}
+        for test in [one for test in self.subject.tests if not test.is_long
+                     for one in self._suites_of(test)]:
+            with tempfile.NamedTemporaryFile(dir=self.tree.folder) as reached:
+                reached.write(bytes(self.count))
+                reached.flush()
+                seconds[test] = self.tree.time_test(test, {REACHED: reached.name})
+                self.reached[test] = Path(reached.name).read_bytes()
+        self.tests = sorted(seconds, key=seconds.get)
+
+    def killer_of(self, number):
+        """The test that notices this mutant, or None."""
+        if number in self.mutants:
+            for test in self.tests:
+                if self.reached[test][number] and not self.tree.passes(test, {SWITCH: str(number)}):
+                    return test
+        return None
+
+    def _sources(self):
+        """The files of the mutants with their switches; mutants without one are put aside."""
+        written = {}
+        switched = set()
+        for name in self.files:
+            numbered = {number: mutant for number, mutant in self.mutants.items() if mutant.file == name}
+            written[name], numbers = with_switches(name, self.texts[name], numbered)
+            switched.update(numbers)
+        self._put_aside(set(self.mutants) - switched)
+        return written
+
+    def _mark(self, mutant):
+        """Of a mutant in this content of its file."""
+        return f"{mutant.key} {hashlib.sha256(self.texts[mutant.file].encode()).hexdigest()[:16]}"
+
+    def _put_aside(self, numbers):
+        with self.aside.open("a") as file:
+            file.writelines(self._mark(self.mutants[number]) + "\n" for number in numbers)
+        self.mutants = {number: mutant for number, mutant in self.mutants.items() if number not in numbers}
+
+    def _build(self, jobs):
+        """Builds until all that is left compiles."""
+        tests = [test for test in self.subject.tests if not test.is_long]
+        for targets in ([self.subject.target],
+                        sorted({Path(test.command[0]).name for test in tests})):
+            while True:
+                status, output = self.tree.compile(targets, jobs, FIRST_BUILD_SECONDS)
+                if status == 0:
+                    break
+                wrong = self._wrong_in(output)
+                if not wrong:
+                    raise RuntimeError(f"the project does not build; see {self.tree.folder}\n"
+                                       + output[-2000:])
+                print(f"{len(wrong)} mutants put aside, since they do not compile behind a switch",
+                      flush=True)
+                self._put_aside(wrong)
+                for name, text in self._sources().items():
+                    self.tree.write(name, text.encode())
+
+    def _wrong_in(self, output):
+        """The mutants that the compiler complains of by name, or else those of the lines, or else of
+        the files, that it names."""
+        named = {int(number) for number in NAMED.findall(output)} & set(self.mutants)
+        if named:
+            return named
+        places = {(Path(name).name, int(line)) for name, line in ERROR.findall(output)}
+        for span in (0, 3, 1000000):
+            near = {number for number, mutant in self.mutants.items()
+                    for name, line in places
+                    if Path(mutant.file).name == name and
+                    mutant.line - span <= line <= mutant.line + mutant.before.count("\n") + span}
+            if near:
+                return near
+        return set()
+
+    def _suites_of(self, test):
+        """A test for each suite of its program, or the test itself."""
+        if not test.has_suites:
+            return [test]
+        listed = self.tree.run([str(self.tree.build / test.command[0]), "--gtest_list_tests"])[1]
+        suites = [line.split()[0] for line in listed.splitlines()
+                  if re.match(r"[\w/]+\.(\s|$)", line)]
+        return [replace(test, name=f"{test.name} {suite.rstrip('.')}",
+                        command=(*test.command, f"--gtest_filter={suite}*")) for suite in suites]
