@@ -22,11 +22,18 @@ class Subject:
     """Sources and their tests. `product` has other bytes when one of the sources is another program."""
     name: str
     folders: tuple
+    left_out: str  # names of files that are not changed, a regular expression
+    changes_sentences: bool
     target: str
     product: str
     options: tuple  # of the build
     flags: str      # of the compiler, for a build with one mutant
     tests: tuple
+
+    def targets(self, tests):
+        """What has to be built for these tests."""
+        return [self.target, *sorted({test.command[0].partition("/")[2] for test in tests
+                                      if test.command[0].startswith("bin/")})]
 
 
 # Google's tests end with the first expectation that fails.
@@ -35,7 +42,7 @@ STOP = ("--gtest_brief=1", "--gtest_break_on_failure")
 # What kills most for its time comes first. Programs that see the module through its library need no
 # new link.
 MODULE = Subject(
-    "module", ("src/interface", "src/cashunits", "src/mix"), "QXMIX", "lib/libQXMIX.so",
+    "module", ("src/interface", "src/cashunits", "src/mix"), "^$", True, "QXMIX", "lib/libQXMIX.so",
     ("-DQXMIX_TOOLS=OFF",), "-O2", (
         Test("vectors", ("bin/vector_runner", "@vectors")),
         Test("contract", ("bin/exports_contract", "@library")),
@@ -53,12 +60,16 @@ MODULE = Subject(
           for search in ("MinimumNotes", "EqualNotes", "MaximumNotes", "EqualEmptying",
                          "FirstFitEmptying"))))
 
-# Each source by itself: it is compiled again for each mutant that is judged alone.
+# Its decisions: forms decide nothing, and what they and all messages say in sentences is held whole by the
+# command lines with what they print. Each source is compiled by itself, again for each mutant alone.
 TOOL = Subject(
     "tool", tuple(f"tools/qxmix/{folder}" for folder in
                   ("dispenser", "mixes", "findings", "answers", "requests", "sheets", "tables",
-                   "demand", "commands/lint")), "qxmix", "bin/qxmix",
-    ("-DQXMIX_TOOLS=ON", "-DQXMIX_JOIN_SOURCES=OFF"), "-O1", (
-        Test("tool tests", ("bin/tool_tests", *STOP), target="tool_tests", has_suites=True, tries=2),))
+                   "demand", "commands/lint")),
+    r"/Lint(\w*(Text|Json|Csv|Page|Forms)|Sarif|JUnit|Github|Elements)\.|/RuleTexts\.|/\w+Json\.", False,
+    "qxmix", "bin/qxmix", ("-DQXMIX_TOOLS=ON", "-DQXMIX_JOIN_SOURCES=OFF"), "-O1", (
+        Test("tool tests", ("bin/tool_tests", *STOP), target="tool_tests", has_suites=True, tries=2),
+        Test("examples", ("/usr/bin/python3", "tests/tools/tool_examples.py", "--source", ".", "--library",
+                          "@library", "--fake", "@fake", "--", "@tool"), is_long=True, tries=2)))
 
 SUBJECTS = (MODULE, TOOL)

@@ -80,8 +80,7 @@ class Switchboard:
     def _build(self, jobs):
         """Builds until all that is left compiles."""
         tests = [test for test in self.subject.tests if not test.is_long]
-        for targets in ([self.subject.target],
-                        sorted({Path(test.command[0]).name for test in tests})):
+        for targets in ([self.subject.target], self.subject.targets(tests)):
             while True:
                 status, output = self.tree.compile(targets, jobs, FIRST_BUILD_SECONDS)
                 if status == 0:

@@ -3,7 +3,6 @@
 import hashlib
 import re
 import subprocess
-from pathlib import Path
 
 from tree import FIRST_BUILD_SECONDS, Tree
 
@@ -23,8 +22,7 @@ class Workshop:
         self.tree.copy({})
         self.tree.configure(self.subject.flags)
         tests = self.subject.tests
-        targets = sorted({self.subject.target, *(Path(test.command[0]).name for test in tests)})
-        if self.tree.compile(targets, seconds=FIRST_BUILD_SECONDS)[0] != 0:
+        if self.tree.compile(self.subject.targets(tests), seconds=FIRST_BUILD_SECONDS)[0] != 0:
             raise RuntimeError(f"the project does not build; see {self.tree.folder}")
         self.original = {test: self._fingerprint(test) for test in tests}
         self.product = self._bytes_of(self.tree.product)
