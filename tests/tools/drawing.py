@@ -53,3 +53,16 @@ def draw(pattern, seed):
         times += [when for when, _ in today]
         amounts += [amount for _, amount in today]
     return times, amounts
+
+
+def resample(record, days, seed):
+    """Draws days of a record: [(days since a Monday, second of that day, amount)] in order of time."""
+    twister = Twister(seed)
+    times, amounts = [], []
+    for day in range(days):
+        known = [other for other in range(record[0][0], record[-1][0] + 1) if other % 7 == day % 7]
+        chosen = known[twister.below(len(known))]
+        today = [(day * 86400 + second, amount) for other, second, amount in record if other == chosen]
+        times += [when for when, _ in today]
+        amounts += [amount for _, amount in today]
+    return times, amounts

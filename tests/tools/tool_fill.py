@@ -156,6 +156,24 @@ def check_saved(tool, checks):
                      percent_text(counts[9], 360))
 
 
+def check_resampled(tool, checks):
+    """A loading for a recorded month, asked again of the simulation of the same draws."""
+    month = ["--demand", "examples/month.csv", "--resample", "7", "--runs", "20", "--seed", "9"]
+    mine = best_of(tool, ["fill", "examples/branch.json", *month, "--save", "month.json"])
+    result = json.loads(tool.run(["simulate", "month.json", *month, "--mix", "1", "--json"])[1])["result"]
+    shares = sorted((run["counts"]["paid"] / run["asked"], run["counts"]["paid"], run["asked"])
+                    for run in result["mixes"][0]["runs"])
+    checks.check("runs of different sizes", len({asked for _, _, asked in shares}) > 3, shares)
+    checks.equal("what the simulation serves", mine["service"], {
+        "asked": "99.5", "median": percent_text(*shares[9][1:]), "worst": percent_text(*shares[0][1:]),
+        "promised": percent_text(*shares[1][1:]), "dangerous": 0,
+        "reaching": sum(paid * 1000 >= 995 * asked for _, paid, asked in shares)})
+    status, answer = answer_of(tool, ["fill", "examples/branch.json", *month, "--days", "2-4"])
+    checks.equal("several numbers of days", (status, [row["days"] for row in answer["result"]["days"]]), (0, [2, 3, 4]))
+    checks.equal("the days of the proposed one are drawn", [row["days"] for row in answer["result"]["days"] if row["proposed"]],
+                 [answer["input"]["resampled"]])
+
+
 def held_in(tool, file, demand, seed, step):
     """What each cassette holds at each time of one run, from what the simulation tells of its steps."""
     result = json.loads(tool.run(["simulate", file, "--demand", demand, "--mix", "1", "--seed", str(seed),
@@ -349,4 +367,4 @@ def check_interrupt(tool, checks):
                  (130, False, False))
 
 
-run_parts(check_against_all_loadings, check_saved, check_drawn, check_days, check_forms, check_outcomes, check_interrupt)
+run_parts(check_against_all_loadings, check_saved, check_resampled, check_drawn, check_days, check_forms, check_outcomes, check_interrupt)

@@ -6,7 +6,7 @@ import re
 
 import jsonschema
 
-from drawing import draw
+from drawing import draw, resample
 from tool_runner import run_parts
 from written_answers import rows_of, steps_of
 
@@ -39,6 +39,44 @@ def check_drawing(tool, checks):
         words = ["simulate", "EUR:10x9", "--demand", "small.json", "--seed", seed, "--mixes", "1"]
         demand = result_of(tool, words)["demand"]
         checks.equal(f"seed {seed}", (demand["times"], demand["amounts"]), draw(SMALL, int(seed)))
+
+
+def month(tool):
+    """The recorded month: days since a Monday, seconds and amounts."""
+    rows = [line.split(",") for line in (tool.folder / "examples/month.csv").read_text().split("\n")[1:-1]]
+    assert rows[0][0].startswith("2026-11-02"), "that is a Monday"
+    return [(int(time[8:10]) - 2, int(time[11:13]) * 3600 + int(time[14:16]) * 60, int(amount))
+            for time, amount in rows]
+
+
+def check_resampling(tool, checks):
+    """Whole days of a recorded month, each of its day of the week, as the manual says."""
+    record = month(tool)
+    words = ["simulate", "examples/euro.json", "--demand", "examples/month.csv", "--mixes", "1,3", "--resample"]
+    sizes = []
+    for seed, days in ((1, 7), (2, 7), (3, 7), (0, 3), (4294967295, 15)):
+        result = json.loads(tool.run(words + [str(days), "--seed", str(seed), "--json"])[1])
+        demand = result["result"]["demand"]
+        wanted = resample(record, days, seed)
+        checks.equal(f"{days} days, seed {seed}", (demand["times"], demand["amounts"]), wanted)
+        checks.equal(f"{days} days, seed {seed}: said", (demand["seed"], demand["firstDay"], result["input"]["resampled"],
+                                                        result["input"]["demand"]), (seed, None, days, None))
+        sizes.append(len(wanted[0]))
+    later = record[9:-20]  # from within a day to within another one
+    lines = [f"w{day // 7 + 1} {DAYS[day % 7]} {second // 3600:02}:{second // 60 % 60:02},{amount}"
+             for day, second, amount in later]
+    (tool.folder / "weeks.csv").write_text("\n".join(["time,amount"] + lines[::-1]) + "\n")
+    demand = result_of(tool, ["simulate", "EUR:10x9", "--demand", "weeks.csv", "--mixes", "1", "--resample", "9"])["demand"]
+    # Rows of the same minute are in the order of the list, which was turned round.
+    wanted = resample(sorted(later[::-1], key=lambda row: row[:2]), 9, 1)
+    checks.equal("days of weeks", (demand["times"], demand["amounts"]), wanted)
+    status, output, _ = tool.run(words + ["7", "--runs", "3", "--json"])
+    mixes = json.loads(output)["result"]["mixes"]
+    checks.equal("runs of different sizes", (status, [[run["asked"] for run in mix["runs"]] for mix in mixes]),
+                 (1, [sizes[:3]] * 2))
+    checks.check("they differ", len(set(sizes[:3])) == 3, sizes)
+    shown = tool.run(words + ["7", "--runs", "3"])[1]
+    checks.check("the middle one is told", f" of {sorted(sizes[:3])[1]} withdrawals, median of 3 runs" in shown, shown)
 
 
 def follow(tool, mix, amounts):
@@ -247,5 +285,5 @@ def check_demand_files(tool, checks):
             checks.equal(f"{name}: the schema", validator.is_valid(demand), is_good)
 
 
-run_parts(check_drawing, check_against_mix, check_runs, check_forms, check_registry, check_give_up,
+run_parts(check_drawing, check_resampling, check_against_mix, check_runs, check_forms, check_registry, check_give_up,
           check_interrupt, check_demand_files)

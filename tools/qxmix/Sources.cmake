@@ -138,7 +138,9 @@ set(qxmix_shared_sources
     demand/DemandCalendar.cpp
     demand/DemandFile.cpp
     demand/DemandOptions.cpp
+    demand/DemandSource.cpp
     demand/DrawDemand.cpp
+    demand/RecordedDays.cpp
     demand/RecordedDemand.cpp
     demand/Simulation.cpp
     demand/SimulationSummary.cpp

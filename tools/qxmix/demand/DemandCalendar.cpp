@@ -40,6 +40,12 @@ std::string DemandCalendar::ShortText(std::int64_t time) const {
                : Text(time);
 }
 
+std::size_t DemandCalendar::WeekdayOf(std::int64_t day) const {
+    constexpr std::int64_t kThursday = 3;  // 1970-01-01
+    const std::int64_t number = firstDay_ ? *firstDay_ + day + kThursday : day;
+    return static_cast<std::size_t>((number % kDaysInWeek + kDaysInWeek) % kDaysInWeek);
+}
+
 std::string DemandCalendar::FirstDayText() const {
     return firstDay_ ? Text(0).substr(0, 10) : "";
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -22,6 +23,11 @@ public:
 
     /// The same with less room: "11-16 09:46".
     std::string ShortText(std::int64_t time) const;
+
+    /// The day of the week of a day of the demand, counted from Monday.
+    ///
+    /// @param day  from its first one on.
+    std::size_t WeekdayOf(std::int64_t day) const;
 
     /// "2026-11-16"; empty without a date.
     std::string FirstDayText() const;

@@ -14,7 +14,6 @@ namespace qxmix {
 
 namespace {
 
-constexpr std::int64_t kMostDays = 3660;
 const std::vector<std::string> kDemandFields = {"days", "perDay", "hours", "amounts", "$schema"};
 const std::vector<std::string> kAmountFields = {"amount", "weight"};
 constexpr const char* kWeightsExpected = "at least one weight above 0";
@@ -84,8 +83,10 @@ DemandPattern ReadPattern(const Json& json, const std::string& file) {
 
 }  // namespace
 
-DemandFile::DemandFile(const std::string& name, SheetOptions options)
-    : options_(std::move(options)) {
+DemandFile::DemandFile(const std::string& name,
+                       SheetOptions options,
+                       std::optional<std::uint32_t> resample)
+    : options_(std::move(options)), resample_(resample) {
     const InputFile file = ReadInput(name);
     name_ = file.name;
     text_ = SheetText(file);
@@ -93,17 +94,22 @@ DemandFile::DemandFile(const std::string& name, SheetOptions options)
     if (first == std::string::npos || (text_[first] != '{' && text_[first] != '[')) {
         return;
     }
-    if (const std::string given = GivenSheetOption(options_); !given.empty()) {
+    if (const std::string given = resample_ ? "--resample" : GivenSheetOption(options_);
+        !given.empty()) {
         throw InputError(given + ": given for withdrawals that are drawn; expected recorded ones");
     }
     pattern_ = ReadPattern(ParseJson(text_, name_), name_);
 }
 
-std::variant<DemandPattern, Demand> DemandFile::For(const Dispenser& dispenser) const {
+DemandSource DemandFile::For(const Dispenser& dispenser) const {
     if (pattern_) {
         return *pattern_;
     }
-    return ReadRecordedDemand(name_, text_, dispenser, options_);
+    Demand record = ReadRecordedDemand(name_, text_, dispenser, options_);
+    if (resample_) {
+        return RecordedDays(name_, std::move(record), *resample_);
+    }
+    return record;
 }
 
 }  // namespace qxmix

@@ -1,12 +1,11 @@
 #pragma once
 
-#include "Demand.h"
+#include "DemandSource.h"
 #include "dispenser/Dispenser.h"
 #include "sheets/SheetOptions.h"
 
 #include <optional>
 #include <string>
-#include <variant>
 
 namespace qxmix {
 
@@ -16,20 +15,25 @@ namespace qxmix {
 class DemandFile {
 public:
     /// @param name     a file, or "-" for standard input.
-    /// @param options  how a list is read; given for JSON they are an error.
+    /// @param options   how a list is read; given for JSON they are an error.
+    /// @param resample  so many days are drawn from a list; none: it is one run as it stands.
     /// @throw InputError
-    DemandFile(const std::string& name, SheetOptions options);
+    DemandFile(const std::string& name,
+               SheetOptions options,
+               std::optional<std::uint32_t> resample = std::nullopt);
 
-    bool IsRecorded() const { return !pattern_; }
+    /// Whether there is one run only, as it was recorded.
+    bool IsRecorded() const { return !pattern_ && !resample_; }
 
     /// @param dispenser  whose amounts and currency they are.
     /// @throw InputError where a recorded list does not fit it.
-    std::variant<DemandPattern, Demand> For(const Dispenser& dispenser) const;
+    DemandSource For(const Dispenser& dispenser) const;
 
 private:
     std::string name_;  ///< as it stands in errors
     std::string text_;  ///< of a recorded list
     SheetOptions options_;
+    std::optional<std::uint32_t> resample_;
     std::optional<DemandPattern> pattern_;
 };
 

@@ -2,6 +2,7 @@
 
 #include "errors/Errors.h"
 #include "options/CommonOptions.h"
+#include "options/ShellWords.h"
 
 #include <CLI/App.hpp>
 
@@ -23,6 +24,11 @@ void DemandOptions::Require(const std::string& dispenser) const {
     }
 }
 
+std::string DemandOptions::Words() const {
+    return " --demand " + ShellWord(file) +
+           (resample ? " --resample " + std::to_string(*resample) : "");
+}
+
 void AddDemandOption(CLI::App& command, DemandOptions& options, const std::string& help) {
     command.add_option("--demand", options.file, help)->type_name("FILE");
 }
@@ -36,13 +42,18 @@ void AddRunOptions(CLI::App& command, DemandOptions& options, const std::string&
         command, "--runs", 1, kMostRuns,
         [&options](std::int64_t number) { options.runs = static_cast<std::uint32_t>(number); },
         helpOfRuns);
+    AddWholeOption(
+        command, "--resample", 1, kMostDays,
+        [&options](std::int64_t number) { options.resample = static_cast<std::uint32_t>(number); },
+        "draws so many days from recorded withdrawals: whole days, each of its day of the week");
 }
 
 void RefuseForRecorded(const char* option) {
     if (option != nullptr) {
         throw InputError(
             std::string(option) +
-            ": given for recorded withdrawals; expected a JSON file to draw them from");
+            ": given for recorded withdrawals; expected a JSON file to draw them from, or "
+            "--resample");
     }
 }
 

@@ -14,19 +14,23 @@ namespace qxmix {
 struct DemandOptions {
     std::string file;  ///< --demand
     SheetOptions sheet = RecordedSheet();
+    std::optional<std::uint32_t> resample;  ///< days that are drawn from a list; none: it is asked
     std::optional<std::uint32_t> seed;
     std::optional<std::uint32_t> runs;
 
     /// @throw InputError when no file is named, or the dispenser has taken standard input.
     void Require(const std::string& dispenser) const;
 
-    DemandFile Open() const { return {file, sheet}; }
+    DemandFile Open() const { return {file, sheet, resample}; }
+
+    /// As a shell takes them, but for the seed and the runs: " --demand week.json".
+    std::string Words() const;
 };
 
 /// @param help  of --demand.
 void AddDemandOption(CLI::App& command, DemandOptions& options, const std::string& help);
 
-/// Adds --seed and --runs.
+/// Adds --seed, --runs and --resample.
 void AddRunOptions(CLI::App& command, DemandOptions& options, const std::string& helpOfRuns);
 
 /// @throw InputError when an option was given that has no meaning for recorded withdrawals.

@@ -5,6 +5,9 @@ const cassetteCount = dispenser.cassettes.length;
 
 /** Days that the demand has. */
 function dayCount() {
+    if (answer.input.resampled !== undefined) {
+        return answer.input.resampled;
+    }
     return answer.input.demand === null
         ? Math.floor(demand.times[withdrawalCount - 1] / SECONDS_IN_DAY) + 1
         : answer.input.demand.days;

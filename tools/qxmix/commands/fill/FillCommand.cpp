@@ -169,6 +169,11 @@ FillQuestions FillCommand::Prepare(const CommonOptions& options) const {
 
 void FillCommand::PrepareDemand(FillQuestions& questions) const {
     questions.demand = demand_.Open().For(questions.dispenser);
+    if (const Demand* const record = RecordOf(questions.demand);
+        record != nullptr && record->currencies.size() > 1) {
+        throw InputError(demand_.file + ": withdrawals in " + record->currencies[1] +
+                         " are not allowed; expected " + questions.dispenser.currency + " only");
+    }
     questions.seed = demand_.seed.value_or(questions.seed);
     questions.runs = questions.IsRecorded() ? 1 : demand_.runs.value_or(questions.runs);
     if (questions.IsRecorded()) {
@@ -176,15 +181,8 @@ void FillCommand::PrepareDemand(FillQuestions& questions) const {
                           : demand_.runs       ? "--runs"
                           : days_ || dayRange_ ? "--days"
                                                : nullptr);
-        const auto& recorded = std::get<Demand>(questions.demand);
-        if (recorded.currencies.size() > 1) {
-            throw InputError(demand_.file + ": withdrawals in " + recorded.currencies[1] +
-                             " are not allowed; expected " + questions.dispenser.currency +
-                             " only");
-        }
     } else {
-        auto& pattern = std::get<DemandPattern>(questions.demand);
-        pattern.days = dayRange_ ? dayRange_->to : days_.value_or(pattern.days);
+        SetDays(questions.demand, dayRange_ ? dayRange_->to : days_.value_or(questions.Days()));
         questions.range = dayRange_;
         if (dayRange_ && !questions.dispenser.costs) {
             throw InputError(dispenser_ + ": costs: missing; expected what loading costs, which "
@@ -192,8 +190,9 @@ void FillCommand::PrepareDemand(FillQuestions& questions) const {
         }
     }
     CheckSeeds(questions.seed, questions.runs);
-    if (questions.WithdrawalCount() * questions.runs > kMostAsked) {
-        throw InputError("--runs: " + std::to_string(questions.WithdrawalCount() * questions.runs) +
+    const std::uint64_t all = SizeOfRuns(questions.demand, questions.seed, questions.runs);
+    if (all > kMostAsked) {
+        throw InputError("--runs: " + std::to_string(all) +
                          " withdrawals in all runs are too many; expected at most " +
                          std::to_string(kMostAsked));
     }
@@ -201,10 +200,9 @@ void FillCommand::PrepareDemand(FillQuestions& questions) const {
 
 std::string FillCommand::CommandLine(const FillQuestions& questions,
                                      const CommonOptions& options) const {
-    std::string line = "qxmix fill " + ShellWord(dispenser_) + " --demand " +
-                       ShellWord(demand_.file) + " --service " + questions.serviceText +
-                       " --mixes " + MixListWord(questions.mixes) + " --bundle " +
-                       std::to_string(questions.bundle);
+    std::string line = "qxmix fill " + ShellWord(dispenser_) + demand_.Words() + " --service " +
+                       questions.serviceText + " --mixes " + MixListWord(questions.mixes) +
+                       " --bundle " + std::to_string(questions.bundle);
     if (!questions.IsRecorded()) {
         line += " --days " + (questions.range ? std::to_string(questions.range->from) + "-" +
                                                     std::to_string(questions.range->to)

@@ -37,7 +37,7 @@ FillReport FillIntervals(FillQuestions questions, const IntervalFill& fill) {
     bool isComplete = true;
     for (std::uint32_t days = questions.range->from; isComplete && days <= questions.range->to;
          ++days) {
-        std::get<DemandPattern>(questions.demand).days = days;
+        SetDays(questions.demand, days);
         FillReport report = answer(questions);
         isComplete = report.answers.isComplete;
         const MixFill& mix = report.answers.mixes.front();

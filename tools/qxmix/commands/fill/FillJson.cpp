@@ -146,16 +146,20 @@ Json DaysJson(const FillReport& report, const MixWriter& writer) {
 }  // namespace
 
 Json FillInputJson(const FillQuestions& questions) {
-    return {{"dispenser", DispenserJson(questions.dispenser)},
-            {"mixes", questions.mixes},
-            {"service", questions.serviceText},
-            {"bundle", questions.bundle},
-            {"days", questions.range
-                         ? Json{{"from", questions.range->from}, {"to", questions.range->to}}
-                         : Json(questions.Days())},
-            {"seed", questions.IsRecorded() ? Json() : Json(questions.seed)},
-            {"runs", questions.runs},
-            {"deadline", DurationText(questions.deadline)}};
+    Json json = {{"dispenser", DispenserJson(questions.dispenser)},
+                 {"mixes", questions.mixes},
+                 {"service", questions.serviceText},
+                 {"bundle", questions.bundle},
+                 {"days", questions.range
+                              ? Json{{"from", questions.range->from}, {"to", questions.range->to}}
+                              : Json(questions.Days())},
+                 {"seed", questions.IsRecorded() ? Json() : Json(questions.seed)},
+                 {"runs", questions.runs},
+                 {"deadline", DurationText(questions.deadline)}};
+    if (std::holds_alternative<RecordedDays>(questions.demand)) {
+        json["resampled"] = questions.Days();
+    }
+    return json;
 }
 
 Json FillResultJson(const FillReport& report) {

@@ -2,7 +2,7 @@
 
 #include "DayRange.h"
 #include "ServedShare.h"
-#include "demand/Demand.h"
+#include "demand/DemandSource.h"
 #include "dispenser/Dispenser.h"
 #include "workers/Worker.h"
 
@@ -11,7 +11,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <variant>
 #include <vector>
 
 namespace qxmix {
@@ -26,24 +25,22 @@ using RunDemands = std::vector<std::shared_ptr<const Demand>>;
 struct FillQuestions {
     Dispenser dispenser;
     std::vector<std::uint16_t> mixes;  ///< in order, each once
-    std::variant<DemandPattern, Demand> demand;
+    DemandSource demand;
     std::string serviceText = "99.5";  ///< percent of the withdrawals, as it was written
     ServedShare service{995, 1000};
     std::uint32_t bundle = 100;  ///< items of one, where a cassette does not say
     std::uint32_t seed = 1;      ///< of the first run; each further run has the next one
-    std::uint32_t runs = 50;     ///< 1 for a recorded demand
+    std::uint32_t runs = 50;     ///< 1 for a recorded demand that is asked as it is
     Milliseconds deadline{100};
     std::size_t jobs = 1;  ///< workers side by side
 
     /// Intervals that are compared by what they cost in a day; none: one is asked.
     std::optional<DayRange> range;
 
-    bool IsRecorded() const { return std::holds_alternative<Demand>(demand); }
-
-    std::uint64_t WithdrawalCount() const;
+    bool IsRecorded() const { return IsOneRun(demand); }
 
     /// Days until the next refill.
-    std::uint32_t Days() const;
+    std::uint32_t Days() const { return DaysOf(demand); }
 
     /// Runs that may miss the service.
     std::size_t MostMisses() const {

@@ -123,9 +123,7 @@ FillReport::FillReport(FillQuestions asking,
         }
         remarks.push_back(CheckLine(*this, *best));
     }
-    if (questions.IsRecorded()) {
-        findings = std::get<Demand>(questions.demand).notes;
-    }
+    findings = NotesOf(questions.demand);
 }
 
 const MixFill* FillReport::Best() const {

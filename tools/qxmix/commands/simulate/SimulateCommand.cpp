@@ -155,12 +155,16 @@ std::string SimulateCommand::ReportBytes(const std::string& dispenser,
 Json SimulateCommand::FleetInputJson(std::size_t count, const CommonOptions& options) const {
     const SimulationQuestions defaults;
     const std::string mixes = ask_.mixes.empty() ? ask_.mix : ask_.mixes;
-    return {{"dispensers", count},
-            {"demand", demand_.file},
-            {"mixes", mixes.empty() ? Json() : Json(mixes)},
-            {"seed", demand_.seed ? Json(*demand_.seed) : Json()},
-            {"runs", demand_.runs.value_or(defaults.runs)},
-            {"deadline", DurationText(options.deadline.value_or(defaults.deadline))}};
+    Json json = {{"dispensers", count},
+                 {"demand", demand_.file},
+                 {"mixes", mixes.empty() ? Json() : Json(mixes)},
+                 {"seed", demand_.seed ? Json(*demand_.seed) : Json()},
+                 {"runs", demand_.runs.value_or(defaults.runs)},
+                 {"deadline", DurationText(options.deadline.value_or(defaults.deadline))}};
+    if (demand_.resample) {
+        json["resampled"] = *demand_.resample;
+    }
+    return json;
 }
 
 SimulationQuestions SimulateCommand::Prepare(const std::string& dispenser,
@@ -197,8 +201,8 @@ void SimulateCommand::CheckDrawing(const DemandFile& demand) const {
 
 std::string SimulateCommand::CommandLine(const SimulationQuestions& questions,
                                          const CommonOptions& options) const {
-    std::string line = "qxmix simulate " + ShellWord(dispensers_.One()) + " --demand " +
-                       ShellWord(demand_.file) + " --mixes " + MixListWord(questions.mixes);
+    std::string line = "qxmix simulate " + ShellWord(dispensers_.One()) + demand_.Words() +
+                       " --mixes " + MixListWord(questions.mixes);
     if (!questions.IsRecorded()) {
         line += " --seed " + std::to_string(questions.seed);
     }
@@ -209,8 +213,7 @@ std::string SimulateCommand::CommandLine(const SimulationQuestions& questions,
 }
 
 std::string SimulateCommand::FleetCommandLine(const CommonOptions& options) const {
-    std::string line =
-        "qxmix simulate" + dispensers_.Words() + " --demand " + ShellWord(demand_.file);
+    std::string line = "qxmix simulate" + dispensers_.Words() + demand_.Words();
     const std::string mixes = ask_.mixes.empty() ? ask_.mix : ask_.mixes;
     line += mixes.empty() ? "" : " --mixes " + ShellWord(mixes);
     line += demand_.seed ? " --seed " + std::to_string(*demand_.seed) : "";

@@ -20,7 +20,7 @@ class SimulationDesk final : public Desk {
 public:
     SimulationDesk(const SimulationQuestions& questions, SimulationAnswers& answers)
         : questions_(questions), answers_(answers), codes_(questions.mixes.size()) {
-        answers_.planned = static_cast<std::size_t>(questions.WithdrawalCount());
+        answers_.planned = static_cast<std::size_t>(SizeOf(questions.demand, questions.seed));
     }
 
     std::optional<WorkerPool::Task> NextTask() override {
@@ -48,7 +48,8 @@ public:
             ready_.push_back(task.number);
             return;
         }
-        CountDone(answers_.planned - simulation.Steps().size(), 0);
+        const auto run = static_cast<std::size_t>(task.number / questions_.mixes.size());
+        CountDone(answers_.sizes[run] - simulation.Steps().size(), 0);
         Close(task.number);
     }
 
@@ -57,6 +58,7 @@ public:
         answers_.isComplete = false;
         if (answers_.wholeRuns > 0) {
             answers_.runs.resize(answers_.wholeRuns);
+            answers_.sizes.resize(answers_.wholeRuns);
             return;
         }
         std::size_t common = answers_.planned;
@@ -75,6 +77,7 @@ public:
             answers_.runs[0][row] = SummaryOf(questions_.dispenser, answers_.demand, steps);
         }
         answers_.runs.resize(1);
+        answers_.sizes = {common};
     }
 
     void KeepLastCode() {
@@ -86,12 +89,13 @@ public:
 private:
     void BeginRun() {
         const std::size_t mixes = questions_.mixes.size();
-        const auto demand = std::make_shared<const Demand>(questions_.DemandOf(nextRun_));
+        const auto demand = std::make_shared<const Demand>(questions_.DemandOfRun(nextRun_));
         if (nextRun_ == 0) {
             answers_.demand = *demand;
             answers_.steps.resize(mixes);
         }
         answers_.runs.emplace_back(mixes);
+        answers_.sizes.push_back(demand->withdrawals.size());
         left_.push_back(mixes);
         for (std::size_t row = 0; row < mixes; ++row) {
             const std::uint64_t number = nextRun_ * mixes + row;

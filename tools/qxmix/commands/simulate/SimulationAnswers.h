@@ -1,6 +1,6 @@
 #pragma once
 
-#include "demand/Demand.h"
+#include "demand/DemandSource.h"
 #include "demand/SimulationSummary.h"
 #include "dispenser/Dispenser.h"
 #include "workers/Desk.h"
@@ -8,7 +8,6 @@
 
 #include <cstdint>
 #include <string>
-#include <variant>
 #include <vector>
 
 namespace qxmix {
@@ -17,38 +16,30 @@ namespace qxmix {
 struct SimulationQuestions {
     Dispenser dispenser;
     std::vector<std::uint16_t> mixes;  ///< in order, each once
-    std::variant<DemandPattern, Demand> demand;
+    DemandSource demand;
     std::uint32_t seed = 1;  ///< of the first run; each further run has the next one
-    std::uint32_t runs = 1;  ///< 1 for a recorded demand
+    std::uint32_t runs = 1;  ///< 1 for a recorded demand that is asked as it is
     Milliseconds deadline{100};
     std::size_t jobs = 1;  ///< workers side by side
 
-    bool IsRecorded() const { return std::holds_alternative<Demand>(demand); }
-
-    std::uint64_t WithdrawalCount() const {
-        return IsRecorded() ? std::get<Demand>(demand).withdrawals.size()
-                            : std::get<DemandPattern>(demand).Size();
-    }
+    bool IsRecorded() const { return IsOneRun(demand); }
 
     /// How recorded withdrawals were read.
-    std::vector<Finding> Notes() const {
-        return IsRecorded() ? std::get<Demand>(demand).notes : std::vector<Finding>();
-    }
+    std::vector<Finding> Notes() const { return NotesOf(demand); }
 
-    std::uint64_t CalculationCount() const { return WithdrawalCount() * mixes.size() * runs; }
+    std::uint64_t CalculationCount() const { return SizeOfRuns(demand, seed, runs) * mixes.size(); }
 
     /// The demand of one run, counted from 0.
-    Demand DemandOf(std::uint32_t run) const {
-        return IsRecorded()
-                   ? std::get<Demand>(demand)
-                   : DrawDemand(std::get<DemandPattern>(demand), seed + run, dispenser.currency);
+    Demand DemandOfRun(std::uint32_t run) const {
+        return DemandOf(demand, seed + run, dispenser.currency);
     }
 };
 
 /// What is known of a simulation.
 struct SimulationAnswers {
-    Demand demand;            ///< of the first run, as far as all mixes came
-    std::size_t planned = 0;  ///< withdrawals of a run
+    Demand demand;                   ///< of the first run, as far as all mixes came
+    std::size_t planned = 0;         ///< withdrawals of the first run
+    std::vector<std::size_t> sizes;  ///< withdrawals of each run, as far as all mixes came
     /// The first run step by step, one list a mix.
     std::vector<std::vector<SimulationStep>> steps;
     /// For each run the summaries of the mixes. After Ctrl-C the whole runs; if even the first was

@@ -50,7 +50,7 @@ SimulationFleetReport SimulationReportOf(const std::string& file, const Simulati
     told.row.file = file;
     told.row.status = report.status;
     told.row.isAsked = true;
-    told.row.withdrawals = report.answers.demand.withdrawals.size();
+    told.row.withdrawals = report.withdrawals;
     for (const SimulationRow& row : report.rows) {
         told.row.mixes.push_back({row.mix, row.rank.has_value(), row.served.median});
     }

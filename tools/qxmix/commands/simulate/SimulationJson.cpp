@@ -193,12 +193,16 @@ Json PatternJson(const DemandPattern& pattern) {
 
 Json SimulationInputJson(const SimulationQuestions& questions) {
     const auto* pattern = std::get_if<DemandPattern>(&questions.demand);
-    return {{"dispenser", DispenserJson(questions.dispenser)},
-            {"mixes", questions.mixes},
-            {"demand", pattern == nullptr ? Json() : PatternJson(*pattern)},
-            {"seed", pattern == nullptr ? Json() : Json(questions.seed)},
-            {"runs", questions.runs},
-            {"deadline", DurationText(questions.deadline)}};
+    Json json = {{"dispenser", DispenserJson(questions.dispenser)},
+                 {"mixes", questions.mixes},
+                 {"demand", pattern == nullptr ? Json() : PatternJson(*pattern)},
+                 {"seed", questions.IsRecorded() ? Json() : Json(questions.seed)},
+                 {"runs", questions.runs},
+                 {"deadline", DurationText(questions.deadline)}};
+    if (const auto* days = std::get_if<RecordedDays>(&questions.demand)) {
+        json["resampled"] = days->Days();
+    }
+    return json;
 }
 
 Json SimulatedMixesJson(const SimulationReport& report) {

@@ -15,9 +15,9 @@ namespace qxmix {
 namespace {
 
 std::string Script() {
-    return std::string(kPlotsScript) + std::string(kSimModelScript) + std::string(kSimCurvesScript) +
-           std::string(kSimPanelsScript) + std::string(kSimTablesScript) +
-           std::string(kSimStartScript);
+    return std::string(kPlotsScript) + std::string(kSimModelScript) +
+           std::string(kSimCurvesScript) + std::string(kSimPanelsScript) +
+           std::string(kSimTablesScript) + std::string(kSimStartScript);
 }
 
 Json PageJson(const SimulationReport& report) {
@@ -59,10 +59,12 @@ Facts FactsOf(const SimulationReport& report) {
     const Demand& demand = report.answers.demand;
     const std::string firstDay = demand.calendar.FirstDayText();
     std::string source = "recorded" + (firstDay.empty() ? "" : " from " + firstDay + " on");
-    if (!questions.IsRecorded()) {
-        const auto& pattern = std::get<DemandPattern>(questions.demand);
-        source = Plural(pattern.days, "day") + ", " + std::to_string(pattern.perDay) +
+    if (const auto* pattern = std::get_if<DemandPattern>(&questions.demand)) {
+        source = Plural(pattern->days, "day") + ", " + std::to_string(pattern->perDay) +
                  " a day, drawn with seed " + std::to_string(questions.seed);
+    } else if (!questions.IsRecorded()) {
+        source = Plural(DaysOf(questions.demand), "recorded day") + ", drawn with seed " +
+                 std::to_string(questions.seed);
     }
     return {{"Withdrawals", std::to_string(demand.withdrawals.size()) + ", " + report.askedText +
                                 " asked; " + source},

@@ -5,6 +5,7 @@
 #include "text/TextList.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 namespace qxmix {
@@ -79,8 +80,7 @@ bool IsRefusal(Outcome outcome) {
 
 /// Who serves most, in two lines if it is long.
 std::string BestLine(const SimulationReport& report) {
-    const std::string best = BestText(report.rows) +
-                             WithdrawalsText(report.answers.demand.withdrawals.size()) +
+    const std::string best = BestText(report.rows) + WithdrawalsText(report.withdrawals) +
                              (report.questions.runs > 1 ? "," : "");
     const std::string demand = DemandText(report);
     const bool fits = best.size() + 1 + demand.size() <= kPlainWidth;
@@ -103,8 +103,8 @@ std::string DangerLine(const std::vector<SimulationRow>& rows) {
 std::vector<Finding> FindingsOf(const SimulationQuestions& questions,
                                 const SimulationAnswers& answers) {
     std::vector<Finding> findings = questions.Notes();
-    const std::string all =
-        WithdrawalsText(answers.demand.withdrawals.size() * answers.runs.size());
+    const std::string all = WithdrawalsText(
+        std::accumulate(answers.sizes.begin(), answers.sizes.end(), std::uint64_t{0}));
     for (std::size_t place = 0; place < questions.mixes.size(); ++place) {
         const auto count = [&answers, place](Outcome outcome) {
             std::uint64_t sum = 0;
@@ -171,6 +171,12 @@ ExitStatus ExitStatusOf(const SimulationAnswers& answers) {
     return highest;
 }
 
+/// Of an even count the lower of the two in the middle.
+std::uint64_t MedianOf(std::vector<std::size_t> sizes) {
+    std::sort(sizes.begin(), sizes.end());
+    return sizes[(sizes.size() - 1) / 2];
+}
+
 std::vector<Money> AskedSums(const Dispenser& dispenser, const Demand& demand) {
     std::vector<Money> sums(demand.currencies.size());
     for (const Withdrawal& withdrawal : demand.withdrawals) {
@@ -187,7 +193,7 @@ const char* PartWords(const OutcomeRow& row) {
 
 SimulationReport::SimulationReport(SimulationQuestions asking, SimulationAnswers came)
     : questions(std::move(asking)), answers(std::move(came)), rows(RankMixes(questions, answers)),
-      asked(AskedSums(questions.dispenser, answers.demand)),
+      asked(AskedSums(questions.dispenser, answers.demand)), withdrawals(MedianOf(answers.sizes)),
       askedText(AskedText(questions.dispenser, answers.demand, asked)), best(BestLine(*this)),
       danger(DangerLine(rows)), remarks(RemarksOn(*this)), findings(FindingsOf(questions, answers)),
       status(ExitStatusOf(answers)) {

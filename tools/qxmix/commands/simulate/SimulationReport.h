@@ -54,6 +54,7 @@ struct SimulationReport {
     SimulationAnswers answers;
     std::vector<SimulationRow> rows;  ///< the best mix first
     std::vector<Money> asked;         ///< of a mix in the first run, by currency of the demand
+    std::uint64_t withdrawals = 0;    ///< of a run; the median of all
     std::string askedText;            ///< "100060 EUR", or "100060 EUR and 300 USD"
     std::string best;                 ///< who serves most; in two lines if it is long
     std::string danger;               ///< who is not ranked; empty: all are

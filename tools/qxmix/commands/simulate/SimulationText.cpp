@@ -91,7 +91,7 @@ Table OneRunTable(const SimulationReport& report) {
         const std::string style = row.rank ? "" : RowOf(Outcome::Overpaid).terminalStyle;
         table.AddRow({{RankText(row), style},
                       {std::to_string(row.mix), style},
-                      ServedText(summary.Served(), report.answers.demand.withdrawals.size()),
+                      ServedText(summary.Served(), report.withdrawals),
                       DashForZero(summary.Refused()),
                       {DashForZero(summary.Dangerous()), style},
                       TenthsText(summary.TenthsPerWithdrawal()),
@@ -125,15 +125,15 @@ Table ManyRunsTable(const SimulationReport& report, bool hasEmpty) {
     table.AddRow(headings);
     for (const SimulationRow& row : report.rows) {
         const std::string style = row.rank ? "" : RowOf(Outcome::Overpaid).terminalStyle;
-        std::vector<Cell> cells = {
-            {RankText(row), style},
-            {std::to_string(row.mix), style},
-            ServedText(row.served.median, report.answers.demand.withdrawals.size()),
-            std::to_string(row.served.least) + "-" + std::to_string(row.served.most),
-            DashForZero(row.refused.median),
-            {DashForZero(row.dangerousRuns), style},
-            TenthsText(row.tenths.median),
-            TimeText(report, row.firstRefusal.median)};
+        std::vector<Cell> cells = {{RankText(row), style},
+                                   {std::to_string(row.mix), style},
+                                   ServedText(row.served.median, report.withdrawals),
+                                   std::to_string(row.served.least) + "-" +
+                                       std::to_string(row.served.most),
+                                   DashForZero(row.refused.median),
+                                   {DashForZero(row.dangerousRuns), style},
+                                   TenthsText(row.tenths.median),
+                                   TimeText(report, row.firstRefusal.median)};
         if (hasEmpty) {
             cells.emplace_back(TimeText(report, row.firstEmpty.median));
         }

@@ -162,6 +162,7 @@ std::string PageText(std::size_t withdrawals, std::size_t mixes) {
     SimulationAnswers answers;
     answers.demand = Withdrawals(withdrawals);
     answers.planned = withdrawals;
+    answers.sizes = {withdrawals};
     answers.runs.resize(1);
     for (std::size_t place = 0; place < mixes; ++place) {
         questions.mixes.push_back(static_cast<std::uint16_t>(place + 1));
