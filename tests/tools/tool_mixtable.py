@@ -15,6 +15,9 @@ DISPENSER = "EUR:100x30,50x30,20x2,2x50:coinDispenser"
 RANGE = ["--from", "2", "--to", "300", "--step", "2"]
 COUNTS = ("same", "notThere", "notPaid", "other", "missing")
 
+# A table is of one currency; what is drawn may have another one.
+IN_EURO = ("--currency", "EUR")
+
 
 def write_table(tool, dispenser, mix, file, words=()):
     status, _, errors = tool.run(["map", dispenser, "--mix", str(mix), "--output", file, *words])
@@ -31,7 +34,7 @@ def compare(tool, dispenser, mix, file, words=()):
 
 def paid_rows(tool, dispenser, cassettes, mix):
     """What the map's CSV says is paid exactly, by the worth of the notes."""
-    tool.run(["map", dispenser, "--mix", str(mix), "--output", "paid.csv"])
+    tool.run(["map", dispenser, "--mix", str(mix), "--output", "paid.csv", *IN_EURO])
     rows = {}
     for row in csv.DictReader(io.StringIO((tool.folder / "paid.csv").read_text())):
         if row["outcome"] == "paid":
@@ -61,13 +64,13 @@ def check_drawn(tool, checks):
         mix = draw.choice([1, 2, 3, 5, 6, 7, 8, 10])
         file = f"drawn-{number}.json"
         (tool.folder / file).write_text(json.dumps(dispenser))
-        table = json.loads(write_table(tool, file, mix, "drawn.mixtable.json"))
+        table = json.loads(write_table(tool, file, mix, "drawn.mixtable.json", IN_EURO))
         jsonschema.validate(table, schema)
         expected = paid_rows(tool, file, dispenser["cassettes"], mix)
         paid += len(expected)
         checks.equal(f"{file}: rows", rows_of_table(table), expected)
         checks.equal(f"{file}: mix", table["mixNumber"], mix)
-        write_table(tool, file, mix, "drawn.mixtable.csv")
+        write_table(tool, file, mix, "drawn.mixtable.csv", IN_EURO)
         for form in ("json", "csv"):
             status, answer = compare(tool, file, mix, f"drawn.mixtable.{form}")
             jsonschema.validate(answer, answers)
@@ -139,7 +142,7 @@ def check_not_paid(tool, checks):
 
 def check_cents(tool, checks):
     """Under a negative exponent the numbers are units of an amount; a coin is what it is worth."""
-    words = ["--from", "7000", "--to", "7200", "--step", "50"]
+    words = ["--currency", "CHF", "--from", "7000", "--to", "7200", "--step", "50"]
     table = json.loads(write_table(tool, "examples/rappen.json", 1, "cents.mixtable.json", words))
     checks.equal("header", table["mixHeader"], [5000, 2000, 50])
     checks.equal("row", rows_of_table(table)[7050], {5000: 1, 2000: 1, 50: 1})
@@ -189,7 +192,7 @@ def check_bad_input(tool, checks):
             "--output: a note of 5 in a mix table; expected multiples of the unit of an amount, 10",
         ("map", "EUR:1x10", "--mix", "1", "--to", "70000", "--output", "x.mixtable.csv"):
             "--output: 70000 amounts in a mix table; expected at most 65535, as with --to or --step",
-        ("map", "EUR:USD50x10", "--from", "10", "--to", "20", "--mix", "1", "--output",
+        ("map", "EUR:USD50x10", "--from", "10", "--to", "20", "--mix", "1", *IN_EURO, "--output",
          "x.mixtable.csv"): "--output: no note of EUR in a mix table; expected one",
         ("compare", "EUR:50x10", "EUR:50x10", "--table", "own.mixtable.json"):
             "B: given beside --table; expected one of them",

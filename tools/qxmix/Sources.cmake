@@ -206,6 +206,7 @@ set(qxmix_shared_sources
     sweeps/MapDifferences.cpp
     sweeps/MapQuestions.cpp
     sweeps/MapRow.cpp
+    sweeps/RangeJson.cpp
     tables/MixTable.cpp
     tables/MixTableFile.cpp
     tables/MixTableReader.cpp

@@ -31,7 +31,8 @@ TEST(DispenserReader, TakesAMillionButtons) {
     const std::string text =
         R"({"currency":"EUR","cassettes":[{"value":1,"count":1}],"amounts":{"buttons":[)" +
         buttons + "]}}";
-    EXPECT_EQ(ReadDispenser(ParseJson(text, "f"), Place("f")).amounts.buttons.size(), 1000000U);
+    EXPECT_EQ(ReadDispenser(ParseJson(text, "f"), Place("f")).AmountsTold().buttons.size(),
+              1000000U);
 }
 
 TEST(DispenserReader, FillsInEveryDefault) {
@@ -68,10 +69,10 @@ TEST(DispenserReader, ReadsEveryField) {
     EXPECT_TRUE(dispenser.partial);
     EXPECT_EQ(dispenser.mix, 9);
     EXPECT_EQ(dispenser.maxDispenseItems, 30);
-    EXPECT_EQ(dispenser.amounts.min, 5U);
-    EXPECT_EQ(dispenser.amounts.max, 7U);
-    EXPECT_EQ(dispenser.amounts.step, 2U);
-    EXPECT_EQ(dispenser.amounts.buttons, (std::vector<std::uint32_t>{6, 7}));
+    EXPECT_EQ(dispenser.AmountsTold().min, 5U);
+    EXPECT_EQ(dispenser.AmountsTold().max, 7U);
+    EXPECT_EQ(dispenser.AmountsTold().step, 2U);
+    EXPECT_EQ(dispenser.AmountsTold().buttons, (std::vector<std::uint32_t>{6, 7}));
     const Cassette& cassette = dispenser.cassettes.front();
     EXPECT_EQ(cassette.position, 3);
     EXPECT_EQ(cassette.type, 5);

@@ -164,7 +164,7 @@ TEST(AmountsWithDefaults, StayAmountsWhateverTheValues) {
 
 TEST(AmountsWithDefaults, KeepWhatTheFileSays) {
     Dispenser dispenser = ReadInlineDispenser("CHF:50x1");
-    dispenser.amounts.max = 75U;
+    dispenser.amounts["CHF"].max = 75U;
     EXPECT_EQ(AmountsWithDefaults(dispenser).max, 75U);
     EXPECT_EQ(AmountsWithDefaults(dispenser).min, 50U);
 }

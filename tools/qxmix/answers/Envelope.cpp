@@ -28,7 +28,7 @@ Envelope EnvelopeBy(const Asker& asker, const std::string& command) {
 }
 
 Json EnvelopeJson(const Envelope& envelope) {
-    return {{"format", "qxmix/answer/1"},
+    return {{"format", "qxmix/answer/" + std::to_string(envelope.version)},
             {"tool", kToolVersion},
             {"module", TextOrNull(envelope.module)},
             {"library", TextOrNull(envelope.library)},

@@ -14,10 +14,14 @@
 
 namespace qxmix {
 
+/// The form of an answer about several currencies of a dispenser.
+constexpr unsigned kVersionOfCurrencies = 2;
+
 /// The answer of a command as JSON (schema/answer.schema.json).
 struct Envelope {
-    std::string module;   ///< version that the module names; empty: it names none
-    std::string library;  ///< file name of the library; empty: none was needed
+    unsigned version = 1;  ///< of its form
+    std::string module;    ///< version that the module names; empty: it names none
+    std::string library;   ///< file name of the library; empty: none was needed
     std::string command;
     bool complete = true;  ///< false: Ctrl-C came before the end
     Json input = Json::object();

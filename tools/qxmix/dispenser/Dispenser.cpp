@@ -1,5 +1,7 @@
 #include "Dispenser.h"
 
+#include "OrderingRules.h"
+
 #include <algorithm>
 #include <numeric>
 
@@ -58,11 +60,49 @@ Amounts AmountsWithDefaults(const Dispenser& dispenser) {
     divisor = std::max<std::uint64_t>(divisor, 1);
     most = std::clamp<std::uint64_t>(most, 1, kMaxAmount);
 
-    Amounts amounts = dispenser.amounts;
+    Amounts amounts = dispenser.AmountsTold();
     amounts.min = amounts.min.value_or(static_cast<std::uint32_t>(divisor));
     amounts.step = amounts.step.value_or(static_cast<std::uint32_t>(divisor));
     amounts.max = amounts.max.value_or(static_cast<std::uint32_t>(most));
     return amounts;
+}
+
+const Amounts& Dispenser::AmountsTold() const {
+    static const Amounts none;
+    const auto told = amounts.find(currency);
+    return told == amounts.end() ? none : told->second;
+}
+
+bool Dispenser::HasAmountsByCurrency() const {
+    return tellsByCurrency || amounts.size() > amounts.count(currency);
+}
+
+std::vector<std::string> CurrenciesOf(const Dispenser& dispenser) {
+    std::vector<std::string> currencies = {dispenser.currency};
+    const auto add = [&currencies](const std::string& currency) {
+        if (std::count(currencies.begin(), currencies.end(), currency) == 0) {
+            currencies.push_back(currency);
+        }
+    };
+    for (const Cassette& cassette : dispenser.cassettes) {
+        if (Contains(kAlsoRecycling, cassette.type)) {
+            add(cassette.currency);
+        }
+    }
+    for (const auto& [currency, amounts] : dispenser.amounts) {
+        add(currency);
+    }
+    return currencies;
+}
+
+Dispenser InCurrency(Dispenser dispenser, const std::string& currency) {
+    dispenser.tellsByCurrency = dispenser.tellsByCurrency || currency != dispenser.currency;
+    dispenser.currency = currency;
+    return dispenser;
+}
+
+std::string AmountsPointer(const Dispenser& dispenser) {
+    return dispenser.HasAmountsByCurrency() ? "/amounts/" + dispenser.currency : "/amounts";
 }
 
 }  // namespace qxmix

@@ -58,8 +58,9 @@ struct Dispenser {
     std::int16_t exponent = 0;
     bool partial = false;
     std::uint16_t maxDispenseItems = 40;
-    std::optional<std::uint16_t> mix;  ///< 1 to 10
-    Amounts amounts;
+    std::optional<std::uint16_t> mix;        ///< 1 to 10
+    std::map<std::string, Amounts> amounts;  ///< by currency, of those that anybody told of
+    bool tellsByCurrency = false;            ///< the file has them so even if it has one
     std::vector<Cassette> cassettes;  ///< 1 to 6; none only for a captured request without any
     std::vector<StoredValue> registry;
     std::optional<Costs> costs;
@@ -68,6 +69,12 @@ struct Dispenser {
     std::map<std::string, std::string> accepted;
 
     std::uint16_t MixOrDefault() const { return mix.value_or(1); }
+
+    /// What was told of the amounts of `currency`; nothing else is filled in.
+    const Amounts& AmountsTold() const;
+
+    /// Whether what a file has of `amounts` stands there under currencies.
+    bool HasAmountsByCurrency() const;
 };
 
 /// A request has places for so many.
@@ -88,8 +95,19 @@ Money AskedMoney(const Dispenser& dispenser, std::uint32_t amount);
 /// Decimals of an amount of this dispenser: those behind the unit in which it is asked.
 unsigned AmountDecimals(const Dispenser& dispenser);
 
-/// The amounts with every default filled in: min and step the greatest common divisor of the
-/// values of the dispenser's currency in the unit of an amount, max ten times the largest.
+/// The amounts of the dispenser's currency with every default filled in: min and step the greatest
+/// common divisor of the values of that currency in the unit of an amount, max ten times the
+/// largest.
 Amounts AmountsWithDefaults(const Dispenser& dispenser);
+
+/// The currencies in which customers can ask: the dispenser's own, those of the cassettes that some
+/// mix may draw from, and those of its amounts.
+std::vector<std::string> CurrenciesOf(const Dispenser& dispenser);
+
+/// The same dispenser where amounts are asked in another of its currencies.
+Dispenser InCurrency(Dispenser dispenser, const std::string& currency);
+
+/// The field of the file that is about the amounts of the dispenser's currency: "/amounts/USD".
+std::string AmountsPointer(const Dispenser& dispenser);
 
 }  // namespace qxmix

@@ -13,11 +13,23 @@ Json CodeJson(std::uint16_t code, const UnitNames& names) {
     return name ? Json(*name) : Json(code);
 }
 
-Json AmountsJson(const Amounts& amounts) {
+Json AmountsOfCurrencyJson(const Dispenser& dispenser) {
+    const Amounts amounts = AmountsWithDefaults(dispenser);
     return {{"min", *amounts.min},
             {"max", *amounts.max},
             {"step", *amounts.step},
             {"buttons", amounts.buttons}};
+}
+
+Json AmountsJson(const Dispenser& dispenser) {
+    if (!dispenser.HasAmountsByCurrency()) {
+        return AmountsOfCurrencyJson(dispenser);
+    }
+    Json json = Json::object();
+    for (const std::string& currency : CurrenciesOf(dispenser)) {
+        json[currency] = AmountsOfCurrencyJson(InCurrency(dispenser, currency));
+    }
+    return json;
 }
 
 Json CostsJson(const Costs& costs) {
@@ -61,7 +73,7 @@ Json DispenserJson(const Dispenser& dispenser) {
     json["partial"] = dispenser.partial;
     json["maxDispenseItems"] = dispenser.maxDispenseItems;
     json["mix"] = dispenser.MixOrDefault();
-    json["amounts"] = AmountsJson(AmountsWithDefaults(dispenser));
+    json["amounts"] = AmountsJson(dispenser);
     json["cassettes"] = Json::array();
     for (const Cassette& cassette : dispenser.cassettes) {
         json["cassettes"].push_back(CassetteJson(cassette));

@@ -129,7 +129,7 @@ std::vector<std::uint32_t> ReadButtons(const Json& json, const Place& place) {
     return buttons;
 }
 
-Amounts ReadAmounts(const Json& json, const Place& place) {
+Amounts ReadAmountsOfCurrency(const Json& json, const Place& place) {
     const JsonFields fields(json, place, kAmountsFields, JsonFields::OwnFields::Refused);
     Amounts amounts;
     amounts.min = fields.Whole32("min", 1);
@@ -143,6 +143,30 @@ Amounts ReadAmounts(const Json& json, const Place& place) {
         amounts.buttons = ReadButtons(*buttons, place.Below("buttons"));
     }
     return amounts;
+}
+
+/// Reads what customers can ask: in the dispenser's currency, or in each of several.
+void ReadAmounts(const Json& json, const Place& place, Dispenser& dispenser) {
+    std::vector<std::string> currencies;
+    for (const auto& field : json.items()) {
+        if (json.is_object() && IsCurrency(field.key())) {
+            currencies.push_back(field.key());
+        }
+    }
+    dispenser.amounts.clear();
+    dispenser.tellsByCurrency = !currencies.empty();
+    if (currencies.empty()) {
+        dispenser.amounts[dispenser.currency] = ReadAmountsOfCurrency(json, place);
+        return;
+    }
+    for (const auto& field : json.items()) {
+        if (!IsCurrency(field.key())) {
+            throw place.Below(field.key())
+                .Error("not allowed beside " + currencies.front() + "; expected within it");
+        }
+        dispenser.amounts[field.key()] =
+            ReadAmountsOfCurrency(field.value(), place.Below(field.key()));
+    }
 }
 
 /// A finding's id: "QX205".
@@ -220,7 +244,7 @@ void ReadDispenserFields(const JsonFields& fields, Dispenser& dispenser) {
         dispenser.mix = static_cast<std::uint16_t>(*mix);
     }
     if (const Json* amounts = fields.Find("amounts")) {
-        dispenser.amounts = ReadAmounts(*amounts, fields.Here().Below("amounts"));
+        ReadAmounts(*amounts, fields.Here().Below("amounts"), dispenser);
     }
     if (const Json* cassettes = fields.Find("cassettes")) {
         dispenser.cassettes =

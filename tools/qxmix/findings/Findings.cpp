@@ -61,6 +61,11 @@ std::string FindingsText(const std::vector<Finding>& findings, bool quiet, const
     return text;
 }
 
+void TellCurrency(Finding& finding, const std::string& currency) {
+    finding.currency = currency;
+    finding.message = CurrencyMark(currency) + finding.message;
+}
+
 Json FindingJson(const Finding& finding) {
     Json json = {{"id", finding.id},
                  {"severity", RowOf(finding.severity).name},
@@ -70,6 +75,9 @@ Json FindingJson(const Finding& finding) {
                  {"advice", finding.advice.empty() ? Json() : Json(finding.advice)}};
     if (finding.isProved) {
         json["proved"] = *finding.isProved;
+    }
+    if (!finding.currency.empty()) {
+        json["currency"] = finding.currency;
     }
     return json;
 }

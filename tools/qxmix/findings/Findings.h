@@ -22,6 +22,7 @@ struct Finding {
     std::string message;
     std::string advice;            ///< empty: nothing to do
     std::optional<bool> isProved;  ///< QX402: whether it is known that no answer ever comes
+    std::string currency;          ///< asked when it was found; empty: there is one, or in all
 };
 
 /// Columns before the message of a finding.
@@ -39,6 +40,14 @@ std::string FindingsText(const std::vector<Finding>& findings, bool quiet, const
 ///
 /// @param place  whether the field that it is about is told, too.
 std::string FindingText(const Finding& finding, FindingPlace place, const Painter& painter);
+
+/// Has a finding tell in which of several currencies it was found.
+void TellCurrency(Finding& finding, const std::string& currency);
+
+/// What stands before a text that is about one of several currencies: "USD: ".
+inline std::string CurrencyMark(const std::string& currency) {
+    return currency + ": ";
+}
 
 Json FindingJson(const Finding& finding);
 Json FindingsJson(const std::vector<Finding>& findings);

@@ -100,6 +100,11 @@ void AddAskOptions(CLI::App& command, AskOptions& options, MixChoice choice) {
     }
 }
 
+void DescribeCurrencyOfEach(CLI::App& command) {
+    command.get_option("--currency")
+        ->description("currency of the amounts; without it all that the dispenser has");
+}
+
 std::uint32_t
 ParseAmount(const std::string& text, const std::string& option, const Dispenser& dispenser) {
     if (const auto amount = ParseWhole<std::uint32_t>(text)) {

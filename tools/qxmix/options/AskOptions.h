@@ -39,6 +39,9 @@ struct AskOptions {
 
 void AddAskOptions(CLI::App& command, AskOptions& options);
 
+/// Says of --currency that without it a dispenser is asked in all of its currencies.
+void DescribeCurrencyOfEach(CLI::App& command);
+
 /// Reads an amount in the unit of this dispenser's amounts.
 ///
 /// @throw InputError that says what to write instead when the text is an amount of money.

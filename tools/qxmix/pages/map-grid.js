@@ -19,7 +19,7 @@ function zoomLevels() {
     return levels.concat([6, 9, 11, 13, 15, 18, 22, 26].map((width) => ({ stretch: 1, width })));
 }
 
-const levels = zoomLevels();
+let levels = zoomLevels();
 const view = { level: 0, first: 0, behind: 0, row: 0, column: 0, hasFocus: false };
 
 function level() {

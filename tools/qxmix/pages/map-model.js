@@ -1,6 +1,10 @@
-// The rows of the map, taken out of the answer.
-const amounts = answer.result.amounts;
+// The rows of the map in the currency that is shown, taken out of the answer.
+const maps = answer.result.currencies || [answer.result];
 const CHECKPOINT = 256;
+let shownMap = 0;
+let amounts = null;
+let rows = [];
+let amountCount = 0;
 
 function amountAt(index) {
     return amounts.min + index * amounts.step;
@@ -87,8 +91,16 @@ class MixRow {
     }
 }
 
-const rows = answer.result.mixes.map((row) => new MixRow(row));
-const amountCount = rows.length === 0 ? 0 : rows[0].size;
+/** Takes the map in one of the currencies. */
+function takeCurrency(index) {
+    shownMap = index;
+    currency = maps[index].currency || dispenser.currency;
+    amounts = maps[index].amounts;
+    rows = maps[index].mixes.map((row) => new MixRow(row));
+    amountCount = rows.length === 0 ? 0 : rows[0].size;
+}
+
+takeCurrency(0);
 
 /** What became of an amount, for people: three lines. */
 function describe(row, index) {

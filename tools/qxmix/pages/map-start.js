@@ -1,9 +1,27 @@
-showSummary();
-makeFilters();
-showRuns();
-keepHeight(details, longestDetails());
-zoomTo(firstLevel());
-showFirstDanger();
+function beginMap() {
+    showSummary();
+    makeOutcomeFilters();
+    showRuns();
+    keepHeight(details, longestDetails());
+    zoomTo(firstLevel());
+    showFirstDanger();
+}
+
+/** Shows the map in another currency, from its beginning. */
+function showCurrency(index) {
+    takeCurrency(index);
+    levels = zoomLevels();
+    Object.assign(view, { level: 0, first: 0, behind: 0, row: 0, column: 0, hasFocus: false });
+    scroller.scrollLeft = 0;
+    ["what", "items", "said"].forEach((id) => {
+        root.getElementById(id).textContent = "";
+    });
+    beginMap();
+}
+
+makeMixFilters();
+makeCurrencies();
+beginMap();
 
 let pointer = "";
 map.addEventListener("pointermove", (event) => {

@@ -26,11 +26,17 @@ function onFilter(hidden, item, isShown) {
     showRuns();
 }
 
-function makeFilters() {
+function makeMixFilters() {
     for (const row of rows) {
         addFilter(root.getElementById("mixes"), "mix-" + row.mix, [String(row.mix)],
             (isShown) => onFilter(hiddenMixes, row.mix, isShown));
     }
+}
+
+/** The outcomes of the currency that is shown, none of them hidden. */
+function makeOutcomeFilters() {
+    hiddenOutcomes.clear();
+    root.getElementById("outcomes").querySelectorAll("label").forEach((label) => label.remove());
     for (const { outcome, index } of seenOutcomes()) {
         const count = element("output");
         count.id = "count-" + outcome.name;
@@ -116,15 +122,15 @@ function worstOfStretches(row, stretch) {
     return worst;
 }
 
-/** The map as sheets: a line for ten letters, a column for each mix that is shown. */
-function makePaper() {
+/** A map as sheets: a line for ten letters, a column for each mix that is shown. */
+function sheets() {
     const stretch = Math.max(1, Math.ceil(amountCount / MOST_PRINTED));
     const shown = shownRows();
     const letters = shown.map((row) => worstOfStretches(row, stretch));
     const table = element("table");
     fillTable(table, "Ten letters from the amount on" +
         (stretch > 1 ? ", each the worst of " + stretch + " amounts" : ""),
-        [dispenser.currency + "#"].concat(shown.map((row) => "mix " + row.mix)), []);
+        [currency + "#"].concat(shown.map((row) => "mix " + row.mix)), []);
     const size = letters.length === 0 ? 0 : letters[0].length;
     for (let first = 0; first < size; first += PRINTED_GROUP) {
         const line = element("tr");
@@ -137,5 +143,38 @@ function makePaper() {
     for (const { outcome } of seenOutcomes()) {
         legend.append(key(outcome), " " + outcome.words + "   ");
     }
-    root.getElementById("paper").replaceChildren(element("h2", "Map"), legend, table);
+    return [element("h2", maps.length === 1 ? "Map" : "Map, " + currency), legend, table];
+}
+
+/** The maps of all currencies for the printer. */
+function makePaper() {
+    const kept = shownMap;
+    const parts = maps.flatMap((_, index) => {
+        takeCurrency(index);
+        return sheets();
+    });
+    takeCurrency(kept);
+    root.getElementById("paper").replaceChildren(...parts);
+}
+
+/** The choice among several currencies. */
+function makeCurrencies() {
+    if (maps.length === 1) {
+        return;
+    }
+    const fieldset = element("fieldset");
+    fieldset.id = "currencies";
+    fieldset.append(element("legend", "Currency"));
+    maps.forEach((one, index) => {
+        const label = element("label");
+        const button = element("input");
+        button.type = "radio";
+        button.name = "currency";
+        button.id = "currency-" + one.currency;
+        button.checked = index === shownMap;
+        button.addEventListener("change", () => showCurrency(index));
+        label.append(button, one.currency);
+        fieldset.append(label);
+    });
+    root.getElementById("controls").prepend(fieldset);
 }

@@ -28,6 +28,9 @@ function moneyText(digits, decimals, atLeast) {
     return decimals === 0 ? text : text.slice(0, point) + "." + text.slice(point);
 }
 
+// The currency that is shown, of those that were asked.
+let currency = dispenser.currency;
+
 const amountDecimals = Math.max(0, -dispenser.exponent);
 
 function askedText(amount) {
@@ -37,7 +40,7 @@ function askedText(amount) {
 }
 
 function withCurrency(text) {
-    return text + " " + dispenser.currency;
+    return text + " " + currency;
 }
 
 /** "100ms" as people read it: "100 ms". */

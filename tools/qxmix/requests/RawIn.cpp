@@ -41,4 +41,18 @@ Dispenser DispenserAsked(const std::string& name, const std::string& rawIn, cons
     return dispenser;
 }
 
+std::vector<Dispenser>
+InEachCurrency(const std::string& name, const std::string& rawIn, const AskOptions& ask) {
+    const Dispenser dispenser = DispenserAsked(name, rawIn, ask);
+    std::vector<Dispenser> each = {dispenser};
+    if (!ask.currency && rawIn.empty()) {
+        for (const std::string& currency : CurrenciesOf(dispenser)) {
+            if (currency != dispenser.currency) {
+                each.push_back(InCurrency(dispenser, currency));
+            }
+        }
+    }
+    return each;
+}
+
 }  // namespace qxmix

@@ -6,6 +6,7 @@
 #include "options/Parser.h"
 
 #include <string>
+#include <vector>
 
 namespace qxmix {
 
@@ -29,5 +30,12 @@ RawQuestion OpenRaw(const std::string& file, const std::string& known);
 ///
 /// @throw InputError
 Dispenser DispenserAsked(const std::string& name, const std::string& rawIn, const AskOptions& ask);
+
+/// The same for each currency that is asked: all of the dispenser's, its own first, unless one is
+/// named with --currency or by a captured request.
+///
+/// @throw InputError
+std::vector<Dispenser>
+InEachCurrency(const std::string& name, const std::string& rawIn, const AskOptions& ask);
 
 }  // namespace qxmix

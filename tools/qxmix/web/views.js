@@ -38,9 +38,13 @@ class View {
 function openMap(root, answer, page, lifetime) {
 {{mapScripts}}
     return {
-        state: () => ({ level: level(), left: scroller.scrollLeft, mixes: [...hiddenMixes],
+        state: () => ({ currency, level: level(), left: scroller.scrollLeft, mixes: [...hiddenMixes],
             outcomes: [...hiddenOutcomes].map((index) => outcomes[index].name) }),
         restore: (kept) => {
+            const chosen = root.getElementById("currency-" + kept.currency);
+            if (chosen !== null) {
+                chosen.click();
+            }
             const ids = kept.mixes.map((mix) => "mix-" + mix)
                 .concat(kept.outcomes.map((name) => "outcome-" + name));
             ids.map((id) => root.getElementById(id)).filter((box) => box !== null)

@@ -142,10 +142,11 @@ AmountRange CompareCommand::RangeOf(const CompareQuestions& questions) const {
     const Amounts a = AmountsWithDefaults(questions.a.dispenser);
     const Amounts b = AmountsWithDefaults(questions.b.dispenser);
     Dispenser either = questions.a.dispenser;
-    either.amounts.min = std::min(*a.min, *b.min);
-    either.amounts.max = std::max(*a.max, *b.max);
-    const std::uint32_t apart = std::max(*a.min, *b.min) - *either.amounts.min;
-    either.amounts.step = std::gcd(std::gcd(*a.step, *b.step), apart);
+    Amounts& amounts = either.amounts[either.currency];
+    amounts.min = std::min(*a.min, *b.min);
+    amounts.max = std::max(*a.max, *b.max);
+    const std::uint32_t apart = std::max(*a.min, *b.min) - *amounts.min;
+    amounts.step = std::gcd(std::gcd(*a.step, *b.step), apart);
     return range_.RangeOf(either);
 }
 

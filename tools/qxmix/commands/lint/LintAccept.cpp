@@ -12,12 +12,16 @@ namespace qxmix {
 namespace {
 
 /// What makes a finding the same as an earlier one; its message tells numbers that may change.
-std::string KeyOf(const std::string& id, const std::string& mix, const std::string& pointer) {
-    return id + " " + mix + " " + pointer;
+std::string KeyOf(const std::string& id,
+                  const std::string& mix,
+                  const std::string& pointer,
+                  const std::string& currency) {
+    return id + " " + mix + " " + pointer + " " + currency;
 }
 
-std::string KeyOf(const LintFinding& finding) {
-    return KeyOf(finding.id, finding.mix ? std::to_string(*finding.mix) : "", finding.pointer);
+std::string KeyOf(const LintFinding& finding, const std::string& currency) {
+    return KeyOf(finding.id, finding.mix ? std::to_string(*finding.mix) : "", finding.pointer,
+                 currency);
 }
 
 std::string TextAt(const Json& object, const char* name) {
@@ -34,7 +38,7 @@ std::set<std::string> KeysOf(const Json& element) {
         for (const Json& finding : *findings) {
             if (finding.is_object()) {
                 keys.insert(KeyOf(TextAt(finding, "id"), TextAt(finding, "mix"),
-                                  TextAt(finding, "pointer")));
+                                  TextAt(finding, "pointer"), TextAt(finding, "currency")));
             }
         }
     }
@@ -92,10 +96,21 @@ LintBaseline::LintBaseline(const std::string& file, bool isMany) {
     }
 }
 
-void LintBaseline::Accept(const std::string& dispenser, std::vector<LintFinding>& findings) const {
-    const auto keys = known_.find(isOfMany_ ? dispenser : "");
+void LintBaseline::Accept(const std::string& dispenser,
+                          const std::string& currency,
+                          std::vector<LintFinding>& findings) const {
+    const auto known = known_.find(isOfMany_ ? dispenser : "");
+    if (known == known_.end()) {
+        return;
+    }
+    const auto has = [&known](const LintFinding& finding, const std::string& told) {
+        return known->second.count(KeyOf(finding, told)) != 0;
+    };
     for (LintFinding& finding : findings) {
-        if (keys != known_.end() && !finding.accepted && keys->second.count(KeyOf(finding)) != 0) {
+        const bool isOwn = finding.currency.empty() || finding.currency == currency;
+        const bool isKnown =
+            isOwn ? has(finding, "") || has(finding, currency) : has(finding, finding.currency);
+        if (isKnown && !finding.accepted) {
             finding.accepted = "found before";
         }
     }

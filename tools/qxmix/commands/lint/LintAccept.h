@@ -27,7 +27,10 @@ public:
     /// Marks those that were found before.
     ///
     /// @param dispenser  as it is named now.
-    void Accept(const std::string& dispenser, std::vector<LintFinding>& findings) const;
+    /// @param currency   its own: that of a finding that tells none, then and now.
+    void Accept(const std::string& dispenser,
+                const std::string& currency,
+                std::vector<LintFinding>& findings) const;
 
 private:
     using Keys = std::set<std::string>;

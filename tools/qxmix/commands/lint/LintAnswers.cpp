@@ -37,8 +37,8 @@ void CompareWithOwnModule(LintCase& lint, const OpenOrder& order) {
 }  // namespace
 
 std::vector<std::uint32_t> AmountsAndButtons(const MapQuestions& range) {
-    std::set<std::uint32_t> amounts(range.dispenser.amounts.buttons.begin(),
-                                    range.dispenser.amounts.buttons.end());
+    const std::vector<std::uint32_t>& buttons = range.dispenser.AmountsTold().buttons;
+    std::set<std::uint32_t> amounts(buttons.begin(), buttons.end());
     for (std::uint64_t index = 0; index < range.AmountCount(); ++index) {
         amounts.insert(range.Amount(index));
     }
@@ -55,6 +55,7 @@ LintCase AskLint(const LintQuestions& questions,
     lint.registry = questions.registry;
     lint.registryFile = questions.registryFile;
     lint.isRangeNamed = questions.isRangeNamed;
+    lint.currencies = questions.currencies;
     lint.taken = asker.Open();
     lint.slow = questions.slow;
     AddMixes(lint);

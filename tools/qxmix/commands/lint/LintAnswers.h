@@ -13,6 +13,7 @@ struct LintQuestions {
     std::string registryFile;  ///< as named; empty: it stands in the dispenser file
     bool isRangeNamed = true;  ///< whether the file or the options name the amounts
     Milliseconds slow{20};
+    std::vector<std::string> currencies;  ///< all that are asked, this one among them
 };
 
 /// The amounts in steps and those of the buttons, in order, each once.

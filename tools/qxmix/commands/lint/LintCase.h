@@ -52,7 +52,7 @@ struct PayersOfAmount {
     std::set<std::uint16_t> dangerous;
 };
 
-/// A dispenser with everything that the rules look at.
+/// A dispenser in one currency with everything that the rules look at.
 struct LintCase {
     MapQuestions questions;    ///< the dispenser, its mixes, and the amounts asked, in order
     std::string registry;      ///< what the module reads, as the text of a registry file
@@ -67,11 +67,32 @@ struct LintCase {
     std::string lastCode;           ///< error code written last, the amounts in order; empty: none
     std::uint64_t amountCount = 0;  ///< amounts that are done with
 
+    std::vector<std::string> currencies;  ///< all that are asked, this one among them; or it alone
+
     const Dispenser& TheDispenser() const { return questions.dispenser; }
+
+    bool IsOneOfSeveral() const { return currencies.size() > 1; }
+
+    bool IsFirst() const {
+        return !IsOneOfSeveral() || TheDispenser().currency == currencies.front();
+    }
+
+    /// Whether it is here that a cassette is told of: once, and in its own currency if that is
+    /// asked.
+    bool TellsOf(const Cassette& cassette) const {
+        const bool isAsked =
+            std::count(currencies.begin(), currencies.end(), cassette.currency) != 0;
+        return !IsOneOfSeveral() ||
+               (isAsked ? cassette.currency == TheDispenser().currency : IsFirst());
+    }
 
     /// Whether a mix missed so many deadlines that the rest was not asked.
     bool IsGivenUp(const LintMix& mix) const { return mix.row.Size() < amountCount; }
 };
+
+/// A dispenser in every currency that it was asked in, in their order, one at least: after Ctrl-C
+/// the last of them is not complete.
+using LintCases = std::vector<LintCase>;
 
 /// One answer of a mix, as rules look at it.
 struct LintAnswer {

@@ -114,7 +114,8 @@ void CheckPositionUse(const LintCase& lint, LintReport& report) {
 void CheckTypesOfOneNote(const LintCase& lint, LintReport& report) {
     const std::vector<Cassette>& cassettes = lint.TheDispenser().cassettes;
     for (std::size_t index = 0; index < cassettes.size(); ++index) {
-        if (const auto other = OtherType(lint, index)) {
+        const auto other = OtherType(lint, index);
+        if (other && lint.TellsOf(cassettes[index])) {
             report.Add(CassettePointer(index, "type"),
                        NoteText(cassettes[index]) + " is " +
                            TypeNames().Text(cassettes[index].type) + " here, " +
@@ -126,12 +127,14 @@ void CheckTypesOfOneNote(const LintCase& lint, LintReport& report) {
 
 void CheckCurrencies(const LintCase& lint, LintReport& report) {
     const std::vector<Cassette>& cassettes = lint.TheDispenser().cassettes;
-    if (std::all_of(cassettes.begin(), cassettes.end(),
-                    [&lint](const Cassette& cassette) { return IsForeign(lint, cassette); })) {
+    const bool areAll =
+        std::all_of(cassettes.begin(), cassettes.end(),
+                    [&lint](const Cassette& cassette) { return IsForeign(lint, cassette); });
+    if (areAll) {
         report.Become(Severity::Error);
     }
     for (std::size_t index = 0; index < cassettes.size(); ++index) {
-        if (IsForeign(lint, cassettes[index])) {
+        if (IsForeign(lint, cassettes[index]) && (areAll || lint.TellsOf(cassettes[index]))) {
             report.Add(CassettePointer(index, "currency"), cassettes[index].currency + " is not " +
                                                                lint.TheDispenser().currency +
                                                                ": passed over in silence");
@@ -143,6 +146,9 @@ void CheckDrawable(const LintCase& lint, LintReport& report) {
     const std::vector<Cassette>& cassettes = lint.TheDispenser().cassettes;
     for (std::size_t index = 0; index < cassettes.size(); ++index) {
         const Cassette& cassette = cassettes[index];
+        if (!lint.TellsOf(cassette)) {
+            continue;
+        }
         report.Add(CassettePointer(index, "type"),
                    TypeNames().Text(cassette.type) + " is never drawn from",
                    MixesThatDrop(lint, index, Dropped::Type));

@@ -12,6 +12,7 @@
 #include "requests/RawIn.h"
 #include "terminal/Progress.h"
 #include "text/Duration.h"
+#include "workers/ProgressInTurn.h"
 
 #include <CLI/App.hpp>
 #include <algorithm>
@@ -39,18 +40,32 @@ void WriteLintForm(OutputForm form,
 }
 
 /// The worst of what was found and of what the module did.
-ExitStatus StatusOf(const LintCase& lint, const std::vector<LintFinding>& findings) {
-    if (!lint.isComplete) {
+ExitStatus StatusOf(const LintCases& cases, const std::vector<LintFinding>& findings) {
+    if (!cases.back().isComplete) {
         return ExitStatus::Interrupted;
     }
     ExitStatus status = ExitStatus::Well;
     for (const LintFinding& finding : findings) {
         status = finding.accepted ? status : std::max(status, ExitStatusOf(finding.severity));
     }
-    const bool hasCrashed = std::any_of(lint.mixes.begin(), lint.mixes.end(), [](const auto& mix) {
-        return mix.row.Count(Outcome::Crashed) > 0;
-    });
-    return hasCrashed ? ExitStatus::CannotWork : status;
+    return CrashLines(cases).empty() ? status : ExitStatus::CannotWork;
+}
+
+/// The error code written last, the currencies and their amounts in order.
+std::string LastCode(const LintCases& cases) {
+    std::string code;
+    for (const LintCase& lint : cases) {
+        code = lint.lastCode.empty() ? code : lint.lastCode;
+    }
+    return code;
+}
+
+std::uint64_t CellCount(const std::vector<LintQuestions>& questions) {
+    std::uint64_t count = 0;
+    for (const LintQuestions& one : questions) {
+        count += one.map.CellCount();
+    }
+    return count;
 }
 
 }  // namespace
@@ -70,6 +85,7 @@ void LintCommand::AddOptions(CLI::App& command) {
     AddRawInOption(command, rawIn_);
     AddAmountRangeOptions(command, range_);
     AddAskOptions(command, ask_);
+    DescribeCurrencyOfEach(command);
     AddDurationOption(
         command, "--slow", [this](Milliseconds slow) { slow_ = slow; },
         "answers that take longer are reported; 20ms unless given");
@@ -91,49 +107,60 @@ ExitStatus LintCommand::Run(const CommonOptions& options) {
 }
 
 LintCommand::Linted LintCommand::Lint(const std::string& dispenser,
-                                      LintQuestions& questions,
+                                      std::vector<LintQuestions>& questions,
                                       AskedModule& module,
                                       const LintSetting& setting,
                                       const ProgressListener& listen) {
-    questions.registry = module.order.registry;
     Linted linted;
-    linted.lint = AskLint(questions, module.order, module.asker, setting.options.Trace(), listen);
-    linted.findings = CheckAll(linted.lint);
-    if (linted.lint.isComplete) {
-        AcceptFindings(linted.lint.TheDispenser(), linted.findings);
-        setting.baseline.Accept(dispenser, linted.findings);
+    ProgressInTurn progress(listen);
+    for (LintQuestions& one : questions) {
+        one.registry = module.order.registry;
+        // Of the registry the module has taken what it reads.
+        one.map.dispenser.registry = questions.front().map.dispenser.registry;
+        linted.cases.push_back(
+            AskLint(one, module.order, module.asker, setting.options.Trace(), progress.Next()));
+        if (!linted.cases.back().isComplete) {
+            break;
+        }
     }
-    linted.status = StatusOf(linted.lint, linted.findings);
+    linted.findings = CheckAll(linted.cases);
+    if (linted.cases.back().isComplete) {
+        const Dispenser& asked = linted.cases.front().TheDispenser();
+        AcceptFindings(asked, linted.findings);
+        setting.baseline.Accept(dispenser, asked.currency, linted.findings);
+    }
+    linted.status = StatusOf(linted.cases, linted.findings);
     return linted;
 }
 
 ExitStatus LintCommand::RunOne(const CommonOptions& options, const LintBaseline& baseline) const {
     const std::string name = dispensers_.One();
-    LintQuestions questions = Prepare(name, options);
-    AskedModule module(options.Library(), options, questions.map.dispenser);
+    std::vector<LintQuestions> questions = Prepare(name, options);
+    AskedModule module(options.Library(), options, questions.front().map.dispenser);
     module.Open();
-    Progress progress(Info().name, questions.map.CellCount(), options.quiet);
+    Progress progress(Info().name, CellCount(questions), options.quiet);
     const Linted linted = Lint(name, questions, module, {options, baseline},
                                [&progress](const WorkProgress& now) { progress.Show(now); });
     progress.Wipe();
     Envelope envelope = EnvelopeBy(module.asker, Info().name);
-    envelope.complete = linted.lint.isComplete;
-    envelope.input = LintInputJson(linted.lint);
+    envelope.complete = linted.cases.back().isComplete;
+    envelope.version = questions.size() > 1 ? kVersionOfCurrencies : envelope.version;
+    envelope.input = LintInputJson(linted.cases);
     envelope.result = LintResultJson(linted.findings);
     envelope.exitStatus = linted.status;
     LintFleet fleet;
     LintFleetReport report =
-        ReportOf(name.empty() ? rawIn_ : name, linted.lint, linted.findings, linted.status, false);
+        ReportOf(name.empty() ? rawIn_ : name, linted.cases, linted.findings, linted.status, false);
     if (rawIn_.empty()) {
         AddPlaces(report);
     }
     fleet.Keep(report);
-    fleet.isComplete = linted.lint.isComplete;
+    fleet.isComplete = envelope.complete;
     output_.WriteParts(
         options,
         [&](OutputForm form, const Painter& painter, const TakePart& take) {
             if (form == OutputForm::TextFile) {
-                take(LintText(linted.lint, linted.findings, options.quiet, tellsAll_, painter));
+                take(LintText(linted.cases, linted.findings, options.quiet, tellsAll_, painter));
             } else if (form == OutputForm::JsonFile) {
                 take(EnvelopeText(envelope));
             } else if (form == OutputForm::Page) {
@@ -142,7 +169,7 @@ ExitStatus LintCommand::RunOne(const CommonOptions& options, const LintBaseline&
                 WriteLintForm(form, fleet, envelope, take);
             }
         },
-        WithErrorCode(module.asker.Registry(), linted.lint.lastCode));
+        WithErrorCode(module.asker.Registry(), LastCode(linted.cases)));
     return linted.status;
 }
 
@@ -196,14 +223,16 @@ std::string LintCommand::ReportBytes(const std::string& dispenser,
     const CommonOptions& options = setting.options;
     LintFleetReport report;
     try {
-        LintQuestions questions = Prepare(dispenser, options);
-        questions.map.jobs = 1;  // there is a worker for each core already
-        AskedModule module(options.Library(), options, questions.map.dispenser, here);
+        std::vector<LintQuestions> questions = Prepare(dispenser, options);
+        for (LintQuestions& one : questions) {
+            one.map.jobs = 1;  // there is a worker for each core already
+        }
+        AskedModule module(options.Library(), options, questions.front().map.dispenser, here);
         const Linted linted =
             Lint(dispenser, questions, module, setting, [](const WorkProgress&) {});
-        report = ReportOf(dispenser, linted.lint, linted.findings, linted.status, options.quiet);
+        report = ReportOf(dispenser, linted.cases, linted.findings, linted.status, options.quiet);
         if (tellsAll_) {
-            report.text = LintText(linted.lint, linted.findings, options.quiet, true, painter);
+            report.text = LintText(linted.cases, linted.findings, options.quiet, true, painter);
         }
     } catch (const ToolError& error) {
         report = ReportOf(dispenser, error);
@@ -212,11 +241,25 @@ std::string LintCommand::ReportBytes(const std::string& dispenser,
     return ToBytes(report);
 }
 
-LintQuestions LintCommand::Prepare(const std::string& dispenser,
-                                   const CommonOptions& options) const {
+std::vector<LintQuestions> LintCommand::Prepare(const std::string& dispenser,
+                                                const CommonOptions& options) const {
+    std::vector<LintQuestions> questions;
+    std::vector<std::string> currencies;
+    for (const Dispenser& asked : InEachCurrency(dispenser, rawIn_, ask_)) {
+        questions.push_back(PrepareOne(asked, options));
+        currencies.push_back(asked.currency);
+    }
+    for (LintQuestions& one : questions) {
+        one.currencies = currencies;
+    }
+    return questions;
+}
+
+LintQuestions LintCommand::PrepareOne(const Dispenser& dispenser,
+                                      const CommonOptions& options) const {
     LintQuestions questions;
     MapQuestions& map = questions.map;
-    map.dispenser = DispenserAsked(dispenser, rawIn_, ask_);
+    map.dispenser = dispenser;
     map.mixes = map.dispenser.mix ? ask_.Mixes(map.dispenser) : ask_.MixesOrAll(map.dispenser);
     const AmountRange range = range_.RangeOf(map.dispenser);
     map.from = range.from;
@@ -228,7 +271,7 @@ LintQuestions LintCommand::Prepare(const std::string& dispenser,
     map.jobs = jobs_.Count();
     questions.slow = slow_.value_or(questions.slow);
     questions.registryFile = options.registry;
-    const Amounts& named = map.dispenser.amounts;
+    const Amounts& named = map.dispenser.AmountsTold();
     questions.isRangeNamed = named.min || named.max || named.step || range_.IsNamed();
     return questions;
 }

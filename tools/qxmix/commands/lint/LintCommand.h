@@ -27,7 +27,7 @@ public:
 private:
     /// What was asked of one dispenser, and what is wrong with it.
     struct Linted {
-        LintCase lint;
+        LintCases cases;
         std::vector<LintFinding> findings;
         ExitStatus status;
     };
@@ -38,9 +38,11 @@ private:
         const LintBaseline& baseline;
     };
 
-    LintQuestions Prepare(const std::string& dispenser, const CommonOptions& options) const;
+    std::vector<LintQuestions> Prepare(const std::string& dispenser,
+                                       const CommonOptions& options) const;
+    LintQuestions PrepareOne(const Dispenser& dispenser, const CommonOptions& options) const;
     static Linted Lint(const std::string& dispenser,
-                       LintQuestions& questions,
+                       std::vector<LintQuestions>& questions,
                        AskedModule& module,
                        const LintSetting& setting,
                        const ProgressListener& listen);

@@ -26,7 +26,7 @@ std::string FirstLine(const std::vector<LintFinding>& told) {
 }  // namespace
 
 LintFleetReport ReportOf(const std::string& file,
-                         const LintCase& lint,
+                         const LintCases& cases,
                          const std::vector<LintFinding>& findings,
                          ExitStatus status,
                          bool isQuiet) {
@@ -39,7 +39,7 @@ LintFleetReport ReportOf(const std::string& file,
         ++report.row.told[static_cast<std::size_t>(finding.severity)];
     }
     report.row.accepted = static_cast<std::uint32_t>(ToldFindings(findings, isQuiet, true).size());
-    const std::vector<std::string> crashes = CrashLines(lint);
+    const std::vector<std::string> crashes = CrashLines(cases);
     report.row.first = crashes.empty() ? FirstLine(told) : crashes.front();
     Json json = FleetElement(file, status);
     json.update(LintResultJson(findings));

@@ -41,7 +41,7 @@ struct LintFleetReport {
 
 /// @param isQuiet  leaves the notes out for people.
 LintFleetReport ReportOf(const std::string& file,
-                         const LintCase& lint,
+                         const LintCases& cases,
                          const std::vector<LintFinding>& findings,
                          ExitStatus status,
                          bool isQuiet);

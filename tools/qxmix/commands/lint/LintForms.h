@@ -20,20 +20,20 @@ std::vector<LintFinding>
 ToldFindings(const std::vector<LintFinding>& findings, bool quiet, bool isAccepted);
 
 /// "mix 4 crashes on 2 amounts": what the module did beside answering, a line a mix.
-std::vector<std::string> CrashLines(const LintCase& lint);
+std::vector<std::string> CrashLines(const LintCases& cases);
 
 /// What was found, for people.
 ///
 /// @param quiet   leaves the notes out.
 /// @param hasAll  tells of accepted findings more than their number.
-std::string LintText(const LintCase& lint,
+std::string LintText(const LintCases& cases,
                      const std::vector<LintFinding>& findings,
                      bool quiet,
                      bool hasAll,
                      const Painter& painter);
 
 /// What was asked, as the envelope holds it.
-Json LintInputJson(const LintCase& lint);
+Json LintInputJson(const LintCases& cases);
 
 /// What was found, as the result of the envelope.
 Json LintResultJson(const std::vector<LintFinding>& findings);

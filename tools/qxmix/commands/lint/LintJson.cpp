@@ -2,6 +2,7 @@
 
 #include "dispenser/DispenserJson.h"
 #include "json/Json.h"
+#include "sweeps/RangeJson.h"
 #include "text/Duration.h"
 
 namespace qxmix {
@@ -17,14 +18,20 @@ Json AmountsJson(const std::optional<LintAmounts>& amounts) {
 
 }  // namespace
 
-Json LintInputJson(const LintCase& lint) {
-    return {{"dispenser", DispenserJson(lint.TheDispenser())},
-            {"mixes", lint.questions.mixes},
-            {"from", lint.questions.from},
-            {"to", lint.questions.to},
-            {"step", lint.questions.step},
-            {"slow", DurationText(lint.slow)},
-            {"deadline", DurationText(lint.questions.deadline)}};
+Json LintInputJson(const LintCases& cases) {
+    const LintCase& lint = cases.front();
+    Json json = {{"dispenser", DispenserJson(lint.TheDispenser())},
+                 {"mixes", lint.questions.mixes}};
+    if (!lint.IsOneOfSeveral()) {
+        json.update(RangeJson(lint.questions));
+    } else {
+        for (const LintCase& one : cases) {
+            json["currencies"].push_back(RangeOfCurrencyJson(one.questions));
+        }
+    }
+    json["slow"] = DurationText(lint.slow);
+    json["deadline"] = DurationText(lint.questions.deadline);
+    return json;
 }
 
 Json LintResultJson(const std::vector<LintFinding>& findings) {

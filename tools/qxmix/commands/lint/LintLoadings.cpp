@@ -103,7 +103,10 @@ NewCassettes(const Dispenser& dispenser, const LintMix& mix, std::uint32_t most)
 }
 
 /// Whether nothing is lost with a cassette: it shares its unit, or the mix does not use that.
-bool IsSpare(const LintMix& mix, std::size_t cassette) {
+bool IsSpare(const LintCase& lint, const LintMix& mix, std::size_t cassette) {
+    if (!lint.TellsOf(lint.TheDispenser().cassettes[cassette])) {
+        return false;  // customers ask for its currency, too
+    }
     const Unit& unit = UnitWith(mix, cassette);
     return unit.dropped ? unit.dropped != Dropped::Currency : unit.cassettes.size() > 1;
 }
@@ -126,7 +129,7 @@ std::vector<Loading> LoadingsToTry(const LintCase& lint, const LintMix& mix, std
             continue;
         }
         for (std::size_t index = cassettes.size(); index-- > 0;) {
-            if (IsSpare(mix, index)) {
+            if (IsSpare(lint, mix, index)) {
                 cassette.position = static_cast<std::uint16_t>(index);
                 loadings.push_back({Loading::Kind::Replace, index, cassette});
             }

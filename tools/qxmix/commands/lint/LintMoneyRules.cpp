@@ -56,7 +56,8 @@ void CheckCoinWorth(const LintCase& lint, LintReport& report) {
     const Dispenser& dispenser = lint.TheDispenser();
     for (std::size_t index = 0; index < dispenser.cassettes.size(); ++index) {
         const Cassette& cassette = dispenser.cassettes[index];
-        if (dispenser.exponent < 0 && IsCoin(cassette) && !cassette.worth) {
+        if (dispenser.exponent < 0 && IsCoin(cassette) && !cassette.worth &&
+            lint.TellsOf(cassette)) {
             report.Add(CassettePointer(index, "value"),
                        "a coin without worth: the search counts it as " +
                            std::to_string(cassette.value) + " units of " + UnitText(dispenser));
@@ -69,11 +70,13 @@ void CheckWrappedAmounts(const LintCase& lint, LintReport& report) {
     const int exponent = dispenser.exponent;
     const std::uint32_t most = *AmountsWithDefaults(dispenser).max;
     if (exponent > 0 && Wraps(most, exponent)) {
-        report.Add("/amounts/max", WrapText(most, exponent) + ": another amount is paid");
+        report.Add(AmountsPointer(dispenser) + "/max",
+                   WrapText(most, exponent) + ": another amount is paid");
     }
     for (std::size_t index = 0; index < dispenser.cassettes.size(); ++index) {
         const Cassette& cassette = dispenser.cassettes[index];
-        if (exponent < 0 && !IsCoin(cassette) && Wraps(cassette.value, -exponent)) {
+        if (exponent < 0 && !IsCoin(cassette) && Wraps(cassette.value, -exponent) &&
+            lint.TellsOf(cassette)) {
             report.Add(CassettePointer(index, "value"),
                        WrapText(cassette.value, -exponent) + ": another amount is paid",
                        MixesWhere(lint, Rescales));

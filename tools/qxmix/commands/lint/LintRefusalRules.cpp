@@ -144,7 +144,7 @@ std::string ButtonAdvice(const LintCase& lint, std::uint32_t amount, const std::
 }  // namespace
 
 void CheckButtons(const LintCase& lint, LintReport& report) {
-    const std::vector<std::uint32_t>& buttons = lint.TheDispenser().amounts.buttons;
+    const std::vector<std::uint32_t>& buttons = lint.TheDispenser().AmountsTold().buttons;
     for (std::size_t index = 0; index < buttons.size(); ++index) {
         std::vector<std::uint16_t> mixes;
         std::set<std::string> rules;
@@ -156,7 +156,7 @@ void CheckButtons(const LintCase& lint, LintReport& report) {
             }
         }
         rules.erase("");
-        report.Add("/amounts/buttons/" + std::to_string(index),
+        report.Add(AmountsPointer(lint.TheDispenser()) + "/buttons/" + std::to_string(index),
                    "dead button: " + AmountText(lint, buttons[index]) + " " +
                        lint.TheDispenser().currency + " is not paid",
                    mixes,
@@ -201,7 +201,7 @@ void CheckRefusals(const LintCase& lint, LintReport& report) {
         text.before = MixText(mix) + " refuses";
         text.tellsAll = true;
         text.tell = AmountsOf(lint);
-        text.pointer = "/amounts";
+        text.pointer = AmountsPointer(lint.TheDispenser());
         text.cures = &mix.forRefused;
         text.advice = CuresText(lint, mix.forRefused);
         report.AddAnswers(mix, answers, text);

@@ -43,6 +43,10 @@ Json AnswerJson(const LintCase& lint, const LintAnswer& answer) {
 
 }  // namespace
 
+std::string LintReport::Told(const std::string& message) const {
+    return pattern_.currency.empty() ? message : CurrencyMark(pattern_.currency) + message;
+}
+
 void LintReport::Add(const std::string& pointer,
                      const std::string& message,
                      const std::optional<std::vector<std::uint16_t>>& mixes,
@@ -53,7 +57,7 @@ void LintReport::Add(const std::string& pointer,
     LintFinding finding;
     static_cast<Finding&>(finding) = pattern_;
     finding.pointer = pointer;
-    finding.message = message;
+    finding.message = Told(message);
     finding.advice = advice.empty() ? finding.advice : advice;
     if (mixes && mixes->size() == 1) {
         finding.mix = mixes->front();
@@ -78,7 +82,7 @@ void LintReport::AddAnswers(const LintMix& mix,
     finding.advice = text.advice.empty() ? finding.advice : text.advice;
     const std::uint64_t of = mix.row.Size();
     finding.message =
-        text.before + (text.tellsAll ? " " : " on ") + std::to_string(answers.size()) +
+        Told(text.before) + (text.tellsAll ? " " : " on ") + std::to_string(answers.size()) +
         (text.tellsAll ? " of " + std::to_string(of) : "") +
         ((text.tellsAll ? of : answers.size()) == 1 ? " amount" : " amounts") + text.after + ": ";
     const std::size_t used = kLeftOfFinding + finding.pointer.size() + 2 + finding.message.size();

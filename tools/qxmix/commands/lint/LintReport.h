@@ -42,7 +42,8 @@ constexpr std::size_t kListedAmounts = 10;
 /// Takes what one rule finds.
 class LintReport {
 public:
-    /// @param pattern  id, severity and advice of the rule's findings.
+    /// @param pattern  id, severity and advice of the rule's findings, and the currency that they
+    ///   tell.
     LintReport(const LintCase& lint, Finding pattern, std::vector<LintFinding>& findings)
         : lint_(lint), pattern_(std::move(pattern)), findings_(findings) {}
 
@@ -78,6 +79,9 @@ public:
     bool Has(const std::string& id, std::uint16_t mix) const;
 
 private:
+    /// A message as it is told, with the currency.
+    std::string Told(const std::string& message) const;
+
     const LintCase& lint_;
     Finding pattern_;
     std::vector<LintFinding>& findings_;

@@ -2,51 +2,60 @@
 
 #include "findings/RuleTexts.h"
 
+#include <algorithm>
+
 namespace qxmix {
+
+namespace {
+
+constexpr LintScope kCurrency = LintScope::Currency;
+constexpr LintScope kDispenser = LintScope::Dispenser;
+
+}  // namespace
 
 // clang-format off
 const std::vector<LintRule>& LintRules() {
     static const std::vector<LintRule> rules = {
-        {"QX101", CheckPositionOrder},
-        {"QX102", CheckPositionUse},
-        {"QX103", CheckTypesOfOneNote},
-        {"QX104", CheckCurrencies},
-        {"QX105", CheckDrawable},
-        {"QX201", CheckFullCassettes},
-        {"QX202", CheckManipulatedCassettes},
-        {"QX203", CheckUnusableFirstCassettes},
-        {"QX204", CheckWorthlessCoupons},
-        {"QX205", CheckUnitsPassedOver},
-        {"QX206", CheckUnitCount},
-        {"QX301", CheckMinimumText},
-        {"QX302", CheckMinimumSize},
-        {"QX303", CheckTraceLevel},
-        {"QX304", CheckErrorCodeKey},
-        {"QX305", CheckErrorCodeLeft},
-        {"QX306", CheckStoredElsewhere},
-        {"QX401", CheckTooMuch},
-        {"QX402", CheckNoAnswer},
-        {"QX403", CheckEndlessPair},
-        {"QX404", CheckCleanFirstFit},
-        {"QX405", CheckPartialFirstFit},
-        {"QX406", CheckOtherLibrary},
-        {"QX501", CheckTooLittle},
-        {"QX502", CheckNothingPaid},
-        {"QX503", CheckButtons},
-        {"QX504", CheckLimit},
-        {"QX505", CheckStoppedSearch},
-        {"QX506", CheckStaleCodes},
-        {"QX507", CheckSlowAnswers},
-        {"QX508", CheckNothingWorks},
-        {"QX509", CheckImbalanceScores},
-        {"QX510", CheckSpreadScores},
-        {"QX511", CheckRoundedTotal},
-        {"QX512", CheckRefusals},
-        {"QX601", CheckRemainderUnits},
-        {"QX602", CheckUnscaledNotes},
-        {"QX603", CheckCoinWorth},
-        {"QX604", CheckWrappedAmounts},
-        {"QX605", CheckPartialRemainder},
+        {"QX101", kDispenser, CheckPositionOrder},
+        {"QX102", kDispenser, CheckPositionUse},
+        {"QX103", kCurrency,  CheckTypesOfOneNote},
+        {"QX104", kCurrency,  CheckCurrencies},
+        {"QX105", kCurrency,  CheckDrawable},
+        {"QX201", kCurrency,  CheckFullCassettes},
+        {"QX202", kCurrency,  CheckManipulatedCassettes},
+        {"QX203", kCurrency,  CheckUnusableFirstCassettes},
+        {"QX204", kCurrency,  CheckWorthlessCoupons},
+        {"QX205", kCurrency,  CheckUnitsPassedOver},
+        {"QX206", kCurrency,  CheckUnitCount},
+        {"QX301", kDispenser, CheckMinimumText},
+        {"QX302", kCurrency,  CheckMinimumSize},
+        {"QX303", kDispenser, CheckTraceLevel},
+        {"QX304", kDispenser, CheckErrorCodeKey},
+        {"QX305", kDispenser, CheckErrorCodeLeft},
+        {"QX306", kDispenser, CheckStoredElsewhere},
+        {"QX401", kCurrency,  CheckTooMuch},
+        {"QX402", kCurrency,  CheckNoAnswer},
+        {"QX403", kCurrency,  CheckEndlessPair},
+        {"QX404", kCurrency,  CheckCleanFirstFit},
+        {"QX405", kCurrency,  CheckPartialFirstFit},
+        {"QX406", kCurrency,  CheckOtherLibrary},
+        {"QX501", kCurrency,  CheckTooLittle},
+        {"QX502", kCurrency,  CheckNothingPaid},
+        {"QX503", kCurrency,  CheckButtons},
+        {"QX504", kCurrency,  CheckLimit},
+        {"QX505", kCurrency,  CheckStoppedSearch},
+        {"QX506", kCurrency,  CheckStaleCodes},
+        {"QX507", kCurrency,  CheckSlowAnswers},
+        {"QX508", kCurrency,  CheckNothingWorks},
+        {"QX509", kCurrency,  CheckImbalanceScores},
+        {"QX510", kCurrency,  CheckSpreadScores},
+        {"QX511", kCurrency,  CheckRoundedTotal},
+        {"QX512", kCurrency,  CheckRefusals},
+        {"QX601", kDispenser, CheckRemainderUnits},
+        {"QX602", kDispenser, CheckUnscaledNotes},
+        {"QX603", kCurrency,  CheckCoinWorth},
+        {"QX604", kCurrency,  CheckWrappedAmounts},
+        {"QX605", kDispenser, CheckPartialRemainder},
     };
     return rules;
 }
@@ -55,9 +64,27 @@ const std::vector<LintRule>& LintRules() {
 std::vector<LintFinding> CheckAll(const LintCase& lint) {
     std::vector<LintFinding> findings;
     for (const LintRule& rule : LintRules()) {
-        LintReport report(lint, FindingOf(rule.id), findings);
+        if (rule.scope == kDispenser && !lint.IsFirst()) {
+            continue;
+        }
+        Finding pattern = FindingOf(rule.id);
+        if (rule.scope == kCurrency && lint.IsOneOfSeveral()) {
+            pattern.currency = lint.TheDispenser().currency;
+        }
+        LintReport report(lint, pattern, findings);
         rule.check(lint, report);
     }
+    return findings;
+}
+
+std::vector<LintFinding> CheckAll(const LintCases& cases) {
+    std::vector<LintFinding> findings;
+    for (const LintCase& lint : cases) {
+        const std::vector<LintFinding> found = CheckAll(lint);
+        findings.insert(findings.end(), found.begin(), found.end());
+    }
+    std::stable_sort(findings.begin(), findings.end(),
+                     [](const Finding& one, const Finding& other) { return one.id < other.id; });
     return findings;
 }
 

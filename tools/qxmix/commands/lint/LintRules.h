@@ -6,6 +6,12 @@
 
 namespace qxmix {
 
+/// What a rule looks at where a dispenser is asked in several currencies.
+enum class LintScope {
+    Currency,   ///< each of them: what it finds tells which
+    Dispenser,  ///< what is the same in all
+};
+
 /// A rule of `qxmix lint`.
 ///
 /// To add one: a row in RuleTexts.cpp with an id that was never used, a row in LintRules.cpp, its
@@ -13,6 +19,7 @@ namespace qxmix {
 /// docs/qxmix.md.
 struct LintRule {
     const char* id;
+    LintScope scope;
     void (*check)(const LintCase& lint, LintReport& report);
 };
 
@@ -21,6 +28,9 @@ const std::vector<LintRule>& LintRules();
 
 /// What the rules find, by id.
 std::vector<LintFinding> CheckAll(const LintCase& lint);
+
+/// What they find in all currencies, by id and then in the order of the currencies.
+std::vector<LintFinding> CheckAll(const LintCases& cases);
 
 /// Whether a rule may advise to change to a mix: no other rule warns of it.
 bool IsAdvisable(const LintCase& lint, std::uint16_t mix);

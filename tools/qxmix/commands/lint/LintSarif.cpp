@@ -83,7 +83,10 @@ Json ResultJson(const LintElement& element, const std::map<std::string, std::siz
                    {"message", {{"text", element.Message()}}},
                    {"locations", Json::array({LocationJson(element)})}};
     if (!element.finding["mix"].is_null()) {
-        result["properties"] = {{"mix", element.finding["mix"]}};
+        result["properties"]["mix"] = element.finding["mix"];
+    }
+    if (element.finding.contains("currency")) {
+        result["properties"]["currency"] = element.finding["currency"];
     }
     if (element.IsAccepted()) {
         result["suppressions"] =

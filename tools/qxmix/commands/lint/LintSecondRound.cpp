@@ -106,7 +106,7 @@ private:
 
     /// Amounts for which a rule may advise another mix, in order, each once.
     std::vector<std::uint32_t> AmountsThatNeedAnother() const {
-        const std::vector<std::uint32_t>& buttons = lint_.TheDispenser().amounts.buttons;
+        const std::vector<std::uint32_t>& buttons = lint_.TheDispenser().AmountsTold().buttons;
         std::set<std::uint32_t> amounts;
         for (const LintMix& mix : lint_.mixes) {
             AnswersWhere(lint_, mix, [&](const LintAnswer& answer) {

@@ -33,18 +33,25 @@ std::string SeveritiesText(const std::vector<LintFinding>& told, std::size_t acc
     return parts.empty() ? "nothing found" : Join(parts, ", ");
 }
 
-/// "100 amounts from 10 to 1000 EUR asked"
+/// "100 amounts from 10 to 1000 EUR"
 std::string AskedText(const LintCase& lint) {
     const std::string& currency = lint.TheDispenser().currency;
     const std::uint64_t count = lint.amountCount;
-    if (count == 0) {
-        return "no amount asked";
-    }
     const std::string first = AmountText(lint, lint.questions.Amount(0));
-    return count == 1
-               ? first + " " + currency + " asked"
-               : CountText(count, "amount") + " from " + first + " to " +
-                     AmountText(lint, lint.questions.Amount(count - 1)) + " " + currency + " asked";
+    return count == 1 ? first + " " + currency
+                      : CountText(count, "amount") + " from " + first + " to " +
+                            AmountText(lint, lint.questions.Amount(count - 1)) + " " + currency;
+}
+
+/// "100 amounts from 10 to 1000 EUR, 10 amounts from 20 to 200 USD asked"
+std::string AskedText(const LintCases& cases) {
+    std::vector<std::string> parts;
+    for (const LintCase& lint : cases) {
+        if (lint.amountCount != 0) {
+            parts.push_back(AskedText(lint));
+        }
+    }
+    return (parts.empty() ? "no amount" : Join(parts, ", ")) + " asked";
 }
 
 /// A finding with the reason why it is accepted, in the place of what to do.
@@ -55,18 +62,23 @@ std::string AcceptedText(LintFinding finding, const Painter& painter) {
     return FindingText(finding, FindingPlace::Told, painter) + "      ok     " + reason + "\n";
 }
 
-std::string InterruptionText(const LintCase& lint) {
+std::string InterruptionText(const LintCases& cases) {
+    const LintCase& lint = cases.back();
     const std::uint64_t done = lint.amountCount;
     const std::uint64_t all = lint.questions.AmountCount();
     if (lint.isComplete) {
         return "";
     }
-    if (done == all) {
-        return "interrupted while more was asked about " + CountText(all, "amount") + "\n";
+    std::string text = "interrupted while more was asked about " + CountText(all, "amount");
+    if (done != all) {
+        text = "interrupted at " + AmountText(lint, lint.questions.Amount(done)) + " " +
+               lint.TheDispenser().currency + ", " + std::to_string(done) + " of " +
+               CountText(all, "amount");
     }
-    return "interrupted at " + AmountText(lint, lint.questions.Amount(done)) + " " +
-           lint.TheDispenser().currency + ", " + std::to_string(done) + " of " +
-           CountText(all, "amount") + "\n";
+    for (std::size_t index = cases.size(); index < lint.currencies.size(); ++index) {
+        text += "\nnothing asked in " + lint.currencies[index];
+    }
+    return text + "\n";
 }
 
 /// A finding without the number of its mix.
@@ -109,32 +121,36 @@ ToldFindings(const std::vector<LintFinding>& findings, bool quiet, bool isAccept
     return told;
 }
 
-std::vector<std::string> CrashLines(const LintCase& lint) {
+std::vector<std::string> CrashLines(const LintCases& cases) {
     std::vector<std::string> lines;
-    for (const LintMix& mix : lint.mixes) {
-        const std::uint64_t crashes = mix.row.Count(Outcome::Crashed);
-        if (crashes > 0) {
-            lines.push_back("mix " + std::to_string(mix.mix) + " crashes on " +
-                            CountText(crashes, "amount"));
+    for (const LintCase& lint : cases) {
+        const std::string mark =
+            lint.IsOneOfSeveral() ? CurrencyMark(lint.TheDispenser().currency) : "";
+        for (const LintMix& mix : lint.mixes) {
+            const std::uint64_t crashes = mix.row.Count(Outcome::Crashed);
+            if (crashes > 0) {
+                lines.push_back(mark + MixText(mix) + " crashes on " +
+                                CountText(crashes, "amount"));
+            }
         }
     }
     return lines;
 }
 
-std::string LintText(const LintCase& lint,
+std::string LintText(const LintCases& cases,
                      const std::vector<LintFinding>& findings,
                      bool quiet,
                      bool hasAll,
                      const Painter& painter) {
-    const std::vector<std::uint16_t>& mixes = lint.questions.mixes;
+    const std::vector<std::uint16_t>& mixes = cases.front().questions.mixes;
     const std::vector<LintFinding> told = ToldFindings(findings, quiet, false);
     const std::vector<LintFinding> accepted = ToldFindings(findings, quiet, true);
     const std::string heading =
         SeveritiesText(told, accepted.size()) + " for " +
         (mixes == AllMixes() ? AllMixesText(mixes.size()) : MixesText(mixes)) + ", " +
-        AskedText(lint);
+        AskedText(cases);
     std::string text = WrappedText(Split(heading, ' '), " ", 0, 2) + "\n";
-    for (const std::string& crash : CrashLines(lint)) {
+    for (const std::string& crash : CrashLines(cases)) {
         text += painter.Paint("CRASH", RowOf(Outcome::Crashed).terminalStyle) + "  " + crash + "\n";
     }
     const bool tellsAccepted = hasAll && !accepted.empty();
@@ -145,7 +161,7 @@ std::string LintText(const LintCase& lint,
     for (const LintFinding& finding : tellsAccepted ? accepted : std::vector<LintFinding>()) {
         text += AcceptedText(finding, painter);
     }
-    return text + InterruptionText(lint);
+    return text + InterruptionText(cases);
 }
 
 }  // namespace qxmix

@@ -1,13 +1,16 @@
 #pragma once
 
+#include "MapReport.h"
 #include "options/AmountRange.h"
 #include "options/AskOptions.h"
+#include "options/AskedModule.h"
 #include "options/Command.h"
 #include "options/JobsOption.h"
 #include "options/OutputOption.h"
 #include "sweeps/MapAnswers.h"
 
 #include <string>
+#include <vector>
 
 namespace qxmix {
 
@@ -19,8 +22,11 @@ public:
     ExitStatus Run(const CommonOptions& options) override;
 
 private:
-    MapQuestions Prepare(const CommonOptions& options) const;
-    std::string CommandLine(const MapQuestions& questions, const CommonOptions& options) const;
+    std::vector<MapQuestions> Prepare(const CommonOptions& options) const;
+    MapReports Ask(std::vector<MapQuestions> questions,
+                   AskedModule& module,
+                   const CommonOptions& options) const;
+    std::string CommandLine(const MapReports& reports, const CommonOptions& options) const;
 
     std::string dispenser_;  // as named on the command line
     std::string rawIn_;      // empty: not given

@@ -7,29 +7,31 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace qxmix {
 
 /// Refuses a map that a file of this form cannot hold.
 ///
 /// @throw InputError
-void CheckFormHolds(const std::optional<OutputForm>& form, const MapQuestions& questions);
+void CheckFormHolds(const std::optional<OutputForm>& form,
+                    const std::vector<MapQuestions>& questions);
 
 /// The map for people: the verdict, the amounts that are not paid, a row of letters for each mix,
 /// and what the letters say. Of more than 60 amounts a letter stands for a stretch, and is the
-/// worst of it. The differences come last.
-std::string MapText(const MapReport& report, const Painter& painter);
+/// worst of it. The differences come last. One currency follows the other.
+std::string MapText(const MapReports& reports, const Painter& painter);
 
 /// The map as CSV: a line for each amount and mix, the amounts in order. What a missing answer
-/// leaves unknown is empty.
-std::string MapCsv(const MapReport& report);
+/// leaves unknown is empty. Of several currencies each line has its own behind all else.
+std::string MapCsv(const MapReports& reports);
 
 /// What was asked, as the envelope holds it.
-Json MapInputJson(const MapQuestions& questions);
+Json MapInputJson(const MapReports& reports);
 
 /// The map as the result of the envelope: the letters as runs, and every answer as one of a few
 /// steps from the answer before it (schema/answer.schema.json).
-Json MapResultJson(const MapReport& report);
+Json MapResultJson(const MapReports& reports);
 
 /// The map as one HTML file that needs nothing else.
 ///
@@ -37,6 +39,6 @@ Json MapResultJson(const MapReport& report);
 /// @param commandLine  shown in the page.
 /// @throw InputError when the page would be too large.
 std::string
-MapPage(const MapReport& report, const Envelope& envelope, const std::string& commandLine);
+MapPage(const MapReports& reports, const Envelope& envelope, const std::string& commandLine);
 
 }  // namespace qxmix

@@ -4,6 +4,7 @@
 #include "dispenser/DispenserJson.h"
 #include "json/Json.h"
 #include "json/StepPath.h"
+#include "sweeps/RangeJson.h"
 #include "terminal/Terminal.h"
 #include "text/Duration.h"
 
@@ -75,23 +76,11 @@ Json AnswersJson(const MapRow& row) {
     return answers;
 }
 
-}  // namespace
-
-Json MapInputJson(const MapQuestions& questions) {
-    return {{"dispenser", DispenserJson(questions.dispenser)},
-            {"mixes", questions.mixes},
-            {"from", questions.from},
-            {"to", questions.to},
-            {"step", questions.step},
-            {"deadline", DurationText(questions.deadline)}};
-}
-
-Json MapResultJson(const MapReport& report) {
+Json MixesJson(const MapReport& report) {
     const MapQuestions& questions = report.questions;
-    const MapAnswers& answers = report.answers;
     Json mixes = Json::array();
-    for (std::size_t index = 0; index < answers.rows.size(); ++index) {
-        const MapRow& row = answers.rows[index];
+    for (std::size_t index = 0; index < report.answers.rows.size(); ++index) {
+        const MapRow& row = report.answers.rows[index];
         mixes.push_back(
             {{"mix", questions.mixes[index]},
              {"runs", RunsJson(row)},
@@ -100,11 +89,45 @@ Json MapResultJson(const MapReport& report) {
              {"deadlines", DeadlinesJson(row)},
              {"answers", AnswersJson(row)}});
     }
+    return mixes;
+}
+
+Json MapJson(const MapReport& report) {
+    const MapQuestions& questions = report.questions;
     return {{"amounts",
              {{"min", questions.from},
               {"max", questions.Amount(questions.AmountCount() - 1)},
               {"step", questions.step}}},
-            {"mixes", mixes}};
+            {"mixes", MixesJson(report)}};
+}
+
+}  // namespace
+
+Json MapInputJson(const MapReports& reports) {
+    const MapQuestions& questions = reports.maps.front().questions;
+    Json json = {{"dispenser", DispenserJson(questions.dispenser)}, {"mixes", questions.mixes}};
+    if (!reports.AreSeveral()) {
+        json.update(RangeJson(questions));
+    } else {
+        for (const MapReport& report : reports.maps) {
+            json["currencies"].push_back(RangeOfCurrencyJson(report.questions));
+        }
+    }
+    json["deadline"] = DurationText(questions.deadline);
+    return json;
+}
+
+Json MapResultJson(const MapReports& reports) {
+    if (!reports.AreSeveral()) {
+        return MapJson(reports.maps.front());
+    }
+    Json currencies = Json::array();
+    for (const MapReport& report : reports.maps) {
+        Json json = {{"currency", report.Currency()}};
+        json.update(MapJson(report));
+        currencies.push_back(json);
+    }
+    return {{"currencies", currencies}};
 }
 
 }  // namespace qxmix

@@ -131,6 +131,16 @@ void AddVerdict(MapReport& report) {
     report.rest = PaidText(questions, answers);
 }
 
+/// Has everything that is told of a map tell its currency.
+void TellCurrencies(MapReport& report) {
+    report.rest = CurrencyMark(report.Currency()) + report.rest;
+    for (std::vector<Finding>* const findings : {&report.findings, &report.differences}) {
+        for (Finding& finding : *findings) {
+            TellCurrency(finding, report.Currency());
+        }
+    }
+}
+
 std::vector<std::string> UnpaidLines(const MapQuestions& questions, const MapAnswers& answers) {
     std::vector<std::pair<Stretches, std::vector<std::uint16_t>>> groups;
     for (std::size_t row = 0; row < answers.rows.size(); ++row) {
@@ -182,7 +192,10 @@ ExitStatus ExitStatusOf(const MapAnswers& answers) {
 
 }  // namespace
 
-MapReport::MapReport(MapQuestions asked, MapAnswers came, std::vector<Finding> otherwise)
+MapReport::MapReport(MapQuestions asked,
+                     MapAnswers came,
+                     std::vector<Finding> otherwise,
+                     bool isOneOfSeveral)
     : questions(std::move(asked)), answers(std::move(came)), differences(std::move(otherwise)),
       areMissesProved(std::all_of(answers.rows.begin(),
                                   answers.rows.end(),
@@ -191,6 +204,37 @@ MapReport::MapReport(MapQuestions asked, MapAnswers came, std::vector<Finding> o
       status(ExitStatusOf(answers)) {
     AddVerdict(*this);
     findings.insert(findings.end(), differences.begin(), differences.end());
+    if (isOneOfSeveral) {
+        TellCurrencies(*this);
+    }
+}
+
+bool MapReports::IsComplete() const {
+    return notAsked.empty() && maps.back().answers.isComplete;
+}
+
+ExitStatus MapReports::Status() const {
+    ExitStatus highest = IsComplete() ? ExitStatus::Well : ExitStatus::Interrupted;
+    for (const MapReport& map : maps) {
+        highest = std::max(highest, map.status);
+    }
+    return highest;
+}
+
+std::vector<Finding> MapReports::Findings() const {
+    std::vector<Finding> findings;
+    for (const MapReport& map : maps) {
+        findings.insert(findings.end(), map.findings.begin(), map.findings.end());
+    }
+    return findings;
+}
+
+std::string MapReports::LastCode() const {
+    std::string code;
+    for (const MapReport& map : maps) {
+        code = map.answers.lastCode.empty() ? code : map.answers.lastCode;
+    }
+    return code;
 }
 
 }  // namespace qxmix

@@ -11,7 +11,13 @@ namespace qxmix {
 /// A map with everything that is told of it in any form.
 struct MapReport {
     /// @param otherwise  what the tool's own module decides otherwise (MapDifferences.h).
-    MapReport(MapQuestions asked, MapAnswers came, std::vector<Finding> otherwise);
+    /// @param isOneOfSeveral  whether there are maps of other currencies beside it: all that is
+    /// told
+    ///   tells its own then.
+    MapReport(MapQuestions asked,
+              MapAnswers came,
+              std::vector<Finding> otherwise,
+              bool isOneOfSeveral = false);
 
     MapQuestions questions;
     MapAnswers answers;
@@ -34,6 +40,22 @@ struct MapReport {
 
     std::vector<Finding> findings;  ///< the dangers, then the differences
     ExitStatus status;              ///< the highest of the answers, or that of an interruption
+
+    const std::string& Currency() const { return questions.dispenser.currency; }
+};
+
+/// A dispenser in all currencies that it is asked in.
+struct MapReports {
+    std::vector<MapReport> maps;        ///< in their order, one at least
+    std::vector<std::string> notAsked;  ///< currencies that Ctrl-C came before
+
+    bool AreSeveral() const { return maps.size() + notAsked.size() > 1; }
+    bool IsComplete() const;
+    ExitStatus Status() const;
+    std::vector<Finding> Findings() const;
+
+    /// Error code written last; empty: none.
+    std::string LastCode() const;
 };
 
 }  // namespace qxmix

@@ -115,9 +115,7 @@ std::string InterruptionText(const MapQuestions& questions, const MapAnswers& an
                                     " of " + std::to_string(questions.AmountCount()) + " amounts\n";
 }
 
-}  // namespace
-
-std::string MapText(const MapReport& report, const Painter& painter) {
+std::string TextOf(const MapReport& report, const Painter& painter) {
     const MapQuestions& questions = report.questions;
     const MapAnswers& answers = report.answers;
     const std::size_t before = report.word.size() + 2;
@@ -139,6 +137,19 @@ std::string MapText(const MapReport& report, const Painter& painter) {
     }
     return text + LegendText(report, stretch, painter) +
            FindingsText(report.differences, false, painter) + InterruptionText(questions, answers);
+}
+
+}  // namespace
+
+std::string MapText(const MapReports& reports, const Painter& painter) {
+    std::string text;
+    for (const MapReport& report : reports.maps) {
+        text += (text.empty() ? "" : "\n") + TextOf(report, painter);
+    }
+    for (const std::string& currency : reports.notAsked) {
+        text += "nothing asked in " + currency + "\n";
+    }
+    return text;
 }
 
 }  // namespace qxmix

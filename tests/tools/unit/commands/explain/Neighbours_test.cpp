@@ -20,8 +20,8 @@ Surroundings Around(const Dispenser& dispenser,
 
 Dispenser WithAmounts(const char* text, std::uint32_t min, std::uint32_t step) {
     Dispenser dispenser = ReadInlineDispenser(text);
-    dispenser.amounts.min = min;
-    dispenser.amounts.step = step;
+    dispenser.amounts[dispenser.currency].min = min;
+    dispenser.amounts[dispenser.currency].step = step;
     return dispenser;
 }
 

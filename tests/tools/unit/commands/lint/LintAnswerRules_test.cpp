@@ -35,11 +35,11 @@ TEST(LintQX502, FindsAmountsBelowTheSmallestNote) {
 
 TEST(LintQX503, FindsDeadButtons) {
     LintOf lint = LintOf("EUR:50x400:low,20x400").Mixes({1, 5}).Amounts({20, 30, 50});
-    lint.dispenser.amounts.buttons = {20, 30, 50};
+    lint.dispenser.amounts["EUR"].buttons = {20, 30, 50};
     EXPECT_EQ(Said(lint, "QX503"),
               (Lines{"/amounts/buttons/1: dead button: 30 EUR is not paid",
                      "/amounts/buttons/2: dead button: 50 EUR is not paid (mix 5)"}));
-    lint.dispenser.amounts.buttons = {20};
+    lint.dispenser.amounts["EUR"].buttons = {20};
     EXPECT_EQ(Said(lint, "QX503"), Lines{});
 }
 

@@ -33,9 +33,9 @@ TEST(LintQX604, FindsNumbersThatWrap) {
                      "paid"}));
     EXPECT_EQ(Said(LintOf("CHF:42949673x10:coinCylinder").Exponent(-2), "QX604"), Lines{});
     LintOf lint = LintOf("EUR:50x10").Exponent(3);
-    lint.dispenser.amounts.max = 4294967;
+    lint.dispenser.amounts["EUR"].max = 4294967;
     EXPECT_EQ(Said(lint, "QX604"), Lines{});
-    lint.dispenser.amounts.max = 4294968;
+    lint.dispenser.amounts["EUR"].max = 4294968;
     EXPECT_EQ(Said(lint, "QX604"),
               (Lines{"/amounts/max: 4294968 times 10^3 wraps at 2^32: another amount is paid"}));
 }

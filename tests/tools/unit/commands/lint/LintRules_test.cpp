@@ -28,12 +28,13 @@ TEST(LintRules, AllHaveTexts) {
 TEST(LintText, SaysTheSameOfSeveralMixesOnce) {
     const LintCase lint = LintOf("EUR:50x400,20x400").Mixes({1, 2, 3}).Amounts({10}).Case();
     const std::string text =
-        LintText(lint, CheckAll(lint), false, false, Painter(ColorMode::Never));
+        LintText({lint}, CheckAll(lint), false, false, Painter(ColorMode::Never));
     EXPECT_NE(text.find("pays nothing on 1 amount: 10; the same in\n             mixes 2 3"),
               std::string::npos)
         << text;
-    EXPECT_EQ(LintText(lint, CheckAll(lint), true, false, Painter(ColorMode::Never)).find("\nnote"),
-              std::string::npos);
+    EXPECT_EQ(
+        LintText({lint}, CheckAll(lint), true, false, Painter(ColorMode::Never)).find("\nnote"),
+        std::string::npos);
 }
 
 }  // namespace

@@ -28,7 +28,7 @@ std::uint32_t StepIn(const std::string& error) {
 }
 
 std::string PageError(const MapQuestions& questions) {
-    return ErrorText([&questions] { CheckFormHolds(OutputForm::Page, questions); });
+    return ErrorText([&questions] { CheckFormHolds(OutputForm::Page, {questions}); });
 }
 
 TEST(MapSize, TakesAMillionCellsInAPage) {
@@ -49,8 +49,15 @@ TEST(MapSize, RefusesMoreCellsAndNamesTheStepThatFits) {
 }
 
 TEST(MapSize, RefusesMoreCellsInAPageAlone) {
-    EXPECT_EQ(ErrorText([] { CheckFormHolds(OutputForm::CsvFile, Questions(2000000, {1})); }),
+    EXPECT_EQ(ErrorText([] { CheckFormHolds(OutputForm::CsvFile, {Questions(2000000, {1})}); }),
               "accepted");
+}
+
+TEST(MapSize, SharesThePageAmongCurrencies) {
+    const std::vector<MapQuestions> questions(3, Questions(400000, {1}));
+    EXPECT_EQ(ErrorText([&] { CheckFormHolds(OutputForm::Page, questions); }),
+              "--output: 400000 calculations are too many; expected at most 333333, as with "
+              "--step 2 or fewer --mixes");
 }
 
 /// Answers that have nothing in common, so that each needs a step of its own.
@@ -73,10 +80,11 @@ MapAnswers Different(const MapQuestions& questions) {
 }
 
 std::string PageOf(const MapQuestions& questions) {
-    const MapReport report(questions, Different(questions), {});
+    MapReports reports;
+    reports.maps.emplace_back(questions, Different(questions), std::vector<Finding>());
     Envelope envelope;
-    envelope.result = MapResultJson(report);
-    return MapPage(report, envelope, "qxmix map");
+    envelope.result = MapResultJson(reports);
+    return MapPage(reports, envelope, "qxmix map");
 }
 
 TEST(MapSize, RefusesAPageOfMoreThanFiveMegabytesAndNamesTheStepThatFits) {
