@@ -59,16 +59,16 @@ private:
         if (level + 3 == n_ && paysAll_) {
             return LineStaysBelowWord(chosen, rest);
         }
-        std::uint32_t bits = chosen.Bits(level);
         std::uint32_t before = chosen.At(level);
         std::uint64_t sum = chosen.Path(level);
         for (unsigned unit = level + 1; unit < n_; ++unit) {
             const std::uint32_t most = ShareFor(rest, unit);
-            bits |= most;
-            sum += std::max(before, most);  // two shares differ by the larger one at most
+            // Two shares differ by the larger one at most. One of 2^31 counts on both its sides.
+            sum += std::max(before, most);
             before = most;
         }
-        return (bits >> 31U) == 0 && sum + std::max(before, chosen.First()) < kBelowWord;
+        return sum + std::max(before, chosen.First()) < kBelowWord &&
+               (chosen.Bits(level) >> 31U) == 0;
     }
 
     /// What the last two units pay together lies on a line. Along it the sum is convex, so that it

@@ -252,4 +252,11 @@ TEST(CalcEqualEmptying, ComparesWrappedSharesOfThreeUnits) {
               Chosen({0, 1, 24}));
 }
 
+TEST(CalcEqualEmptying, GoesOnBelowTheAmountForWrappedSharesThatThePlainLoopsMeetEarlier) {
+    // Wrapped, 1, 3 and 11 are perfectly equal and make 116; so are 2, 1 and 10, which make 114.
+    EXPECT_EQ(
+        Pay(Table().Bill(30, 16384).Bill(14, 16384).Bill(4, 16384).Amount(117).Limit(40).Partial()),
+        Chosen({2, 1, 10}));
+}
+
 }  // namespace

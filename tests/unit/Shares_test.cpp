@@ -226,6 +226,9 @@ struct Line {
         }
     }
 
+    Line(const SearchUnits& searched, const Counts& first, std::uint32_t length)
+        : units(searched), head(first), counts(length), walk(units) {}
+
     Counts At(std::uint32_t step) const {
         Counts combination = head;
         combination[units.n - 2] -= step * walk.ItemsTaken();
@@ -270,6 +273,16 @@ TEST(ShareLine, KeepsTheFirstOfTheMostEvenOfALine) {
         ASSERT_FALSE(HasFailure()) << "draw " << draw;
     }
     EXPECT_GT(beyondWrap, kDraws / 100);
+}
+
+TEST(ShareLine, TriesAllOfFourBetweenWhichASumCanFallByMoreThan2To31) {
+    // The shares of the last two units change by a third of all, 1.8 * 10^9, at each step.
+    const SearchUnits units =
+        Table().Bill(1000, 65535).Bill(61, 150).Bill(50, 183).Limit(65535).Units();
+    const Shares shares(units);
+    const Line line(units, {65385, 150, 0}, 4);
+    EXPECT_GT(shares.Score(line.At(0)), shares.Score(line.At(1)));
+    ExpectTheBestOf(line, shares, MostEven<Shares>(units, shares));
 }
 
 }  // namespace
