@@ -60,16 +60,14 @@ MODULE = Subject(
           for search in ("MinimumNotes", "EqualNotes", "MaximumNotes", "EqualEmptying",
                          "FirstFitEmptying"))))
 
-# Its decisions: forms decide nothing, and what they and all messages say in sentences is held whole by the
-# command lines with what they print. Each source is compiled by itself, again for each mutant alone.
+# Its decisions: forms decide nothing, and what they and all messages say in sentences is held by the command
+# lines with what they print. Each source is compiled by itself, again for each mutant alone.
 TOOL = Subject(
     "tool", tuple(f"tools/qxmix/{folder}" for folder in
                   ("dispenser", "mixes", "findings", "answers", "requests", "sheets", "tables",
                    "demand", "commands/lint")),
     r"/Lint(\w*(Text|Json|Csv|Page|Forms)|Sarif|JUnit|Github|Elements)\.|/RuleTexts\.|/\w+Json\.", False,
     "qxmix", "bin/qxmix", ("-DQXMIX_TOOLS=ON", "-DQXMIX_JOIN_SOURCES=OFF"), "-O1", (
-        Test("tool tests", ("bin/tool_tests", *STOP), target="tool_tests", has_suites=True, tries=2),
-        Test("examples", ("/usr/bin/python3", "tests/tools/tool_examples.py", "--source", ".", "--library",
-                          "@library", "--fake", "@fake", "--", "@tool"), is_long=True, tries=2)))
+        Test("tool tests", ("bin/tool_tests", *STOP), target="tool_tests", has_suites=True, tries=2),))
 
 SUBJECTS = (MODULE, TOOL)

@@ -11,6 +11,10 @@ from tree import FIRST_BUILD_SECONDS, Tree
 
 NAMED = re.compile(r'\bmutant-(\d+):')
 ERROR = re.compile(r"^(?:\S*/)?(\S+?):(\d+):(?:\d+:)? (?:fatal )?error", re.MULTILINE)
+# Not killed behind its switch, so that it has to be built by itself: to see whether it is another program,
+# and for the long tests or, when it is open, for all.
+PASSED = "passed"
+OPEN = "open"
 FLAGS = "-O1 -w -fmax-errors=0"
 
 
@@ -37,7 +41,8 @@ class Switchboard:
     def prepare(self, jobs):
         """Builds, and runs the tests without a mutant."""
         self.tree.copy(self._sources())
-        self.tree.configure(f"{FLAGS} -include \"{HEADER}\"", "-DQXMIX_JOIN_SOURCES=ON")
+        header = self.tree.folder / HEADER.relative_to(self.project)
+        self.tree.configure(f"{FLAGS} -include \"{header}\"", "-DQXMIX_JOIN_SOURCES=ON")
         self._build(jobs)
         seconds = {}
         for test in [one for test in self.subject.tests if not test.is_long
@@ -49,13 +54,14 @@ class Switchboard:
                 self.reached[test] = Path(reached.name).read_bytes()
         self.tests = sorted(seconds, key=seconds.get)
 
-    def killer_of(self, number):
-        """The test that notices this mutant, or None."""
-        if number in self.mutants:
-            for test in self.tests:
-                if self.reached[test][number] and not self.tree.passes(test, {SWITCH: str(number)}):
-                    return test
-        return None
+    def judge(self, number):
+        """What becomes of a mutant: killed, by which test; passed, when all quick tests that come to it
+        pass; or open, when none comes to it: perhaps it has no switch where it matters."""
+        tests = [test for test in self.tests if number in self.mutants and self.reached[test][number]]
+        for test in tests:
+            if not self.tree.passes(test, {SWITCH: str(number)}):
+                return "killed", test.name
+        return (PASSED if tests else OPEN), ""
 
     def _sources(self):
         """The files of the mutants with their switches; mutants without one are put aside."""

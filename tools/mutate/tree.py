@@ -77,15 +77,12 @@ class Tree:
         return seconds
 
     def passes(self, test, settings=None):
-        files = {"@vectors": [str(path) for path in sorted((self.folder / "tests/vectors").glob("*.txt"))
-                              if path.name not in ("CMakeLists.txt", "digest.txt")],
-                 "@library": [str(self.build / "lib/libQXMIX.so")],
-                 "@fake": [str(self.build / "lib/libfake_module.so")],
-                 "@tool": [str(self.build / "bin/qxmix")]}
-        # A program of the build, or one of the system by its whole path.
+        vectors = [str(path) for path in sorted((self.folder / "tests/vectors").glob("*.txt"))
+                   if path.name not in ("CMakeLists.txt", "digest.txt")]
         words = [str(self.build / test.command[0])]
         for word in test.command[1:]:
-            words += files.get(word, [word])
+            words += vectors if word == "@vectors" else [
+                str(self.product) if word == "@library" else word]
         limit = self.seconds.get(test)
         return any(self.run(words, {**test.settings, **(settings or {})}, processor_seconds=limit,
                             seconds=WAIT_SECONDS + 10 * limit if limit else BUILD_SECONDS)[0] == 0

@@ -29,22 +29,24 @@ class Workshop:
         for test in tests:
             self.tree.time_test(test)
 
-    def judge(self, mutant):
+    def judge(self, mutant, tests):
         """What becomes of a mutant: (kind, detail); kind is killed, work (only the instruction
-        counts notice), survived, same (the same program) or broken (does not compile)."""
+        counts notice), survived, same (the same program) or broken (does not compile).
+
+        @param tests  those that have not been run with it, all of the subject's or the long ones."""
         text = (self.tree.folder / mutant.file).read_text()
         self.tree.write(mutant.file, mutant.apply(text).encode())
         try:
-            return self._judge_built(mutant)
+            return self._judge_built(mutant, tests)
         finally:
             self.tree.write(mutant.file, text.encode())
 
-    def _judge_built(self, mutant):
+    def _judge_built(self, mutant, tests):
         if self.tree.compile([self.subject.target])[0] != 0:
             return "broken", ""
         if self._bytes_of(self.tree.product) == self.product:
             return "same", ""
-        for test in self.subject.tests:
+        for test in tests:
             if test.target and self.tree.compile([test.target])[0] != 0:
                 return "killed", "tests do not compile"
             if self._fingerprint(test) != self.original[test] and not self.tree.passes(test):
