@@ -281,6 +281,48 @@ def check_large(tool, browser, checks):
     checks.check("large: the last cell", " to 200000 EUR, mix 1: " in last, last)
 
 
+def check_currencies(tool, browser, checks):
+    """A map for each currency: the own first, the others at choice, and all of them on paper."""
+    words = ["map", "examples/border.json", "--mixes", "1,9"]
+    tool.run([*words, "--output", "border.html"])
+    known = {one["currency"]: one for one in
+             json.loads(tool.run([*words, "--json"])[1])["result"]["currencies"]}
+    path = tool.folder / "border.html"
+    check_without_script(checks, path, "Amounts of each outcome in CHF")
+    browser.open(path)
+    shown = ("[[...document.querySelectorAll('.cell[data-mix=\"9\"]')].map(c => c.textContent).join(''), "
+             "document.querySelector('.cell').dataset.amount, "
+             "document.querySelector('#summary tbody tr').textContent]")
+    for currency in ("EUR", "CHF", "EUR"):
+        browser.run(f"document.getElementById('currency-{currency}').click()")
+        row = known[currency]["mixes"][1]
+        letters = "".join(letter * length for letter, length in row["runs"])
+        text, first, summary = browser.run(shown)
+        checks.check(f"{currency}: letters", len(text) > 20 and letters.startswith(text), text)
+        checks.equal(f"{currency}: the first amount", first, str(known[currency]["amounts"]["min"]))
+        checks.check(f"{currency}: counts", summary.startswith(
+            "1" + str(known[currency]["mixes"][0]["counts"]["paid"])), summary)
+        browser.run("document.querySelector('.cell').focus()")
+        checks.check(f"{currency}: the details tell it", browser.run(DETAILS)[0].startswith(
+            f"{first} {currency}, mix 1: "), browser.run(DETAILS))
+        checks.equal(f"{currency}: one is chosen", browser.run(
+            "[...document.querySelectorAll('#currencies input')].filter(b => b.checked).map(b => b.id)"),
+            [f"currency-{currency}"])
+    browser.run("document.getElementById('currency-CHF').click()")
+    outcomes = "[...document.querySelectorAll('#outcomes input')].map(b => b.id)"
+    checks.equal("the outcomes of the other currency", sorted(browser.run(outcomes)),
+                 ["outcome-notDispensable", "outcome-overpaid", "outcome-paid"])
+    sheets = printed_sheets(tool, browser, checks)
+    if sheets is not None:
+        paper = " ".join(sheets)
+        checks.check("both are printed", "Map, EUR" in paper and "Map, CHF" in paper, paper)
+    checks.equal("and the chosen one stays", browser.run("currency"), "CHF")
+    checks.equal("currencies: no complaints", browser.complaints(), [])
+    browser.open(tool.folder / "map.html")
+    checks.equal("nothing to choose with one", browser.run(
+        "document.getElementById('currencies')"), None)
+
+
 def check_page(tool, browser, checks, pictures):
     words = four_notes(tool)
     status, _, _ = tool.run(words + ["--output", "map.html"])
@@ -305,6 +347,7 @@ def check_page(tool, browser, checks, pictures):
     check_height(tool, browser, checks)
     check_whole_tables(tool, browser, checks)
     check_large(tool, browser, checks)
+    check_currencies(tool, browser, checks)
 
 
 run_page_checks(check_page)
