@@ -46,6 +46,13 @@ class Tool:
     def __exit__(self, *_):
         shutil.rmtree(self.folder)
 
+    def is_plain(self):
+        """Whether the tool runs by itself: a sanitizer has calls and memory of its own, an emulator too."""
+        command = self.arguments.command
+        program = pathlib.Path(command[0]).read_bytes() if len(command) == 1 else b""
+        return program != b"" and not any(
+            mark in program for mark in (b"__asan_init", b"__msan_init", b"__tsan_init"))
+
     def start(self, words, **options):
         """Starts the tool; streams are pipes unless told otherwise."""
         options.setdefault("stdin", subprocess.DEVNULL)

@@ -47,6 +47,10 @@ std::string NearestName(const std::string& name, const std::vector<std::string>&
     // One edit in three letters may be a slip; more is another word.
     std::size_t leastEdits = std::max<std::size_t>(1, name.size() / 3) + 1;
     for (const std::string& candidate : known) {
+        // What is so much longer takes more edits; it may be a whole file without a separator.
+        if (candidate.size() >= name.size() + leastEdits) {
+            continue;
+        }
         const std::size_t edits = EditDistance(LowerCase(name), LowerCase(candidate));
         if (edits < leastEdits) {
             leastEdits = edits;

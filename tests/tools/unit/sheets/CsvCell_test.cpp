@@ -19,6 +19,14 @@ TEST(CsvCell, IsQuotedWhereATextWouldBeTwoCellsOrTwoLines) {
     EXPECT_EQ("\"say \"\"a\"\"\"", CsvCell("say \"a\""));
 }
 
+TEST(CsvCell, MovesNothing) {
+    EXPECT_EQ("a?b?c?", CsvCell("a\x1b"
+                                "b\u202e"
+                                "c\u009b"));
+    EXPECT_EQ("\"a?\"\"\n?\"", CsvCell("a\x1b\"\n\u2028"));
+    EXPECT_EQ("\"'=?\"", CsvCell("=\x07"));
+}
+
 TEST(CsvCell, IsNeverAFormula) {
     for (const char* text : {"=cmd|' /C calc'!A0", "+1", "-1", "@SUM(A1)", "\t=1", "\r=1"}) {
         EXPECT_EQ("\"'" + std::string(text) + "\"", CsvCell(text));

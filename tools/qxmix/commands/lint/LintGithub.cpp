@@ -1,5 +1,6 @@
 #include "LintElements.h"
 #include "LintFleetForms.h"
+#include "terminal/Terminal.h"
 
 namespace qxmix {
 
@@ -9,7 +10,8 @@ namespace {
 std::string GithubText(const std::string& text, const std::string& marks) {
     static const char* const digits = "0123456789ABCDEF";
     std::string escaped;
-    for (const char letter : text) {
+    // A log is shown on screens, and what moves letters about has no business there.
+    for (const char letter : Printable(text)) {
         const auto byte = static_cast<unsigned char>(letter);
         escaped += marks.find(letter) == std::string::npos
                        ? std::string(1, letter)
