@@ -1,8 +1,10 @@
 #!/usr/bin/env python3
 """What `qxmix fill` proposes, against `qxmix simulate` asked about every other loading."""
 
+import fractions
 import itertools
 import json
+import os
 import random
 
 import jsonschema
@@ -75,38 +77,142 @@ def worth(dispenser):
     return sum(cassette["value"] * cassette["count"] for cassette in dispenser["cassettes"])
 
 
-def check_against_all_loadings(tool, checks):
-    """The cheapest of all loadings, each of them simulated."""
-    drawn = random.Random(8)
-    reached = 0
-    for case in range(6):
-        dispenser, demand = random_case(drawn)
-        mix, percent = drawn.choice([1, 2, 3, 6, 10]), drawn.choice([60, 80])
-        save(tool, "case.json", dispenser)
-        save(tool, "case-demand.json", demand)
-        words = ["fill", "case.json", "--demand", "case-demand.json", "--mix", str(mix), "--runs",
-                 "5", "--seed", "3", "--service", str(percent)]
-        status, answer = answer_of(tool, words)
-        mine = answer["result"]["mixes"][0]
-        cheapest, most = None, 0
-        ranges = [range(cassette["capacity"] // cassette["bundle"] + 1)
-                  for cassette in dispenser["cassettes"]]
+def all_loadings(dispenser, notes=None):
+    """Each loading of a dispenser; with notes each of them in each cassette."""
+    ranges = [range(cassette["capacity"] // cassette["bundle"] + 1) for cassette in dispenser["cassettes"]]
+    for values in itertools.product(*([notes] * len(ranges) if notes else
+                                      [[cassette["value"]] for cassette in dispenser["cassettes"]])):
+        choice = json.loads(json.dumps(dispenser))
+        for cassette, value in zip(choice["cassettes"], values):
+            cassette["value"] = value
         for bundles in itertools.product(*ranges):
-            loaded = with_loading(dispenser, bundles)
-            save(tool, "loaded.json", loaded)
-            counts, is_dangerous = served(tool, "loaded.json", "case-demand.json", mix, 5, 3)
-            if reaches(counts, demand["perDay"], percent, is_dangerous):
-                cheapest = min(worth(loaded), cheapest if cheapest is not None else worth(loaded))
-            most = max(most, counts[0])
-        name = f"case {case}, mix {mix}, {percent} %"
-        checks.equal(f"{name}: reached", mine["reached"], cheapest is not None)
-        checks.equal(f"{name}: exit status", status, 0 if cheapest is not None else 1)
-        if cheapest is not None:
-            reached += 1
-            checks.equal(f"{name}: money", (mine["money"]["load"], mine["cheapest"]),
-                         (str(cheapest), "ofAll"))
+            yield with_loading(choice, bundles)
+
+
+def cheapest_of_all(tool, case, price, notes=None):
+    """The least price of all loadings that reach the service, each of them simulated; None: none does."""
+    prices = []
+    save(tool, "case-demand.json", case.demand)
+    for loaded in all_loadings(case.dispenser, notes):
+        if prices and price(loaded) >= min(prices):
+            continue
+        save(tool, "loaded.json", loaded)
+        counts, is_dangerous = served(tool, "loaded.json", "case-demand.json", case.mix, case.RUNS, case.SEED)
+        if reaches(counts, case.demand["perDay"] * case.demand["days"], case.percent, is_dangerous):
+            prices.append(price(loaded))
+    return min(prices) if prices else None
+
+
+class Case:
+    """A small dispenser, customers for it, and how they are to be served."""
+
+    RUNS = 5
+    SEED = 3
+
+    def __init__(self, drawn):
+        self.dispenser, self.demand = random_case(drawn)
+        self.mix, self.percent = drawn.choice([1, 2, 3, 6, 10]), drawn.choice([60, 80])
+
+    def words(self, tool):
+        save(tool, "case.json", self.dispenser)
+        save(tool, "case-demand.json", self.demand)
+        return ["fill", "case.json", "--demand", "case-demand.json", "--mix", str(self.mix), "--runs",
+                str(self.RUNS), "--seed", str(self.SEED), "--service", str(self.percent)]
+
+    def check(self, tool, checks, name, words, wanted, price):
+        """What fill says, against the least price of all; whether that is within reach."""
+        status, answer = answer_of(tool, self.words(tool) + words + ["--save", "chosen.json"])
+        mine = answer["result"]["mixes"][0]
+        name = f"{name}, mix {self.mix}, {self.percent} %"
+        checks.equal(f"{name}: reached", (mine["reached"], status), (wanted is not None, int(wanted is None)))
+        if wanted is not None:
+            chosen = json.loads((tool.folder / "chosen.json").read_text())
+            checks.equal(f"{name}: price", (price(chosen), mine["cheapest"]), (wanted, "ofAll"))
+            checks.equal(f"{name}: money", mine["money"]["load"], str(worth(chosen)))
         checks.equal(f"{name}: checked", mine["checked"], True)
-    checks.check("some cases are within reach", 2 <= reached, reached)
+        return wanted is not None
+
+
+def check_against_all_loadings(tool, checks):
+    """The cheapest of all loadings, each of them simulated. QXMIX_FILL_CASES and QXMIX_SEED: more of them."""
+    drawn = random.Random(int(os.environ.get("QXMIX_SEED", 8)))
+    count = int(os.environ.get("QXMIX_FILL_CASES", 6))
+    reached = 0
+    for number in range(count):
+        case = Case(drawn)
+        wanted = cheapest_of_all(tool, case, worth)
+        reached += case.check(tool, checks, f"case {number}", [], wanted, worth)
+    checks.check("some cases are within reach", count / 3 <= reached, reached)
+
+
+def check_costs_against_all_loadings(tool, checks):
+    """The loading that costs least in a day, of all loadings: not always that of the least money."""
+    drawn = random.Random(int(os.environ.get("QXMIX_SEED", 5)))
+    dearer = 0
+    for number in range(max(3, int(os.environ.get("QXMIX_FILL_CASES", 0)) // 2)):
+        case = Case(drawn)
+        interest, bundle, days = drawn.choice(["3.5", "90"]), drawn.choice(["0.50", "2", "0"]), drawn.choice([1, 2])
+        case.demand["days"] = days
+        case.dispenser["costs"] = {"interestPerYear": interest, "refill": "80", "bundle": bundle}
+        price = lambda loaded: (
+            fractions.Fraction(bundle) * sum(c["count"] // c["bundle"] for c in loaded["cassettes"]) / days +
+            worth(loaded) * fractions.Fraction(interest) / 36500, worth(loaded))
+        wanted = cheapest_of_all(tool, case, price)
+        case.check(tool, checks, f"costs, case {number}", ["--days", f"{days}-{days}"], wanted, price)
+        money = best_of(tool, case.words(tool))["money"]["load"]
+        dearer += wanted is not None and int(money) < wanted[1]
+    checks.check("the least money may cost more", dearer > 0)
+
+
+def check_notes_against_all(tool, checks):
+    """The best notes and the cheapest loading with them, of all loadings with each note in each cassette."""
+    drawn = random.Random(int(os.environ.get("QXMIX_SEED", 4)))
+    others = 0
+    for number in range(max(2, int(os.environ.get("QXMIX_FILL_CASES", 0)) // 8)):
+        case = Case(drawn)
+        del case.dispenser["cassettes"][2:]
+        is_equal = drawn.random() < 0.5
+        for cassette in case.dispenser["cassettes"]:
+            cassette.update(capacity=12, bundle=4, lowThreshold=0 if is_equal else cassette["value"] % 3)
+        notes = drawn.sample([5, 10, 20, 50], 3)
+        wanted = cheapest_of_all(tool, case, worth, notes)
+        before = [cassette["value"] for cassette in case.dispenser["cassettes"]]
+        reached = case.check(tool, checks, f"notes, case {number}", ["--notes", ",".join(map(str, notes))], wanted, worth)
+        chosen = json.loads((tool.folder / "chosen.json").read_text())
+        checks.check("each has one of the notes", all(c["value"] in notes for c in chosen["cassettes"]), chosen)
+        others += reached and [cassette["value"] for cassette in chosen["cassettes"]] != before
+    checks.check("other notes are better", others > 0)
+
+
+def check_notes(tool, checks):
+    """All forms tell the notes, and the simulation of what is saved serves what was said."""
+    words = WEEK + ["--days", "2", "--runs", "3", "--seed", "2", "--notes", "20,5,50", "--service", "96"]
+    status, answer = answer_of(tool, words + ["--save", "notes.json", "--output", "notes.csv"])
+    mine = answer["result"]["mixes"][0]
+    saved = json.loads((tool.folder / "notes.json").read_text())
+    branch = json.loads((tool.folder / "examples/branch.json").read_text())
+    values = [(before["value"], after["value"]) for before, after in zip(branch["cassettes"], saved["cassettes"])]
+    checks.equal("exit status and input", (status, answer["input"]["notes"]), (0, [50, 20, 5]))
+    checks.equal("the notes in JSON", [cassette["value"] for cassette in mine["cassettes"]],
+                 [{"now": before, "load": after} for before, after in values])
+    checks.equal("the notes in CSV", [(int(row["valueNow"]), int(row["value"]), int(row["load"])) for row in
+                                      rows_of(tool, "notes.csv")],
+                 [(*pair, cassette["count"]) for pair, cassette in zip(values, saved["cassettes"])])
+    checks.check("the hundred and the ten go", values[0][1] != 100 and values[3][1] != 10, values)
+    # One cassette differs in its threshold from three others: 3 notes, and 10 ways to fill three with 3.
+    checks.equal("the choices", mine["choices"]["all"], 30)
+    text = tool.run(words)[1]
+    checks.check("the text", f"\nnotes    30 choices ({mine['choices']['unpayable']} cannot pay what is asked): A {values[0][1]} for 100"
+                 in text and f" D {values[3][1]} for 10" in text and " 800 x 10 " in text, text)
+    week = json.loads((tool.folder / "examples/week.json").read_text())
+    save(tool, "two.json", {**week, "days": 2})
+    counts, _ = served(tool, "notes.json", "two.json", 1, 3, 2)
+    checks.equal("the service", (mine["service"]["median"], mine["service"]["worst"]),
+                 (percent_text(counts[1], 240), percent_text(counts[0], 240)))
+    asked = tool.run(WEEK + ["--days", "1", "--notes", "7", "--runs", "2", "--json"])
+    mine = json.loads(asked[1])["result"]["mixes"][0]
+    checks.check("notes that pay next to nothing", (asked[0], mine["reached"], mine["choices"]) ==
+                 (1, False, {"all": 1, "unpayable": 0}) and float(mine["service"]["median"]) < 10, mine["service"])
 
 
 def percent_text(count, asked):
@@ -245,7 +351,7 @@ def check_days(tool, checks):
                  ({"from": 1, "to": 4}, [1, 2, 3, 4]))
     costs = []
     for row in rows:
-        _, alone = answer_of(tool, words + ["--days", str(row["days"]), "--save", f"{row['days']}.json",
+        _, alone = answer_of(tool, words + ["--days", f"{row['days']}-{row['days']}", "--save", f"{row['days']}.json",
                                             "--output", f"{row['days']}.csv"])
         best = alone["result"]["mixes"][0]
         checks.equal(f"{row['days']} days", row, {
@@ -360,6 +466,11 @@ def check_interrupt(tool, checks):
     mix = answer["result"]["mixes"][0]
     checks.equal("Ctrl-C", (status, answer["complete"], mix["complete"], mix["checked"],
                             mix["cheapest"]), (130, False, False, False, None))
+    status, output, _ = tool.interrupt(words + ["--notes", "5,10,20,50,100"], 4)
+    answer = json.loads(output)
+    mix = answer["result"]["mixes"][0]
+    checks.equal("Ctrl-C among several notes", (status, answer["complete"], mix["complete"], mix["choices"]["all"]),
+                 (130, False, False, 175))
     status, output, _ = tool.interrupt(words + ["--days", "1-14"], 2)
     answer = json.loads(output)
     checks.equal("Ctrl-C among several days", (status, answer["complete"],
@@ -367,4 +478,4 @@ def check_interrupt(tool, checks):
                  (130, False, False))
 
 
-run_parts(check_against_all_loadings, check_saved, check_resampled, check_drawn, check_days, check_forms, check_outcomes, check_interrupt)
+run_parts(check_against_all_loadings, check_costs_against_all_loadings, check_notes_against_all, check_notes, check_saved, check_resampled, check_drawn, check_days, check_forms, check_outcomes, check_interrupt)

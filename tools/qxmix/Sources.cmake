@@ -61,6 +61,7 @@ set(qxmix_shared_sources
     commands/fill/FillJson.cpp
     commands/fill/FillLevels.cpp
     commands/fill/FillLoading.cpp
+    commands/fill/FillNotes.cpp
     commands/fill/FillOutcome.cpp
     commands/fill/FillPage.cpp
     commands/fill/FillPictures.cpp
@@ -70,6 +71,8 @@ set(qxmix_shared_sources
     commands/fill/FillRuns.cpp
     commands/fill/FillSearch.cpp
     commands/fill/FillText.cpp
+    commands/fill/LoadingSearch.cpp
+    commands/fill/MixSearch.cpp
     commands/fill/RunStretch.cpp
     commands/fill/ServedShare.cpp
     commands/lint/LintAccept.cpp

@@ -30,9 +30,22 @@ function isProposed(fill, point) {
     return point.load.every((items, place) => items === fill.cassettes[place].load);
 }
 
+/** The item of a cassette: "100 EUR". With other notes it is not what the dispenser says. */
+function itemOf(one) {
+    const cassette = dispenser.cassettes[one.cassette];
+    return (one.value === undefined ? cassette.worth : one.value.load) + " " + cassette.currency;
+}
+
+/** The name of a cassette; where notes were chosen with its note. */
+function nameOf(one) {
+    const label = dispenser.cassettes[one.cassette].label;
+    return !label ? itemOf(one) + " (" + one.cassette + ")"
+        : one.value === undefined ? label : label + " (" + itemOf(one) + ")";
+}
+
 /** What is in some cassettes: "A 300, B 200". */
 function itemsOf(fill, texts) {
-    return fill.cassettes.map((one, place) => cassetteName(one.cassette) + " " + texts[place]).join(", ");
+    return fill.cassettes.map((one, place) => nameOf(one) + " " + texts[place]).join(", ");
 }
 
 /** A point of the curve of money and service, for people: three lines. */

@@ -96,7 +96,8 @@ function heldCurve(fill, place) {
     const at = (counts, index) => xOf(index * held.step).toFixed(1) + " " + yOf(counts[index] / whole).toFixed(1);
     const along = median.map((_, index) => index);
     const line = (counts, order) => order.map((index) => at(counts, index)).join("L");
-    return { cassette: fill.cassettes[place].cassette, path: "M" + line(median, along),
+    const one = fill.cassettes[place];
+    return { cassette: one.cassette, name: dispenser.cassettes[one.cassette].label || nameOf(one), path: "M" + line(median, along),
         share: median[timeCount - 1] / whole, x: xOf(lastTime),
         band: "M" + line(most, along) + "L" + line(least, along.slice().reverse()) + "z" };
 }
@@ -109,7 +110,7 @@ function heldPlot(fill) {
         .filter((curve) => curve !== null);
     placeLabels(curves);
     for (const curve of curves) {
-        addCurve(picture, curve, labelText(curve.cassette))
+        addCurve(picture, curve, shortLabel(curve.name))
             .prepend(shape("path", { d: curve.band, class: "band" }));
     }
     picture.append(makeCursor());

@@ -22,8 +22,9 @@ function showLoading() {
         plural(answer.input.runs, "run") + " those that serve " + percent(answer.input.service),
         ["cassette", "item#", "now#", "load#", "bundles#", "capacity#", "less#", "more#", "runs low"],
         fill.cassettes.map((one) => {
-            const cassette = dispenser.cassettes[one.cassette];
-            return [cassetteLabel(one.cassette), cassette.worth + " " + cassette.currency, String(one.now),
+            const isOther = one.value !== undefined && one.value.now !== one.value.load;
+            return [cassetteLabel(one.cassette), itemOf(one),
+                one.now + (isOther ? " x " + one.value.now : ""),
                 String(one.load), String(one.load / one.bundle), orDash(one.capacity), runsWith(one.less),
                 runsWith(one.more), one.low === null ? "never" : one.low];
         }));

@@ -86,8 +86,7 @@ function placeLabels(curves) {
     }
 }
 
-function labelText(cassette) {
-    const label = cassetteName(cassette);
+function shortLabel(label) {
     const most = isNarrow() ? LONGEST_LABEL.narrow : LONGEST_LABEL.wide;
     return label.length > most ? label.slice(0, most - 1) + "…" : label;
 }

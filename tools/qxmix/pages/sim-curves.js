@@ -50,7 +50,7 @@ function drawCurves(picture, row) {
         .filter((curve) => curve !== null);
     placeLabels(curves);
     for (const curve of curves) {
-        addCurve(picture, curve, labelText(curve.cassette));
+        addCurve(picture, curve, shortLabel(cassetteName(curve.cassette)));
     }
 }
 

@@ -8,22 +8,16 @@ namespace qxmix {
 
 namespace {
 
-/// So few cheaper loadings are all tried.
-constexpr std::size_t kFewLoadings = 1000;
-
-/// So many are tried at most where there are more.
-constexpr std::size_t kMostTried = 1000;
-
-/// The loadings that are worth less than one, and not less than any has to be, if they are few.
+/// The loadings that are cheaper than one, and worth no less than any has to be, if they are few.
 class CheaperLoadings {
 public:
-    CheaperLoadings(const TriedLoadings& loadings, const Bundles& best)
-        : loadings_(loadings), limit_(loadings.WorthOf(best)) {
-        Bundles bundles(best.size(), 0);
+    CheaperLoadings(const TriedLoadings& loadings, const Price& limit, std::size_t few)
+        : loadings_(loadings), limit_(limit), few_(few) {
+        Bundles bundles(loadings.Space().most.size(), 0);
         Collect(bundles, 0);
     }
 
-    bool AreFew() const { return found_.size() <= kFewLoadings && visited_ <= kMostVisited; }
+    bool AreFew() const { return found_.size() <= few_ && visited_ <= kMostVisited; }
 
     /// The cheapest first.
     std::vector<Bundles> Sorted() && {
@@ -44,16 +38,16 @@ private:
     void Collect(Bundles& bundles, std::size_t level) {
         const FillSpace& space = loadings_.Space();
         if (level == bundles.size()) {
-            found_.emplace_back(loadings_.WorthOf(bundles), bundles);
+            found_.emplace_back(loadings_.PriceOf(bundles), bundles);
             return;
         }
-        const std::size_t place = loadings_.ByWorth()[level];
+        const std::size_t place = loadings_.ByPrice()[level];
         const bool isLast = level + 1 == bundles.size();
         for (std::uint32_t count = isLast ? Fewest(bundles, place) : 0;
              count <= space.most[place] && AreFew(); ++count) {
             ++visited_;
             bundles[place] = count;
-            if (!(loadings_.WorthOf(bundles) < limit_)) {
+            if (!(loadings_.PriceOf(bundles) < limit_)) {
                 break;
             }
             Collect(bundles, level + 1);
@@ -77,22 +71,27 @@ private:
     }
 
     const TriedLoadings& loadings_;
-    Money limit_;
+    Price limit_;
+    std::size_t few_;
     std::size_t visited_ = 0;
-    std::vector<std::pair<Money, Bundles>> found_;
+    std::vector<std::pair<Price, Bundles>> found_;
 };
 
 /// Goes through the loadings cassette by cassette. Of each it takes what is needed even with all
 /// behind it at their most, then one more, and so on, as long as that can be cheaper than the best.
 class BoundedSearch {
 public:
-    BoundedSearch(TriedLoadings& loadings, Bundles& best)
-        : loadings_(loadings), best_(best), most_(loadings.AskedCount() + kMostTried) {}
+    /// @param limit  what it has to be cheaper than.
+    BoundedSearch(TriedLoadings& loadings, const Price& limit, std::size_t most)
+        : loadings_(loadings), limit_(limit), most_(loadings.AskedCount() + most) {}
+
+    /// The cheapest that was found; none: none is cheaper.
+    const std::optional<Bundles>& Best() const { return best_; }
 
     Cheapest Run() {
         Bundles full = loadings_.Space().most;
         if (!loadings_.DoesReach(full)) {
-            return Cheapest::OfNeighbours;
+            return Cheapest::IfMoreIsMore;
         }
         for (std::size_t place = 0; place < full.size(); ++place) {
             needed_.push_back(loadings_.FewestOf(place, full));
@@ -104,23 +103,26 @@ public:
 private:
     bool HasTime() const { return loadings_.AskedCount() < most_; }
 
-    /// What a loading is worth whose cassettes from `level` on hold only what is needed.
+    /// Whether a loading can be, whose cassettes from `level` on hold only what is needed.
     bool CanBeCheaper(Bundles bundles, std::size_t level) const {
-        const std::vector<std::size_t>& order = loadings_.ByWorth();
+        const std::vector<std::size_t>& order = loadings_.ByPrice();
         for (; level < order.size(); ++level) {
             bundles[order[level]] = needed_[order[level]];
         }
-        return loadings_.WorthOf(bundles) < loadings_.WorthOf(best_);
+        return loadings_.PriceOf(bundles) < limit_;
     }
 
     /// @param bundles  as chosen so far; what is behind it holds the most.
     // NOLINTNEXTLINE(misc-no-recursion): as deep as there are cassettes
     void Search(const Bundles& bundles, std::size_t level) {
         if (level == bundles.size()) {
-            best_ = loadings_.WorthOf(bundles) < loadings_.WorthOf(best_) ? bundles : best_;
+            if (loadings_.PriceOf(bundles) < limit_) {
+                limit_ = loadings_.PriceOf(bundles);
+                best_ = bundles;
+            }
             return;
         }
-        const std::size_t place = loadings_.ByWorth()[level];
+        const std::size_t place = loadings_.ByPrice()[level];
         const std::uint32_t most = loadings_.Space().most[place];
         const std::optional<std::uint32_t> fewest = Fewest(bundles, level);
         const bool isLast = level + 1 == bundles.size();
@@ -139,7 +141,7 @@ private:
 
     /// What is needed of a cassette with all behind it at their most; none: too much.
     std::optional<std::uint32_t> Fewest(Bundles bundles, std::size_t level) {
-        const std::size_t place = loadings_.ByWorth()[level];
+        const std::size_t place = loadings_.ByPrice()[level];
         std::uint32_t affordable = needed_[place];
         for (std::uint32_t tooMany = loadings_.Space().most[place] + 1; affordable < tooMany;) {
             const std::uint32_t middle = affordable + (tooMany - affordable) / 2;
@@ -161,25 +163,28 @@ private:
     }
 
     TriedLoadings& loadings_;
-    Bundles& best_;
+    Price limit_;
+    std::optional<Bundles> best_;
     std::size_t most_;  // loadings tried when it gives up
     Bundles needed_;    // of each cassette with all others at their most
 };
 
 }  // namespace
 
-Cheapest SearchBelow(TriedLoadings& loadings, Bundles& best) {
-    CheaperLoadings cheaper(loadings, best);
+CheaperLoading
+FindCheaperThan(TriedLoadings& loadings, const Price& limit, const SearchEffort& effort) {
+    CheaperLoadings cheaper(loadings, limit, effort.few);
     if (!cheaper.AreFew()) {
-        return BoundedSearch(loadings, best).Run();
+        BoundedSearch search(loadings, limit, effort.most);
+        const Cheapest cheapest = search.Run();
+        return {search.Best(), cheapest};
     }
     for (const Bundles& bundles : std::move(cheaper).Sorted()) {
         if (loadings.DoesReach(bundles)) {
-            best = bundles;
-            break;
+            return {bundles, Cheapest::OfAll};
         }
     }
-    return Cheapest::OfAll;
+    return {std::nullopt, Cheapest::OfAll};
 }
 
 }  // namespace qxmix

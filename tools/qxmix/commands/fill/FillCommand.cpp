@@ -2,6 +2,7 @@
 
 #include "FillForms.h"
 #include "FillIntervals.h"
+#include "FillNotes.h"
 #include "FillPictures.h"
 #include "FillProgressLine.h"
 #include "dispenser/DispenserJson.h"
@@ -75,6 +76,12 @@ void FillCommand::AddOptions(CLI::App& command) {
         command, "--bundle", 1, INT32_MAX,
         [this](std::int64_t number) { bundle_ = static_cast<std::uint32_t>(number); },
         "items that are loaded together, where a cassette does not say; 100 without it");
+    command
+        .add_option_function<std::string>(
+            "--notes", [this](const std::string& text) { TakeNotes(text); },
+            "notes that the cassettes may have, such as 5,10,20,50: finds out, too, which belong "
+            "into which")
+        ->type_name("LIST");
     AddRunOptions(command, demand_, "runs with one seed after the other; 50 without it");
     AddOutputFileOption(command, "--save", save_,
                         "writes the dispenser file with the loading that is proposed");
@@ -92,6 +99,27 @@ void FillCommand::TakeDays(const std::string& text) {
                                                            ", or a range such as 1-14"));
     }
     days_ = days;
+}
+
+void FillCommand::TakeNotes(const std::string& text) {
+    const auto notes = ParseNotes(text);
+    if (!notes) {
+        throw InputError("--notes: " + NotAllowed(text, "different notes such as 5,10,20,50"));
+    }
+    notes_ = *notes;
+}
+
+/// Whether there is a choice of notes, and not too much of it.
+void FillCommand::CheckNotes(const Dispenser& dispenser) const {
+    const std::uint64_t choices = NoteChoiceCount(dispenser, notes_);
+    if (choices == 0) {
+        throw InputError("--notes: no cassette can get other notes; expected one of bills that is "
+                         "loaded, and does not say what an item is worth");
+    }
+    if (choices > kMostChoices) {
+        throw InputError("--notes: more than " + std::to_string(kMostChoices) +
+                         " choices for these cassettes are too many; expected fewer notes");
+    }
 }
 
 ExitStatus FillCommand::Run(const CommonOptions& options) {
@@ -158,9 +186,13 @@ FillQuestions FillCommand::Prepare(const CommonOptions& options) const {
     questions.mixes = ask_.Mixes(questions.dispenser);
     CheckBundles(dispenser_, questions);
     PrepareDemand(questions);
-    if (FillLoading(questions, {}).Cassettes().empty()) {
+    if (FillLoading(questions.dispenser, questions.bundle, {}).Cassettes().empty()) {
         throw InputError(dispenser_ + ": no cassette can be loaded; expected one of " +
                          questions.dispenser.currency + " that gives notes or coins");
+    }
+    if (!notes_.empty()) {
+        CheckNotes(questions.dispenser);
+        questions.notes = notes_;
     }
     questions.deadline = options.deadline.value_or(questions.deadline);
     questions.jobs = jobs_.Count();
@@ -210,7 +242,8 @@ std::string FillCommand::CommandLine(const FillQuestions& questions,
         line += " --seed " + std::to_string(questions.seed) + " --runs " +
                 std::to_string(questions.runs);
     }
-    return line + SheetWords(demand_.sheet) + AskingWords(ask_, options);
+    return line + (notes_.empty() ? "" : " --notes " + NoteListWord(notes_)) +
+           SheetWords(demand_.sheet) + AskingWords(ask_, options);
 }
 
 }  // namespace qxmix

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace qxmix {
 
@@ -22,6 +23,8 @@ public:
 
 private:
     void TakeDays(const std::string& text);
+    void TakeNotes(const std::string& text);
+    void CheckNotes(const Dispenser& dispenser) const;
     FillQuestions Prepare(const CommonOptions& options) const;
     void PrepareDemand(FillQuestions& questions) const;
     ExitStatus Write(const FillReport& report,
@@ -36,7 +39,8 @@ private:
     std::uint32_t bundle_ = 100;
     std::optional<std::uint32_t> days_;
     std::optional<DayRange> dayRange_;
-    std::string save_;  // file for the loaded dispenser; empty: none
+    std::vector<std::uint32_t> notes_;  // empty: those that the cassettes have
+    std::string save_;                  // file for the loaded dispenser; empty: none
     JobsOption jobs_;
     OutputOption output_{AllForms()};
     AskOptions ask_;

@@ -4,8 +4,13 @@
 
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 namespace qxmix {
+
+/// What a bundle of each cassette adds to the cost of so many days, in a unit that is the same for
+/// all of them; none: more than anybody pays.
+std::vector<Money> BundleCosts(const Costs& costs, const FillLoading& loading, std::uint32_t days);
 
 /// What a loading costs in a day: the visit and the bundles by the days that it lasts, and the
 /// interest on what is loaded, 365 days a year. Rounded down to hundredths; none: more than

@@ -4,7 +4,9 @@
 namespace qxmix {
 
 std::string FillCsv(const FillReport& report) {
-    std::string csv = "mix,cassette,label,currency,value,now,load,bundles,bundle,capacity,worth\n";
+    const bool hasNotes = !report.questions.notes.empty();
+    std::string csv = "mix,cassette,label,currency,value,now,load,bundles,bundle,capacity,worth";
+    csv += hasNotes ? ",valueNow\n" : "\n";
     for (const MixFill& mix : report.answers.mixes) {
         if (!mix.load) {
             continue;
@@ -18,7 +20,8 @@ std::string FillCsv(const FillReport& report) {
                    "," + std::to_string(now.count) + "," + std::to_string(then.count) + "," +
                    std::to_string(mix.load->bundles[place]) + "," + std::to_string(loaded.bundle) +
                    "," + (then.capacity ? std::to_string(*then.capacity) : "") + "," +
-                   then.Worth().Times(then.count).ShortText() + "\n";
+                   then.Worth().Times(then.count).ShortText() +
+                   (hasNotes ? "," + std::to_string(now.value) : "") + "\n";
         }
     }
     return csv;

@@ -8,7 +8,7 @@ namespace {
 Bundles TakeOut(TriedLoadings& loadings, Bundles bundles) {
     for (bool isLess = true; isLess;) {
         isLess = false;
-        for (const std::size_t cassette : loadings.ByWorth()) {
+        for (const std::size_t cassette : loadings.ByPrice()) {
             Bundles oneLess = bundles;
             if (bundles[cassette] == 0) {
                 continue;
@@ -32,11 +32,11 @@ bool Exchange(TriedLoadings& loadings, Bundles& bundles, std::size_t into, std::
     Bundles exchanged = bundles;
     ++exchanged[into];
     std::uint32_t taken = 1;
-    while (taken < bundles[out] && !(space.worth[out].Times(taken) > space.worth[into])) {
+    while (taken < bundles[out] && !(space.PriceOfSome(into, 1) < space.PriceOfSome(out, taken))) {
         ++taken;
     }
     exchanged[out] -= taken;
-    if (!(loadings.WorthOf(exchanged) < loadings.WorthOf(bundles)) ||
+    if (!(loadings.PriceOf(exchanged) < loadings.PriceOf(bundles)) ||
         !loadings.DoesReach(exchanged)) {
         return false;
     }
@@ -46,8 +46,8 @@ bool Exchange(TriedLoadings& loadings, Bundles& bundles, std::size_t into, std::
 }
 
 bool ExchangeAny(TriedLoadings& loadings, Bundles& bundles) {
-    for (const std::size_t out : loadings.ByWorth()) {
-        for (const std::size_t into : loadings.ByWorth()) {
+    for (const std::size_t out : loadings.ByPrice()) {
+        for (const std::size_t into : loadings.ByPrice()) {
             if (Exchange(loadings, bundles, into, out)) {
                 return true;
             }

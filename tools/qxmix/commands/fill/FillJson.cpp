@@ -45,6 +45,9 @@ public:
         };
         json["costPerDay"] = {{"now", cost(report_.CostNow(mix))},
                               {"load", cost(report_.CostOf(mix))}};
+        if (!report_.questions.notes.empty()) {
+            json["choices"] = {{"all", mix.choices}, {"unpayable", mix.unpayable}};
+        }
         json["curve"] = Curve(mix);
         json["held"] = mix.levels ? Held(*mix.levels) : Json();
         json["runs"] = report_.demands.size();
@@ -83,6 +86,9 @@ private:
                  {"low", low ? Json(report_.demands.front()->calendar.Text(*low)) : Json()},
                  {"less", Neighbour(load.less, place)},
                  {"more", Neighbour(load.more, place)}});
+            if (!report_.questions.notes.empty()) {
+                json.back()["value"] = {{"now", now.value}, {"load", then.value}};
+            }
         }
         return json;
     }
@@ -156,6 +162,9 @@ Json FillInputJson(const FillQuestions& questions) {
                  {"seed", questions.IsRecorded() ? Json() : Json(questions.seed)},
                  {"runs", questions.runs},
                  {"deadline", DurationText(questions.deadline)}};
+    if (!questions.notes.empty()) {
+        json["notes"] = questions.notes;
+    }
     if (std::holds_alternative<RecordedDays>(questions.demand)) {
         json["resampled"] = questions.Days();
     }

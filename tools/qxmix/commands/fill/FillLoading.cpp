@@ -17,12 +17,6 @@ constexpr CodeSet kTellsTheCount = StatusRange(CashUnitStatus::Ok, CashUnitStatu
 /// Above it a count is read as negative.
 constexpr std::uint32_t kMostItems = INT32_MAX;
 
-bool IsLoaded(const Dispenser& dispenser, const Cassette& cassette) {
-    return cassette.currency == dispenser.currency && Contains(kGivingTypes, cassette.type) &&
-           Contains(kTellsTheCount, cassette.status) && cassette.value != 0 &&
-           !cassette.Worth().IsZero();
-}
-
 /// What the customers of one run ask for.
 Money AskedIn(const Dispenser& dispenser, const Demand& demand) {
     Money asked;
@@ -48,8 +42,16 @@ std::uint32_t CountFor(const Money& sum, const Money& worth, std::uint32_t most)
 
 }  // namespace
 
-FillLoading::FillLoading(const FillQuestions& questions, const RunDemands& demands)
-    : dispenser_(questions.dispenser) {
+bool IsLoaded(const Dispenser& dispenser, const Cassette& cassette) {
+    return cassette.currency == dispenser.currency && Contains(kGivingTypes, cassette.type) &&
+           Contains(kTellsTheCount, cassette.status) && cassette.value != 0 &&
+           !cassette.Worth().IsZero();
+}
+
+FillLoading::FillLoading(const Dispenser& dispenser,
+                         std::uint32_t bundle,
+                         const RunDemands& demands)
+    : dispenser_(dispenser) {
     Money asked;
     for (const auto& demand : demands) {
         const Money sum = AskedIn(dispenser_, *demand);
@@ -64,7 +66,7 @@ FillLoading::FillLoading(const FillQuestions& questions, const RunDemands& deman
         }
         LoadedCassette loaded;
         loaded.cassette = index;
-        loaded.bundle = std::min(cassette.bundle.value_or(questions.bundle), kMostItems);
+        loaded.bundle = std::min(cassette.bundle.value_or(bundle), kMostItems);
         loaded.worth = cassette.Worth().Times(loaded.bundle);
         const std::uint32_t room = std::min(cassette.capacity.value_or(kMostItems), kMostItems);
         loaded.most = CountFor(asked, loaded.worth, room / loaded.bundle);

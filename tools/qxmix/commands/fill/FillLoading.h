@@ -19,11 +19,16 @@ struct LoadedCassette {
     Money worth;               ///< of a bundle
 };
 
+/// Whether a cassette is one that is loaded.
+bool IsLoaded(const Dispenser& dispenser, const Cassette& cassette);
+
 /// Which cassettes of a dispenser are loaded, and how.
 class FillLoading {
 public:
     /// Those of the dispenser's currency that give, and whose status only tells how much they hold.
-    FillLoading(const FillQuestions& questions, const RunDemands& demands);
+    ///
+    /// @param bundle  items of one, where a cassette does not say.
+    FillLoading(const Dispenser& dispenser, std::uint32_t bundle, const RunDemands& demands);
 
     const std::vector<LoadedCassette>& Cassettes() const { return cassettes_; }
 

@@ -13,8 +13,8 @@ namespace {
 class PictureSearch {
 public:
     PictureSearch(const FillReport& report, FillRuns& runs, FillProgress& progress)
-        : questions_(report.questions), demands_(report.demands),
-          loading_(report.questions, report.demands), runs_(runs), progress_(progress) {}
+        : questions_(report.questions), demands_(report.demands), runs_(runs), progress_(progress) {
+    }
 
     /// @throw Interruption; then `fill` has no curve.
     void Run(MixFill& fill) {
@@ -24,12 +24,15 @@ public:
                              kSteps * static_cast<std::size_t>(std::count_if(
                                           fill.load->bundles.begin(), fill.load->bundles.end(),
                                           [](std::uint32_t count) { return count > 0; }));
-        const Dispenser loaded = loading_.With(fill.load->bundles);
+        const FillLoading loading(fill.load->loaded, questions_.bundle, demands_);
+        const Dispenser& loaded = fill.load->loaded;
         fill.levels = LevelsOf(questions_, demands_, loaded, Ask(fill.mix, loaded));
         std::vector<FillPoint> points = PointsBelow(
             fill.load->bundles,
-            [this](const Bundles& bundles) { return loading_.WorthOf(bundles); },
-            [this, &fill](const Bundles& bundles) { return PointWith(fill.mix, bundles); });
+            [&loading](const Bundles& bundles) { return loading.WorthOf(bundles); },
+            [&](const Bundles& bundles) {
+                return PointWith(fill.mix, bundles, loading.With(bundles));
+            });
         points.insert(points.end(), fill.points.begin(), fill.points.end());
         fill.curve = BestPoints(std::move(points), fill.load->bundles);
     }
@@ -43,15 +46,14 @@ private:
         return runs_.All(mix, loaded);
     }
 
-    std::optional<FillPoint> PointWith(std::uint16_t mix, const Bundles& bundles) {
-        const Dispenser loaded = loading_.With(bundles);
+    std::optional<FillPoint>
+    PointWith(std::uint16_t mix, const Bundles& bundles, const Dispenser& loaded) {
         const FillOutcome outcome = OutcomeOf(questions_, demands_, loaded, Ask(mix, loaded));
         return outcome.dangerous > 0 ? std::nullopt : std::make_optional(PointOf(bundles, outcome));
     }
 
     const FillQuestions& questions_;
     const RunDemands& demands_;
-    FillLoading loading_;
     FillRuns& runs_;
     FillProgress& progress_;
 };

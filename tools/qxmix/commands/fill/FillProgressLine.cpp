@@ -24,12 +24,15 @@ std::string FillProgressText(const std::string& command,
                              const std::string& best,
                              std::chrono::milliseconds passed) {
     constexpr std::uint64_t kMillisecondsInSecond = 1000;
-    std::string text = command + "  mix " + std::to_string(now.mix) + "  " +
-                       std::to_string(now.tried) + " of about " + std::to_string(now.expected) +
-                       " loadings";
-    if (now.tried > 0) {
+    const bool isByChoice = now.choices > 1;
+    const std::size_t done = isByChoice ? now.choice : now.tried;
+    const std::size_t all = isByChoice ? now.choices : now.expected;
+    std::string text = command + "  mix " + std::to_string(now.mix) + "  " + std::to_string(done) +
+                       (isByChoice ? " of " : " of about ") + std::to_string(all) +
+                       (isByChoice ? " choices of notes" : " loadings");
+    if (done > 0) {
         const auto time = static_cast<std::uint64_t>(passed.count());
-        const std::uint64_t left = time * (now.expected - now.tried) / now.tried;
+        const std::uint64_t left = time * (all - done) / done;
         text += "  about " + std::to_string(left / kMillisecondsInSecond + 1) + " s left";
     }
     return text + (best.empty() ? "" : "  best " + best);

@@ -28,9 +28,10 @@ struct FillQuestions {
     DemandSource demand;
     std::string serviceText = "99.5";  ///< percent of the withdrawals, as it was written
     ServedShare service{995, 1000};
-    std::uint32_t bundle = 100;  ///< items of one, where a cassette does not say
-    std::uint32_t seed = 1;      ///< of the first run; each further run has the next one
-    std::uint32_t runs = 50;     ///< 1 for a recorded demand that is asked as it is
+    std::uint32_t bundle = 100;        ///< items of one, where a cassette does not say
+    std::vector<std::uint32_t> notes;  ///< that cassettes may have, each once; none: as they are
+    std::uint32_t seed = 1;            ///< of the first run; each further run has the next one
+    std::uint32_t runs = 50;           ///< 1 for a recorded demand that is asked as it is
     Milliseconds deadline{100};
     std::size_t jobs = 1;  ///< workers side by side
 

@@ -62,6 +62,28 @@ std::string NowLine(const FillReport& report, const MixFill& best) {
            (now.dangerous > 0 ? ", " + std::to_string(now.dangerous) + " dangerous" : "");
 }
 
+/// Which cassettes get other notes; empty: nobody asked.
+std::string NotesLine(const FillReport& report, const MixFill& best) {
+    if (report.questions.notes.empty()) {
+        return "";
+    }
+    const Dispenser& now = report.questions.dispenser;
+    std::string changes;
+    for (std::size_t index = 0; index < now.cassettes.size(); ++index) {
+        const std::uint32_t value = best.load->loaded.cassettes[index].value;
+        if (value != now.cassettes[index].value) {
+            changes += (changes.empty() ? "" : ", ") + CassetteLabel(now, index) + " " +
+                       std::to_string(value) + " for " + std::to_string(now.cassettes[index].value);
+        }
+    }
+    const std::string unpayable =
+        best.unpayable == 0 ? ""
+                            : " (" + std::to_string(best.unpayable) + " cannot pay what is asked)";
+    return "notes    " + std::to_string(best.choices) +
+           (best.choices == 1 ? " choice" : " choices") + unpayable + ": " +
+           (changes.empty() ? "all stay" : changes);
+}
+
 /// Of which intervals the best one costs least.
 std::string LeastOf(const std::vector<FillInterval>& intervals) {
     return intervals.size() < 2 ? ""
@@ -118,8 +140,10 @@ FillReport::FillReport(FillQuestions asking,
     headline = HeadlineOf(*this);
     if (const MixFill* const best = Best()) {
         remarks = {RunsLine(*this, *best), NowLine(*this, *best)};
-        if (const std::string costs = CostLine(*this, *best); !costs.empty()) {
-            remarks.push_back(costs);
+        for (const std::string& line : {CostLine(*this, *best), NotesLine(*this, *best)}) {
+            if (!line.empty()) {
+                remarks.push_back(line);
+            }
         }
         remarks.push_back(CheckLine(*this, *best));
     }

@@ -7,10 +7,10 @@
 namespace qxmix {
 
 TriedLoadings::TriedLoadings(FillSpace space, Reaches reaches)
-    : space_(std::move(space)), reaches_(std::move(reaches)), byWorth_(space_.worth.size()) {
-    std::iota(byWorth_.begin(), byWorth_.end(), 0);
-    std::stable_sort(byWorth_.begin(), byWorth_.end(), [this](std::size_t left, std::size_t right) {
-        return space_.worth[left] > space_.worth[right];
+    : space_(std::move(space)), reaches_(std::move(reaches)), byPrice_(space_.worth.size()) {
+    std::iota(byPrice_.begin(), byPrice_.end(), 0);
+    std::stable_sort(byPrice_.begin(), byPrice_.end(), [this](std::size_t left, std::size_t right) {
+        return space_.PriceOfSome(right, 1) < space_.PriceOfSome(left, 1);
     });
 }
 
@@ -29,16 +29,23 @@ bool TriedLoadings::DoesReach(const Bundles& bundles) {
 
 bool TriedLoadings::CanBeEnough(const Bundles& bundles) const {
     Money held = space_.unloaded;
-    held += WorthOf(bundles);
+    held += PriceOf(bundles).worth;
     return !(held < space_.least);
 }
 
-Money TriedLoadings::WorthOf(const Bundles& bundles) const {
-    Money worth;
+Price FillSpace::PriceOf(const Bundles& bundles) const {
+    Price price;
     for (std::size_t place = 0; place < bundles.size(); ++place) {
-        worth += space_.worth[place].Times(bundles[place]);
+        const Price some = PriceOfSome(place, bundles[place]);
+        price.cost += some.cost;
+        price.worth += some.worth;
     }
-    return worth;
+    return price;
+}
+
+Price FillSpace::PriceOfSome(std::size_t cassette, std::uint32_t count) const {
+    const Money some = cost.empty() ? Money() : cost[cassette].Times(count);
+    return {some, worth[cassette].Times(count)};
 }
 
 std::uint32_t
@@ -58,11 +65,12 @@ TriedLoadings::FewestOf(std::size_t cassette, Bundles bundles, std::uint32_t atL
 
 Cheapest FindCheapest(TriedLoadings& loadings, Bundles& best) {
     best = Descend(loadings, best);
-    const Cheapest sureness = SearchBelow(loadings, best);
+    const CheaperLoading cheaper = FindCheaperThan(loadings, loadings.PriceOf(best));
     // What the search has found it found with other cassettes at their most.
-    const Bundles descended = Descend(loadings, best);
-    best = descended;
-    return sureness;
+    best = Descend(loadings, cheaper.bundles.value_or(best));
+    const bool isMoreMore =
+        cheaper.cheapest != Cheapest::IfMoreIsMore || loadings.DoesReach(loadings.Space().most);
+    return isMoreMore ? cheaper.cheapest : Cheapest::OfNeighbours;
 }
 
 }  // namespace qxmix

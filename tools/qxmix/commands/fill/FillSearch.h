@@ -5,16 +5,35 @@
 #include <cstddef>
 #include <functional>
 #include <map>
+#include <optional>
 #include <vector>
 
 namespace qxmix {
 
+/// What a loading is compared by: what it costs, and of equals what it is worth.
+struct Price {
+    Money cost;  ///< 0 where money alone counts
+    Money worth;
+
+    bool operator<(const Price& other) const {
+        const int order = cost.Compare(other.cost);
+        return order != 0 ? order < 0 : worth < other.worth;
+    }
+};
+
 /// What is searched: the cheapest loading that reaches the service.
 struct FillSpace {
     std::vector<Money> worth;  ///< of a bundle, by cassette that is loaded
+    std::vector<Money> cost;   ///< that a bundle adds; empty: money alone counts
     Bundles most;              ///< as many as each takes
     Money unloaded;            ///< what cassettes hold that are not loaded
     Money least;               ///< what all cassettes have to hold in any case
+
+    /// What a loading costs and is worth.
+    Price PriceOf(const Bundles& bundles) const;
+
+    /// What some bundles of one cassette cost and are worth.
+    Price PriceOfSome(std::size_t cassette, std::uint32_t count) const;
 };
 
 /// How sure it is that no loading is cheaper.
@@ -43,13 +62,13 @@ public:
     /// Whether it is worth as much as any has to be; what is not does not reach.
     bool CanBeEnough(const Bundles& bundles) const;
 
-    Money WorthOf(const Bundles& bundles) const;
+    Price PriceOf(const Bundles& bundles) const { return space_.PriceOf(bundles); }
 
     /// Of how many the module was asked.
     std::size_t AskedCount() const { return known_.size(); }
 
     /// The cassettes, that with the most expensive bundle first.
-    const std::vector<std::size_t>& ByWorth() const { return byWorth_; }
+    const std::vector<std::size_t>& ByPrice() const { return byPrice_; }
 
     /// The smallest number of bundles of one cassette with which the loading reaches, as halving
     /// the range finds it: one less does not reach.
@@ -60,7 +79,7 @@ public:
 private:
     FillSpace space_;
     Reaches reaches_;
-    std::vector<std::size_t> byWorth_;
+    std::vector<std::size_t> byPrice_;
     std::map<Bundles, bool> known_;
 };
 
@@ -69,14 +88,25 @@ private:
 /// @param bundles  one that reaches.
 Bundles Descend(TriedLoadings& loadings, Bundles bundles);
 
-/// Goes on to look for a cheaper loading, in order, for as long as that is worth while.
-///
-/// @param best  the cheapest so far, which reaches; becomes cheaper if there is one.
-Cheapest SearchBelow(TriedLoadings& loadings, Bundles& best);
-
 /// All of it, from a loading that reaches.
 ///
 /// @param best  becomes the cheapest.
 Cheapest FindCheapest(TriedLoadings& loadings, Bundles& best);
+
+/// What there is below a price.
+struct CheaperLoading {
+    std::optional<Bundles> bundles;  ///< one that reaches; none: none was found
+    Cheapest cheapest = Cheapest::OfAll;
+};
+
+/// How long it is looked for.
+struct SearchEffort {
+    std::size_t few = 1000;   ///< so few cheaper loadings are all tried
+    std::size_t most = 1000;  ///< so many are tried at most where there are more
+};
+
+/// Looks for the cheapest loading below a price, in order, for as long as that is worth while.
+CheaperLoading
+FindCheaperThan(TriedLoadings& loadings, const Price& limit, const SearchEffort& effort = {});
 
 }  // namespace qxmix

@@ -22,7 +22,7 @@ std::string RunsWith(const std::vector<std::optional<FillOutcome>>& outcomes, st
 Table CassetteTable(const FillReport& report, const MixFill& best, std::size_t labelWidth) {
     const Dispenser& dispenser = report.questions.dispenser;
     const FillProposal& load = *best.load;
-    const CassetteNames names(dispenser);
+    const CassetteNames names(load.loaded);
     Table table({{Align::Left, 1, 0},
                  {Align::Right, 2, 7},
                  {Align::Right, 2, 7},
@@ -37,7 +37,10 @@ Table CassetteTable(const FillReport& report, const MixFill& best, std::size_t l
         const bool isLoaded = place < report.answers.cassettes.size() &&
                               report.answers.cassettes[place].cassette == index;
         const auto low = load.outcome.low[index];
-        table.AddRow({names.Text(index, labelWidth), std::to_string(cassette.count),
+        const bool isOther = cassette.value != load.loaded.cassettes[index].value;
+        table.AddRow({names.Text(index, labelWidth),
+                      std::to_string(cassette.count) +
+                          (isOther ? " x " + std::to_string(cassette.value) : ""),
                       isLoaded ? std::to_string(load.loaded.cassettes[index].count) : "as now",
                       cassette.capacity ? std::to_string(*cassette.capacity) : kNone,
                       isLoaded ? RunsWith(load.less, place) : kNone,
@@ -49,7 +52,7 @@ Table CassetteTable(const FillReport& report, const MixFill& best, std::size_t l
 }
 
 std::string CassettesText(const FillReport& report, const MixFill& best, const Painter& painter) {
-    const CassetteNames names(report.questions.dispenser);
+    const CassetteNames names(best.load->loaded);
     const Table table = FitLabels(OutputWidth(), names.LongestLabel(), [&](std::size_t width) {
         return CassetteTable(report, best, width);
     });

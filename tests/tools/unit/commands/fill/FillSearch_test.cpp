@@ -38,16 +38,20 @@ std::vector<Bundles> AllOf(const FillSpace& space) {
     return all;
 }
 
-/// What the cheapest loading is worth that reaches, all tried.
-Money CheapestWorth(const FillSpace& space, const TriedLoadings::Reaches& reaches) {
-    const TriedLoadings worth(space, reaches);
-    std::vector<Money> sums;
+/// What the cheapest loading costs and is worth that reaches, all tried.
+Price CheapestPrice(const FillSpace& space, const TriedLoadings::Reaches& reaches) {
+    const TriedLoadings prices(space, reaches);
+    std::vector<Price> all;
     for (const Bundles& bundles : AllOf(space)) {
         if (reaches(bundles)) {
-            sums.push_back(worth.WorthOf(bundles));
+            all.push_back(prices.PriceOf(bundles));
         }
     }
-    return *std::min_element(sums.begin(), sums.end());
+    return *std::min_element(all.begin(), all.end());
+}
+
+bool AreEqual(const Price& left, const Price& right) {
+    return !(left < right) && !(right < left);
 }
 
 /// Whether any bundle can be taken out of a loading.
@@ -110,7 +114,7 @@ TEST(FindCheapest, IsTheCheapestOfAllWhereMoreIsNeverLess) {
         TriedLoadings loadings(space, reaches);
         Bundles best = most;
         FindCheapest(loadings, best);
-        EXPECT_TRUE(loadings.WorthOf(best) == CheapestWorth(space, reaches)) << round;
+        EXPECT_TRUE(AreEqual(loadings.PriceOf(best), CheapestPrice(space, reaches))) << round;
         EXPECT_TRUE(reaches(best));
         EXPECT_FALSE(CanTakeOut(reaches, best));
     }
@@ -126,9 +130,46 @@ TEST(FindCheapest, IsTheCheapestOfAllAlsoWhereManyAreCheaper) {
         TriedLoadings loadings(space, reaches);
         Bundles best = most;
         bounded += FindCheapest(loadings, best) == Cheapest::IfMoreIsMore ? 1 : 0;
-        EXPECT_TRUE(loadings.WorthOf(best) == CheapestWorth(space, reaches)) << round;
+        EXPECT_TRUE(AreEqual(loadings.PriceOf(best), CheapestPrice(space, reaches))) << round;
     }
     EXPECT_GT(bounded, 0U);
+}
+
+TEST(FindCheapest, CostsLeastOfAllWhereEachBundleHasACost) {
+    std::mt19937 random(5);
+    std::size_t worthMore = 0;
+    for (int round = 0; round < 100; ++round) {
+        const Bundles most = {2, 4, 6, 9};
+        FillSpace space = SpaceOf({100, 50, 20, 10}, most);
+        const Sums reaches(random, space);
+        const Price cheapest = CheapestPrice(space, reaches);
+        const std::uint32_t visit = Below(random, 4) * 10;
+        for (const Money& worth : space.worth) {
+            space.cost.push_back(worth);
+            space.cost.back() += Money::Of(visit, 0);
+        }
+        TriedLoadings loadings(space, reaches);
+        Bundles best = most;
+        FindCheapest(loadings, best);
+        EXPECT_TRUE(AreEqual(loadings.PriceOf(best), CheapestPrice(space, reaches))) << round;
+        worthMore += cheapest.worth < loadings.PriceOf(best).worth ? 1 : 0;
+    }
+    EXPECT_GT(worthMore, 10U) << "the least money is not the least cost";
+}
+
+TEST(FindCheapest, IsTheLeastMoneyWhereBundlesCostNothing) {
+    std::mt19937 random(6);
+    for (int round = 0; round < 20; ++round) {
+        const Bundles most = {3, 4, 5};
+        FillSpace space = SpaceOf({100, 50, 20}, most);
+        const Sums reaches(random, space);
+        const Money least = CheapestPrice(space, reaches).worth;
+        space.cost.assign(3, Money());
+        TriedLoadings loadings(space, reaches);
+        Bundles best = most;
+        FindCheapest(loadings, best);
+        EXPECT_TRUE(loadings.PriceOf(best).worth == least) << round;
+    }
 }
 
 TEST(FindCheapest, IsTheCheapestOfAllInASmallSpaceWhereMoreMayBeLess) {
@@ -145,7 +186,7 @@ TEST(FindCheapest, IsTheCheapestOfAllInASmallSpaceWhereMoreMayBeLess) {
         TriedLoadings loadings(space, reaches);
         Bundles best = most;
         EXPECT_EQ(FindCheapest(loadings, best), Cheapest::OfAll);
-        EXPECT_TRUE(loadings.WorthOf(best) == CheapestWorth(space, reaches)) << round;
+        EXPECT_TRUE(AreEqual(loadings.PriceOf(best), CheapestPrice(space, reaches))) << round;
         EXPECT_TRUE(reaches(best));
     }
 }
