@@ -225,6 +225,23 @@ def check_others(tool, browser, checks):
                  [[str(row["days"]), "1", row["load"], row["costPerDay"],
                    "least" if row["proposed"] else "" if row["reached"] else "below 80 %"]
                   for row in rows])
+    words = ["fill", "hostile.json", "--demand", "few.json", "--service", "80", "--runs", "2", "--notes",
+             "10,50,100", "--output", "notes.html"]
+    mix = json.loads(tool.run(words + ["--json"])[1])["result"]["mixes"][0]
+    browser.open(tool.folder / "notes.html")
+    checks.equal("notes: no complaints", browser.complaints(), [])
+    checks.equal("notes: those that the cassettes get, and those that they have", [
+        row[:4] for row in browser.run(TABLE.format("loading"))], [
+        [label, f"{one['value']['load']} EUR",
+         str(one["now"]) + (f" x {one['value']['now']}" if one["value"]["now"] != one["value"]["load"] else ""),
+         str(one["load"])] for label, one in zip(LABELS, mix["cassettes"])])
+    checks.check("notes: some change", any(one["value"]["now"] != one["value"]["load"] for one in mix["cassettes"]))
+    names = [f"{one['value']['load']} EUR (1)" if label == "1" else f"{label} ({one['value']['load']} EUR)"
+             for label, one in zip(LABELS, mix["cassettes"])]
+    browser.run(plot(0) + ".focus(), " + plot(0) + ".count")
+    browser.press("Home")
+    checks.equal("notes: in words", browser.run(DETAILS)[1], "Load " + ", ".join(
+        f"{name} {count}" for name, count in zip(names, mix["curve"][0]["load"])))
     (tool.folder / "hang.json").write_text(json.dumps({
         "days": 1, "perDay": 30, "hours": [1] * 24, "amounts": [{"amount": 1002, "weight": 1}]}))
     status, _, _ = tool.run(["fill", "EUR:1x40000", "--demand", "hang.json", "--library", "fake.so", "--limit",

@@ -44,7 +44,7 @@ FillAnswers Fill(const FillQuestions& questions,
     FillAnswers answers;
     answers.least = LeastWorth(questions, demands, questions.service);
     answers.cassettes = loading.Cassettes();
-    MixSearch search(questions, demands, runs, known);
+    MixSearch search({questions, demands, runs, known});
     for (const std::uint16_t mix : questions.mixes) {
         answers.mixes.emplace_back();
         answers.mixes.back().mix = mix;

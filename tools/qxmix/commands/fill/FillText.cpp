@@ -82,21 +82,30 @@ void AddLoadCells(const FillReport& report, const MixFill& mix, std::vector<Cell
                                PercentText(outcome.worst) + "%", std::to_string(outcome.reaching)});
 }
 
-/// All mixes, the best first.
+/// All mixes, the best first; with what they cost where that decides.
 Table MixTable(const FillReport& report) {
-    Table table({{Align::Right, 0, 4},
-                 {Align::Right, 1, 4},
-                 {Align::Right, 2, 9},
-                 {Align::Right, 2, 7},
-                 {Align::Right, 2, 7},
-                 {Align::Right, 2, 5},
-                 {Align::Left, 2, 10}});
-    table.AddRow({"rank", "mix", "load", "median", "worst", "runs", ""});
+    const bool hasCosts = !report.intervals.empty();
+    std::vector<Table::Column> columns = {{Align::Right, 0, 4}, {Align::Right, 1, 4},
+                                          {Align::Right, 2, 9}, {Align::Right, 2, 7},
+                                          {Align::Right, 2, 7}, {Align::Right, 2, 5}};
+    std::vector<Cell> headings = {"rank", "mix", "load", "median", "worst", "runs"};
+    if (hasCosts) {
+        columns.push_back({Align::Right, 2, 10});
+        headings.emplace_back("cost a day");
+    }
+    columns.push_back({Align::Left, 2, 10});
+    headings.emplace_back("");
+    Table table(columns);
+    table.AddRow(headings);
     std::size_t rank = 0;
     for (const MixFill& mix : report.answers.mixes) {
         std::vector<Cell> cells = {mix.load && mix.isReached ? std::to_string(++rank) : kNone,
                                    std::to_string(mix.mix)};
         AddLoadCells(report, mix, cells);
+        if (hasCosts) {
+            const std::optional<Money> cost = report.CostOf(mix);
+            cells.emplace_back(cost ? cost->Text(2) : kNone);
+        }
         cells.emplace_back(EndingText(report, mix));
         table.AddRow(cells);
     }

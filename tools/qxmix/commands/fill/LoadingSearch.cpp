@@ -24,20 +24,15 @@ constexpr SearchEffort kEffortOfOne = {100, 100};
 
 }  // namespace
 
-LoadingSearch::LoadingSearch(const FillQuestions& questions,
-                             const RunDemands& demands,
-                             const Dispenser& dispenser,
-                             FillRuns& runs,
-                             FillProgress& progress,
-                             MixFill& fill)
-    : questions_(questions), demands_(demands), dispenser_(dispenser),
-      loading_(dispenser, questions.bundle, demands), runs_(runs), progress_(progress),
-      fill_(fill) {
+LoadingSearch::LoadingSearch(const FillAsking& asking, const Dispenser& dispenser, MixFill& fill)
+    : questions_(asking.questions), demands_(asking.demands), dispenser_(dispenser),
+      loading_(dispenser, questions_.bundle, demands_), runs_(asking.runs),
+      progress_(asking.progress), fill_(fill) {
     for (const LoadedCassette& cassette : loading_.Cassettes()) {
         space_.worth.push_back(cassette.worth);
     }
-    if (questions.range) {
-        space_.cost = BundleCosts(*questions.dispenser.costs, loading_, questions.Days());
+    if (questions_.range) {
+        space_.cost = BundleCosts(*questions_.dispenser.costs, loading_, questions_.Days());
     }
     space_.most = loading_.Most();
     space_.unloaded = loading_.Unloaded();

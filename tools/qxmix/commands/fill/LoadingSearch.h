@@ -6,6 +6,14 @@
 
 namespace qxmix {
 
+/// Who asks the module, about what.
+struct FillAsking {
+    const FillQuestions& questions;
+    const RunDemands& demands;
+    FillRuns& runs;
+    FillProgress& progress;
+};
+
 /// Looks for the cheapest loading of one mix with the notes that one dispenser's cassettes have,
 /// and writes into its MixFill what it finds.
 ///
@@ -13,12 +21,7 @@ namespace qxmix {
 class LoadingSearch {
 public:
     /// @param dispenser  with these notes; what it holds does not matter.
-    LoadingSearch(const FillQuestions& questions,
-                  const RunDemands& demands,
-                  const Dispenser& dispenser,
-                  FillRuns& runs,
-                  FillProgress& progress,
-                  MixFill& fill);
+    LoadingSearch(const FillAsking& asking, const Dispenser& dispenser, MixFill& fill);
 
     /// Whether full cassettes reach the service.
     bool DoesReachFull();

@@ -8,19 +8,17 @@
 
 namespace qxmix {
 
-MixSearch::MixSearch(const FillQuestions& questions,
-                     const RunDemands& demands,
-                     FillRuns& runs,
-                     FillProgress& progress)
-    : questions_(questions), demands_(demands), runs_(runs), progress_(progress) {
+MixSearch::MixSearch(const FillAsking& asking) : asking_(asking) {
+    const FillQuestions& questions = asking.questions;
     if (questions.notes.empty()) {
         choices_ = {questions.dispenser};
         return;
     }
     choices_ = NoteChoices(questions.dispenser, questions.notes);
     std::vector<Dispenser> payable;
-    std::copy_if(choices_.begin(), choices_.end(), std::back_inserter(payable),
-                 [&](const Dispenser& choice) { return CanServe(questions, demands, choice); });
+    std::copy_if(
+        choices_.begin(), choices_.end(), std::back_inserter(payable),
+        [&](const Dispenser& choice) { return CanServe(questions, asking.demands, choice); });
     if (!payable.empty()) {
         unpayable_ = choices_.size() - payable.size();
         choices_ = std::move(payable);
@@ -28,32 +26,35 @@ MixSearch::MixSearch(const FillQuestions& questions,
 }
 
 void MixSearch::Run(MixFill& fill) {
-    progress_.mix = fill.mix;
-    progress_.best.reset();
-    progress_.expected = progress_.tried;
-    progress_.choice = 0;
-    progress_.choices = choices_.size();
+    FillProgress& progress = asking_.progress;
+    const Dispenser& now = asking_.questions.dispenser;
+    progress.mix = fill.mix;
+    progress.best.reset();
+    progress.expected = progress.tried;
+    progress.choice = 0;
+    progress.choices = choices_.size();
     fill.choices = choices_.size() + unpayable_;
     fill.unpayable = unpayable_;
     ++fill.tried;
-    ++progress_.tried;
-    fill.now = OutcomeOf(questions_, demands_, questions_.dispenser,
-                         runs_.All(fill.mix, questions_.dispenser));
+    ++progress.tried;
+    fill.now = OutcomeOf(asking_.questions, asking_.demands, now, asking_.runs.All(fill.mix, now));
     Searches searches;
     for (const Dispenser& choice : choices_) {
-        searches.push_back(
-            std::make_unique<LoadingSearch>(questions_, demands_, choice, runs_, progress_, fill));
+        searches.push_back(std::make_unique<LoadingSearch>(asking_, choice, fill));
     }
     const std::size_t first = searches.size() == 1 ? 0 : FirstOf(searches);
     std::size_t best = first;
     searches[first]->FindBest();
     for (std::size_t place = 0; fill.isReached && place < searches.size(); ++place) {
-        progress_.choice = place;
+        progress.choice = place;
         if (place != first && searches[place]->FindCheaper()) {
             best = place;
         }
     }
     if (fill.load) {
+        // Where none reaches, the others were only asked with full cassettes.
+        const bool isOneOfMany = !fill.isReached && searches.size() > 1;
+        fill.load->cheapest = isOneOfMany ? Cheapest::OfNeighbours : fill.load->cheapest;
         searches[best]->TryNeighbours();
         fill.points = searches[best]->Points();
     }

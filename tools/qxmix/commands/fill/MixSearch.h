@@ -11,10 +11,7 @@ namespace qxmix {
 /// have, or with the best choice of those that they may have.
 class MixSearch {
 public:
-    MixSearch(const FillQuestions& questions,
-              const RunDemands& demands,
-              FillRuns& runs,
-              FillProgress& progress);
+    explicit MixSearch(const FillAsking& asking);
 
     /// @throw Interruption; then `fill` holds what is known.
     void Run(MixFill& fill);
@@ -26,10 +23,7 @@ private:
     /// does, of that which serves most.
     std::size_t FirstOf(const Searches& searches);
 
-    const FillQuestions& questions_;
-    const RunDemands& demands_;
-    FillRuns& runs_;
-    FillProgress& progress_;
+    FillAsking asking_;
     std::vector<Dispenser> choices_;  // of notes
     std::size_t unpayable_ = 0;       // that were left out of them
 };
