@@ -53,7 +53,7 @@ def without_deadlines(rows):
 
 
 def check_map(tool, checks):
-    for name in drawn_files(tool, 6):
+    for name in drawn_files(tool, 3):
         words = ["map", name, "--mixes", "1,3,9", "--deadline", "2s"]
         answer = answer_of(tool, *words, "--output", "all.csv")
         if "currencies" not in answer["result"]:
@@ -90,7 +90,7 @@ def findings_alone(answer):
 
 
 def check_lint(tool, checks):
-    for name in drawn_files(tool, 8):
+    for name in drawn_files(tool, 5):
         words = ["lint", name, "--slow", "60s", "--deadline", "2s", "--mixes", "1,2,8"]
         answer = answer_of(tool, *words)
         findings = answer["result"]["findings"]
@@ -208,6 +208,11 @@ def check_others(tool, checks):
     dispenser = answer_of(tool, "mix", BORDER, "--amount", "100")["input"]["dispenser"]
     checks.equal("input", dispenser["amounts"],
                  json.loads((tool.folder / BORDER).read_text())["amounts"])
+    tool.run(["mix", BORDER, "--amount", "100", "--currency", "CHF", "--raw-out", "asked.bin"])
+    for command in ("map", "lint"):
+        answer = answer_of(tool, command, "--raw-in", "asked.bin", "--to", "300")
+        checks.equal(f"{command} of a captured request", [
+            answer["format"], answer["input"]["dispenser"]["currency"]], ["qxmix/answer/1", "CHF"])
     answer = answer_of(tool, "compare", BORDER, BORDER, "--currency", "CHF")
     checks.equal("compare", [answer["input"][key] for key in ("from", "to", "step")], [20, 500, 10])
     tool.run(["fill", BORDER, "--demand", "examples/week.json", "--days", "1", "--runs", "2",

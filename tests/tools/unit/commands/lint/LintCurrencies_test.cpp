@@ -6,12 +6,11 @@ namespace {
 /// What the rules say of a dispenser in all its currencies, those of one rule: "USD /mix: message".
 Lines SaidInAll(LintOf lint, const std::string& id) {
     LintCases cases;
-    const std::vector<std::string> currencies = CurrenciesOf(lint.dispenser);
-    for (const std::string& currency : currencies) {
+    lint.currencies = CurrenciesOf(lint.dispenser);
+    for (const std::string& currency : lint.currencies) {
         LintOf one = lint;
         one.dispenser = InCurrency(lint.dispenser, currency);
         cases.push_back(one.Case());
-        cases.back().currencies = currencies;
     }
     Lines said;
     for (const LintFinding& finding : CheckAll(cases)) {
@@ -50,6 +49,16 @@ TEST(LintCurrencies, TellOfACassetteInItsOwn) {
                "two units instead of one"}));
     EXPECT_EQ(SaidInAll(LintOf("CHF:EUR5x9:coinDispenser,50x9").Exponent(-2), "QX603").size(), 1U);
     EXPECT_EQ(SaidInAll(LintOf("CHF:EUR42949673x9,50x9").Exponent(-2), "QX604").size(), 1U);
+}
+
+TEST(LintCurrencies, KeepTheirCassettesWhateverWouldHelpAnother) {
+    LintOf lint = LintOf("EUR:50x9,100x9,USD50x9,USD20x9,USD100x9,USD5x0:empty").Amounts({50, 60});
+    const auto loading = [&lint] { return lint.Case().mixes.front().forRefused.loading; };
+    ASSERT_TRUE(loading());
+    EXPECT_EQ(loading()->kind, Loading::Kind::Replace);
+    EXPECT_EQ(loading()->place, 5U) << "empty, and nobody asks for its currency";
+    lint.currencies = {"EUR", "USD"};
+    EXPECT_FALSE(loading());
 }
 
 TEST(LintCurrencies, ShareWhatIsSaidOfTheDispenser) {

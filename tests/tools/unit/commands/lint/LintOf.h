@@ -20,7 +20,8 @@ struct LintOf {
     Dispenser dispenser;
     std::vector<std::uint16_t> mixes = {1};
     std::vector<std::uint32_t> amounts = {100};
-    std::string registry;  // empty: the dispenser's values beside the start content
+    std::vector<std::string> currencies;  // all that are asked; empty: the dispenser's own
+    std::string registry;                 // empty: the dispenser's values beside the start content
     std::string registryFile;
     bool isRangeNamed = true;
     Milliseconds deadline{50};
@@ -77,6 +78,7 @@ struct LintOf {
         questions.registry = registry.empty() ? RegistryOf(dispenser.registry) : registry;
         questions.registryFile = registryFile;
         questions.isRangeNamed = isRangeNamed;
+        questions.currencies = currencies;
         const OpenOrder order{library, questions.registry};
         Asker asker(order.library, order.registry);
         return AskLint(questions, order, asker, nullptr, [](const WorkProgress&) {});
