@@ -35,6 +35,18 @@ TEST(DispenserReader, TakesAMillionButtons) {
               1000000U);
 }
 
+TEST(DispenserReader, TakesTenDigitsOfMoneyAndFourBehindThePoint) {
+    EXPECT_EQ(ReadCassette(R"(,"worth":"9999999999.9999")").worth, Money::Parse("9999999999.9999"));
+    EXPECT_EQ(ReadCassette(R"(,"worth":"9999999999")").worth, Money::Parse("9999999999"));
+}
+
+TEST(DispenserReader, HoldsACapacityToTheCount) {
+    EXPECT_EQ(ReadCassette(R"(,"capacity":100)").capacity, 100U);
+    EXPECT_EQ(ReadCassette("").capacity, std::nullopt);
+    EXPECT_EQ(ErrorText([] { ReadCassette(R"(,"capacity":99)"); }),
+              "f.json: /cassettes/0/capacity: 99 is not allowed; expected the count, 100, or more");
+}
+
 TEST(DispenserReader, FillsInEveryDefault) {
     const Dispenser dispenser =
         Read(R"({"currency":"EUR","cassettes":[{"value":50,"count":1},{"value":20,"count":2}]})");

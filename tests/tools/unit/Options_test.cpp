@@ -143,6 +143,15 @@ TEST(AmountsWithDefaults, ScaleBillsButNotCoinsUnderANegativeExponent) {
     EXPECT_EQ(AmountsWithDefaults(dispenser).max, 5U) << "units of 100";
 }
 
+TEST(AmountDecimals, AreThoseBehindTheUnitOfAnAmount) {
+    Dispenser dispenser;
+    EXPECT_EQ(AmountDecimals(dispenser), 0U);
+    dispenser.exponent = 2;
+    EXPECT_EQ(AmountDecimals(dispenser), 0U);
+    dispenser.exponent = -2;
+    EXPECT_EQ(AmountDecimals(dispenser), 2U);
+}
+
 TEST(AmountsWithDefaults, CountUnitsOfAPositiveExponent) {
     Dispenser dispenser = ReadInlineDispenser("JPY:10000x800,5000x200,1000x900");
     dispenser.exponent = 3;

@@ -58,6 +58,17 @@ TEST(SheetColumns, TakesTheNamesThatItIsGiven) {
               "list.csv:1: no column Geld in Zeit, Betrag, EUR; expected --columns currency=NAME");
 }
 
+TEST(SheetColumns, TakesASlipForAColumnThatMayBeLeftOutUnlessItsNameIsShort) {
+    EXPECT_EQ(ErrorOf("time,amount,curency\n1,2,3"),
+              "list.csv:1: unknown column \"curency\"; did you mean \"currency\"?");
+    std::vector<WantedColumn> wanted = kWanted;
+    wanted[2].name = "id";
+    EXPECT_EQ(FirstRow("time,amount,in\n1,2,3", wanted), (Lines{"1", "2", ""}));
+    wanted[2].name = "ids";
+    EXPECT_EQ(ErrorOf("time,amount,idx\n1,2,3", wanted),
+              "list.csv:1: unknown column \"idx\"; did you mean \"ids\"?");
+}
+
 TEST(SheetColumns, SaysWhatIsMissing) {
     EXPECT_EQ(ErrorOf("time\n"), "list.csv:1: no column amount in time; expected it, or --columns "
                                  "amount=NAME");

@@ -85,6 +85,18 @@ TEST(TimeColumn, LetsAnyRowDecideTheOrder) {
     EXPECT_EQ(SecondsOf({"03/04/2026 00:00"}, DateOrder::MonthFirst), Times{fourth});
 }
 
+TEST(WrittenTime, TellsTheOrderWhereOnePartCanBeNoMonth) {
+    const auto orderOf = [](const char* text) { return OrderOf(*ParseWrittenTime(text)); };
+    EXPECT_EQ(orderOf("12/13/2026 9:46"), DateOrder::MonthFirst);
+    EXPECT_EQ(orderOf("13/12/2026 9:46"), DateOrder::DayFirst);
+    EXPECT_EQ(orderOf("12/12/2026 9:46"), std::nullopt);
+    EXPECT_EQ(orderOf("13/13/2026 9:46"), std::nullopt);
+    EXPECT_EQ(orderOf("2026-12-13 9:46"), std::nullopt);
+    EXPECT_TRUE(DependsOnOrder(*ParseWrittenTime("11/12/2026 9:46")));
+    EXPECT_FALSE(DependsOnOrder(*ParseWrittenTime("12/12/2026 9:46")));
+    EXPECT_FALSE(DependsOnOrder(*ParseWrittenTime("2026-11-12 9:46")));
+}
+
 TEST(TimeColumn, GuessesNoOrder) {
     EXPECT_EQ(ErrorOf({"05.05.2026 00:00", "03.04.2026 00:00", "04.03.2026 00:00"}),
               "list.csv:3: time: 03.04.2026 00:00 has its day first, or its month; expected "

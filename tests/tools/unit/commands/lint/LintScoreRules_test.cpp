@@ -27,6 +27,23 @@ TEST(LintQX510, FindsEvennessThatWraps) {
     EXPECT_EQ(said("EUR:50x9", 65535), Lines{}) << "one unit";
 }
 
+TEST(LintQX510, LowersTheLimitWhereWhatIsPaidStaysWithinIt) {
+    const auto advice = [](const char* dispenser, std::uint32_t amount) {
+        return LintOf(dispenser)
+            .Mixes({2})
+            .Limit(65535)
+            .Amounts({amount})
+            .Findings("QX510")
+            .front()
+            .advice;
+    };
+    EXPECT_EQ(advice("EUR:50x9,20x9", 100), "lower the limit to 46340");
+    // All that is there, which is as much as the lower limit allows, or two more.
+    EXPECT_EQ(advice("EUR:50x23170,20x23170", 23170 * 70), "lower the limit to 46340");
+    EXPECT_EQ(advice("EUR:50x23171,20x23171", 23171 * 70), "choose another mix");
+    EXPECT_EQ(advice("EUR:50x9,20x9", 1000), "lower the limit to 46340") << "refused";
+}
+
 TEST(LintQX511, FindsTotalsThatAreRounded) {
     EXPECT_EQ(Said(LintOf("EUR:4x4194304"), "QX511"), Lines{});
     EXPECT_EQ(Said(LintOf("EUR:4x4194304,1x1"), "QX511").size(), 1U);

@@ -47,6 +47,7 @@ TEST(LintQX203, FindsUnusableCassettesThatComeFirst) {
 TEST(LintQX204, TellsHowACouponOfNoValueRefusesEverything) {
     EXPECT_EQ(Said(LintOf("EUR:0x10:coupon,20x100"), "QX204"),
               (Lines{"/cassettes/0/value: worth nothing: every amount is refused, code 971A2"}));
+    EXPECT_EQ(Said(LintOf("EUR:20x100,0x10:coupon"), "QX204").size(), 1U) << "the second";
     EXPECT_EQ(Said(LintOf("EUR:0x10:coupon").Mixes({2}), "QX204"),
               (Lines{"/cassettes/0/value: worth nothing: every amount is refused, without a "
                      "code"}));

@@ -1,0 +1,51 @@
+#!/usr/bin/env python3
+"""Which mutants are put aside when what holds all of them does not compile."""
+
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+PROJECT = Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(PROJECT / "tools" / "mutate"))
+from operators import mutants_of  # noqa: E402
+from subjects import MODULE  # noqa: E402
+from switchboard import Switchboard  # noqa: E402
+
+FILE = "src/mix/Verdict.h"
+TEXT = "{\n    a = 1;\n    b = 0;\n\n\n\n\n\n    c = 0;\n}\n"
+
+
+class PutAside(unittest.TestCase):
+    def setUp(self):
+        self.folder = tempfile.TemporaryDirectory()
+        self.board = Switchboard(PROJECT, Path(self.folder.name) / "tree", MODULE, mutants_of(FILE, TEXT))
+
+    def tearDown(self):
+        self.folder.cleanup()
+
+    def wrong_in(self, output):
+        return {self.board.mutants[number].describe().partition(": ")[2]
+                for number in self.board._wrong_in(output)}
+
+    def test_those_that_the_compiler_names(self):
+        self.assertEqual(self.wrong_in("mutant-1:1:5: error: x\nsrc/mix/Verdict.h:3:1: error: y\n"),
+                         {"1 -> 0"})
+
+    def test_those_of_a_line_that_it_names_or_of_its_neighbours(self):
+        self.assertEqual(self.wrong_in("/a/src/mix/Verdict.h:3:1: error: y\n"),
+                         {"0 -> 1", "b = 0 -> (removed)"})
+        self.assertEqual(self.wrong_in("/a/src/mix/Verdict.h:6:1: error: y\n"),
+                         {"0 -> 1", "b = 0 -> (removed)", "c = 0 -> (removed)"})
+
+    def test_none_where_another_file_is_wrong(self):
+        self.assertEqual(self.wrong_in("/a/src/mix/Other.h:3:1: error: y\n"), set())
+
+    def test_the_next_run_knows_them(self):
+        self.board._put_aside({1})
+        again = Switchboard(PROJECT, Path(self.folder.name) / "tree", MODULE, mutants_of(FILE, TEXT))
+        self.assertEqual(set(range(again.count)) - set(again.mutants), {1})
+
+
+if __name__ == "__main__":
+    unittest.main()

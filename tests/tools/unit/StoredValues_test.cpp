@@ -1,0 +1,45 @@
+#include "dispenser/StoredValues.h"
+
+#include <gtest/gtest.h>
+
+namespace qxmix {
+namespace {
+
+std::optional<std::string> TextIn(const std::string& bytes, std::uint32_t type = kRegSz) {
+    return StoredText({kTraceLevel, type, bytes});
+}
+
+TEST(StoredText, EndsAtATerminatorOrAtTheEnd) {
+    EXPECT_EQ(TextBytes("12"), std::string("1\0002\0\0\0", 6));
+    EXPECT_EQ(TextIn(TextBytes("12")), "12");
+    EXPECT_EQ(TextIn(TextBytes("12").substr(0, 4)), "12");
+    EXPECT_EQ(TextIn(TextBytes("")), "");
+    EXPECT_EQ(TextIn(""), "");
+}
+
+TEST(StoredText, IsPlainTextAlone) {
+    EXPECT_EQ(TextIn(TextBytes(" a~")), " a~");
+    EXPECT_EQ(TextIn(TextBytes("\x1F")), std::nullopt);
+    EXPECT_EQ(TextIn(TextBytes("\x7F")), std::nullopt);
+    EXPECT_EQ(TextIn(std::string("1\0\0\0002\0", 6)), std::nullopt) << "a zero within";
+    EXPECT_EQ(TextIn(std::string("1\0\0A", 4)), std::nullopt) << "U+4100";
+    EXPECT_EQ(TextIn(std::string("1\0002", 3)), std::nullopt) << "half a character";
+    EXPECT_EQ(TextIn(TextBytes("12"), kRegDword), std::nullopt);
+}
+
+TEST(StoredValueText, TellsTheTypeWithTextNumberOrBytes) {
+    const auto text = [](std::uint32_t type, const std::string& bytes) {
+        return StoredValueText({kTraceLevel, type, bytes});
+    };
+    EXPECT_EQ(text(kRegSz, TextBytes("12")), "REG_SZ \"12\"");
+    EXPECT_EQ(DwordBytes(0x80000102), "\x02\x01" + std::string(1, '\0') + "\x80");
+    EXPECT_EQ(text(kRegDword, DwordBytes(0x80000102)), "REG_DWORD 2147483906");
+    EXPECT_EQ(text(kRegDword, "\x01\xFF"), "REG_DWORD 01 ff");
+    EXPECT_EQ(text(kRegSz, "\x01\xFF"), "REG_SZ 01 ff");
+    const std::string sixteen = " 61 61 61 61 61 61 61 61 61 61 61 61 61 61 61 61";
+    EXPECT_EQ(text(kRegSz, std::string(16, 'a')), "REG_SZ" + sixteen);
+    EXPECT_EQ(text(kRegSz, std::string(17, 'a')), "REG_SZ" + sixteen + " ...");
+}
+
+}  // namespace
+}  // namespace qxmix
