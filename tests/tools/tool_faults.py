@@ -5,6 +5,7 @@ answer that says so, and nothing half-written."""
 import json
 import pathlib
 import resource
+import subprocess
 import tempfile
 
 from tool_runner import run_parts
@@ -107,6 +108,15 @@ def check_full_meanwhile(tool, checks):
                      (4, b"", b"qxmix: temporary file: File too large\n"))
 
 
+def check_full_standard_output(tool, checks):
+    for words, stdin in WORKERS:
+        with open("/dev/full", "wb") as full:
+            process = tool.start(words, stdin=subprocess.PIPE, stdout=full)
+            _, errors = process.communicate(stdin, timeout=60)
+        checks.equal(f"{' '.join(words[:3])}: nowhere to answer", (process.returncode, errors), (
+            4, b"qxmix: standard output: cannot be written: No space left on device\n"))
+
+
 def answers_of(words, output):
     """Every answer is whole JSON: a line for each request, or one."""
     return [json.loads(line) for line in output.splitlines()] if words[0] == "batch" else [
@@ -146,4 +156,5 @@ def check_killed_workers(tool, checks):
 
 
 if __name__ == "__main__":
-    run_parts(write_three, check_full_at_every_write, check_full_meanwhile, check_killed_workers)
+    run_parts(write_three, check_full_at_every_write, check_full_meanwhile,
+              check_full_standard_output, check_killed_workers)
