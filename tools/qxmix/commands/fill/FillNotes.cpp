@@ -166,6 +166,9 @@ std::uint64_t NoteChoiceCount(const Dispenser& dispenser, const Values& notes) {
         std::uint64_t sets = 1;
         for (std::size_t place = 1; place <= group.size(); ++place) {
             sets = sets * (notes.size() + place - 1) / place;
+            if (sets > kMostChoices) {
+                return kMostChoices + 1;
+            }
         }
         count = std::min(std::max<std::uint64_t>(count, 1) * sets, kMostChoices + 1);
     }
