@@ -17,6 +17,13 @@ TEST(StoredText, EndsAtATerminatorOrAtTheEnd) {
     EXPECT_EQ(TextIn(""), "");
 }
 
+TEST(TextBytes, AreUtf16) {
+    EXPECT_EQ(TextBytes("\xC2\x80\xDF\xBF"), std::string("\x80\0\xFF\x07\0\0", 6)) << "2 bytes";
+    EXPECT_EQ(TextBytes("\xE0\xA0\x80\xEF\xBF\xBF"), std::string("\0\x08\xFF\xFF\0\0", 6));
+    EXPECT_EQ(TextBytes("\xF0\x90\x80\x80"), std::string("\0\xD8\0\xDC\0\0", 6));
+    EXPECT_EQ(TextBytes("\xF0\x9F\x98\x80"), std::string("\x3D\xD8\0\xDE\0\0", 6));
+}
+
 TEST(StoredText, IsPlainTextAlone) {
     EXPECT_EQ(TextIn(TextBytes(" a~")), " a~");
     EXPECT_EQ(TextIn(TextBytes("\x1F")), std::nullopt);

@@ -97,6 +97,20 @@ TEST(WrittenTime, TellsTheOrderWhereOnePartCanBeNoMonth) {
     EXPECT_FALSE(DependsOnOrder(*ParseWrittenTime("2026-11-12 9:46")));
 }
 
+TEST(WrittenTime, TellsHowFarItIsFromUtc) {
+    const auto offsetOf = [](const std::string& offset) {
+        const auto time = ParseWrittenTime("2026-11-16T09:46:00" + offset);
+        return time ? time->offset : std::optional<std::int64_t>(-1);
+    };
+    EXPECT_EQ(offsetOf(""), std::nullopt);
+    EXPECT_EQ(offsetOf("Z"), 0);
+    EXPECT_EQ(offsetOf("+14:00"), 14 * kSecondsInHour);
+    EXPECT_EQ(offsetOf("-0159"), -kSecondsInHour - 59 * kSecondsInMinute);
+    for (const char* refused : {"+15:00", "+01:60", "+1:00", "+010", "01:00", "+01:", "+01:0"}) {
+        EXPECT_EQ(offsetOf(refused), -1) << refused;
+    }
+}
+
 TEST(TimeColumn, GuessesNoOrder) {
     EXPECT_EQ(ErrorOf({"05.05.2026 00:00", "03.04.2026 00:00", "04.03.2026 00:00"}),
               "list.csv:3: time: 03.04.2026 00:00 has its day first, or its month; expected "
