@@ -64,6 +64,13 @@ need_packages() {
     fi
 }
 
+# copy_project FOLDER: what is under version control, and what is new, into a folder made anew.
+copy_project() {
+    rm -rf "$1"
+    mkdir -p "$1"
+    git ls-files -zco --exclude-standard | xargs -0 cp --parents -t "$1"
+}
+
 # All files with vectors.
 list_vectors() {
     find tests/vectors -name '*.txt' ! -name CMakeLists.txt ! -name digest.txt | LC_ALL=C sort

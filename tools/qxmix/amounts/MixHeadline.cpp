@@ -11,13 +11,6 @@ namespace qxmix {
 
 namespace {
 
-/// "280 EUR"
-std::string AskedText(const MixQuestions& questions) {
-    const Money asked = AskedMoney(questions.dispenser, questions.amount);
-    return ReadableText(asked, AmountDecimals(questions.dispenser)) + " " +
-           questions.dispenser.currency;
-}
-
 /// "280 of 280 EUR with 5 items (limit 40)"
 std::string PaidText(const MixQuestions& questions, const Answer& answer) {
     const std::uint64_t items = answer.Items();
@@ -125,6 +118,12 @@ std::string PayersText(const MixAnswers& answers, std::size_t paid) {
 }
 
 }  // namespace
+
+std::string AskedText(const MixQuestions& questions) {
+    const Money asked = AskedMoney(questions.dispenser, questions.amount);
+    return ReadableText(asked, AmountDecimals(questions.dispenser)) + " " +
+           questions.dispenser.currency;
+}
 
 std::string
 MixHeadline(const MixQuestions& questions, const Answer& answer, const Painter& painter) {

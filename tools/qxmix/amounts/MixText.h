@@ -21,6 +21,9 @@ std::string ReturnedText(std::int32_t returned);
 /// A remainder; one that wrapped below zero is told as what it means, too.
 std::string RemainderText(std::uint32_t remainder);
 
+/// "280 EUR"
+std::string AskedText(const MixQuestions& questions);
+
 /// First line of one answer.
 std::string
 MixHeadline(const MixQuestions& questions, const Answer& answer, const Painter& painter);

@@ -114,7 +114,7 @@ constexpr RuleText kRuleTexts[] = {
 };
 // clang-format on
 
-const RuleText& TextOf(const std::string& id) {
+const RuleText& RuleTextOf(const std::string& id) {
     static constexpr RuleText none = {"", Severity::Note, "", ""};
     const auto* const text = std::find_if(std::begin(kRuleTexts), std::end(kRuleTexts),
                                           [&id](const RuleText& row) { return id == row.id; });
@@ -129,14 +129,14 @@ const std::vector<RuleText>& RuleTexts() {
 }
 
 const char* AdviceOf(const char* id) {
-    return TextOf(id).advice;
+    return RuleTextOf(id).advice;
 }
 
 Finding FindingOf(const char* id) {
     Finding finding;
     finding.id = id;
-    finding.severity = TextOf(id).severity;
-    finding.advice = TextOf(id).advice;
+    finding.severity = RuleTextOf(id).severity;
+    finding.advice = RuleTextOf(id).advice;
     return finding;
 }
 

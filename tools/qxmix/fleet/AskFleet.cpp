@@ -11,7 +11,7 @@ namespace {
 
 /// Before the name of a dispenser: whether its module is asked in the worker's own process.
 constexpr char kHere = 'h';
-constexpr char kApart = 'a';
+constexpr char kElsewhere = 'a';
 
 /// The work takes as long as it takes; its calculations have their deadlines.
 constexpr Milliseconds kNoDeadline = std::chrono::hours(24);
@@ -25,7 +25,7 @@ public:
         if (!again_.empty()) {
             const std::size_t place = again_.front();
             again_.pop_front();
-            return TaskOf(place, kApart);
+            return TaskOf(place, kElsewhere);
         }
         if (next_ == names_.size()) {
             return std::nullopt;

@@ -7,7 +7,7 @@ namespace qxmix {
 
 namespace {
 
-constexpr std::size_t kLongestName = 40;
+constexpr std::size_t kLongestFileName = 40;
 constexpr const char* kDots = "...";
 constexpr std::size_t kDotColumns = 3;
 
@@ -16,10 +16,10 @@ constexpr std::size_t kDotColumns = 3;
 std::string NameInTable(const std::string& name) {
     const std::string shown = Printable(name);
     const std::size_t columns = ColumnsOf(shown);
-    if (columns <= kLongestName) {
+    if (columns <= kLongestFileName) {
         return shown;
     }
-    const std::string cut = CutToColumns(shown, columns - kLongestName + kDotColumns);
+    const std::string cut = CutToColumns(shown, columns - kLongestFileName + kDotColumns);
     return kDots + shown.substr(cut.size());
 }
 

@@ -9,7 +9,7 @@ namespace qxmix {
 
 namespace {
 
-[[noreturn]] void Fail() {
+[[noreturn]] void FailBySystem() {
     throw WorkError(std::string("temporary file: ") + std::strerror(errno));
 }
 
@@ -17,17 +17,17 @@ namespace {
 
 Spool::Spool() : file_(std::tmpfile()) {
     if (file_ == nullptr) {
-        Fail();
+        FailBySystem();
     }
 }
 
 Spool::Part Spool::Add(const std::string& text) {
     if (std::fseek(file_.get(), 0, SEEK_END) != 0) {
-        Fail();
+        FailBySystem();
     }
     const Part part{std::ftell(file_.get()), text.size()};
     if (part.at < 0 || std::fwrite(text.data(), 1, text.size(), file_.get()) != text.size()) {
-        Fail();
+        FailBySystem();
     }
     return part;
 }
@@ -36,7 +36,7 @@ std::string Spool::Read(const Part& part) const {
     std::string text(part.size, '\0');
     if (std::fseek(file_.get(), part.at, SEEK_SET) != 0 ||
         std::fread(text.data(), 1, text.size(), file_.get()) != text.size()) {
-        Fail();
+        FailBySystem();
     }
     return text;
 }

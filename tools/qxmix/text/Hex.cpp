@@ -6,7 +6,7 @@ namespace qxmix {
 
 namespace {
 
-constexpr const char* kDigits = "0123456789abcdef";
+constexpr const char* kHexDigits = "0123456789abcdef";
 
 unsigned Nibble(char digit) {
     const bool isLetter = digit > '9';
@@ -21,8 +21,8 @@ std::string HexText(const std::string& bytes) {
     std::string hex;
     for (const char byte : bytes) {
         const auto value = static_cast<unsigned char>(byte);
-        hex += kDigits[value >> 4U];
-        hex += kDigits[value & 0xFU];
+        hex += kHexDigits[value >> 4U];
+        hex += kHexDigits[value & 0xFU];
     }
     return hex;
 }

@@ -7,12 +7,6 @@ namespace qxmix {
 
 namespace {
 
-std::string AskedText(const MixQuestions& questions) {
-    const Dispenser& dispenser = questions.dispenser;
-    return ReadableText(AskedMoney(dispenser, questions.amount), AmountDecimals(dispenser)) + " " +
-           dispenser.currency;
-}
-
 /// Why the amount was refused, for the first line. What another mix pays can be paid: then the
 /// reason is that of this mix alone.
 std::string ReasonText(const MixQuestions& questions, const Explanation& story) {
