@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Holds the includes of the tool's sources to the rule in tools/qxmix/README.md.
+"""Holds the includes of the tool's sources to the rules in tools/qxmix/README.md.
 
   tool_folders.py FOLDER    the folder of the tool's sources
 """
@@ -10,6 +10,9 @@ import sys
 
 SYSTEMS = ("linux", "windows", "web")
 COMMANDS = "commands/"
+# What a system supplies lies in its folder and nowhere else.
+OF_A_SYSTEM = re.compile(r"^#include <((?:sys/|emscripten).*|(?:dlfcn|fcntl|poll|pthread|unistd|windows)\.h)>",
+                         re.MULTILINE)
 
 
 def rows_of(readme):
@@ -43,6 +46,9 @@ def main():
                   if source.parent.relative_to(tool).as_posix() not in (".", *SYSTEMS, *rows)]
     includes = 0
     for source in sources:
+        if source.parent.name not in SYSTEMS:
+            complaints += [f"{source}: {header}: belongs to one of the folders {', '.join(SYSTEMS)}"
+                           for header in OF_A_SYSTEM.findall(source.read_text(encoding="utf-8"))]
         for header in re.findall(r'^#include "([^"]+)"', source.read_text(encoding="utf-8"),
                                  re.MULTILINE):
             includes += "/" in header

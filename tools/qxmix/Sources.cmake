@@ -232,6 +232,7 @@ set(qxmix_shared_sources
     workers/FileReader.cpp
     workers/ModuleCall.cpp
     workers/ModuleHere.cpp
+    workers/WorkDeadline.cpp
     workers/Worker.cpp
     workers/WorkerLife.cpp
     workers/WorkerLoop.cpp

@@ -9,6 +9,7 @@ using ChannelEnd = int;
 using ProcessHandle = pid_t;
 
 constexpr ChannelEnd kNoChannelEnd = -1;
+constexpr ChannelEnd kStandardInput = 0;
 constexpr ProcessHandle kNoProcess = -1;
 
 }  // namespace qxmix

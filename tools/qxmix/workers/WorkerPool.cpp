@@ -1,8 +1,8 @@
 #include "WorkerPool.h"
 
 #include "Interrupt.h"
-#include "LastShare.h"
 #include "OpenedModule.h"
+#include "Waiting.h"
 #include "errors/Errors.h"
 
 #include <algorithm>
@@ -34,19 +34,23 @@ void WorkerPool::Run(const Source& source, const Sink& sink) {
     while (busy > 0) {
         Wait();
         for (Place& place : places_) {
-            const std::optional<Reply> reply =
-                place.task ? ReplyOf(place, Clock::now()) : std::nullopt;
-            if (!reply) {
-                continue;
+            if (place.task && !GoOn(place, source, sink)) {
+                --busy;
             }
-            const bool isWorn = place.jobs >= kMostJobs;
-            if (!reply->ending.LeavesWorker() || isWorn) {
-                place.worker.reset();
-            }
-            sink(*std::exchange(place.task, std::nullopt), *reply);
-            busy -= StartNext(place, source) ? 0U : 1U;
         }
     }
+}
+
+bool WorkerPool::GoOn(Place& place, const Source& source, const Sink& sink) {
+    const std::optional<Reply> reply = ReplyOf(place, Clock::now());
+    if (!reply) {
+        return true;
+    }
+    if (!reply->ending.LeavesWorker() || place.jobs >= kMostJobs) {
+        place.worker.reset();
+    }
+    sink(*std::exchange(place.task, std::nullopt), *reply);
+    return StartNext(place, source);
 }
 
 void WorkerPool::RunHere(const Source& source, const Sink& sink) const {
@@ -65,8 +69,7 @@ bool WorkerPool::StartNext(Place& place, const Source& source) {
         place.jobs = 0;
     }
     place.workingTimeBefore = place.worker->WorkingTime();
-    place.lookAgain = Clock::now() + place.task->deadline;
-    place.last = Clock::now() + place.task->deadline * kLastShare;
+    place.deadline.Start(place.task->deadline, Clock::now());
     if (place.task->job.empty()) {
         place.worker->Start(place.task->request, trace_ != nullptr);
     } else {
@@ -76,18 +79,25 @@ bool WorkerPool::StartNext(Place& place, const Source& source) {
     return true;
 }
 
+void WorkerPool::Wait() const {
+    std::vector<ChannelEnd> busy;
+    Clock::time_point first = Clock::time_point::max();
+    for (const Place& place : places_) {
+        if (place.task) {
+            busy.push_back(place.worker->Descriptor());
+            first = std::min(first, place.deadline.LookAgain());
+        }
+    }
+    WaitForOneOf(busy, first);
+}
+
 std::optional<Reply> WorkerPool::ReplyOf(Place& place, Clock::time_point now) {
     std::optional<Reply> reply = place.worker->Finish(trace_);
-    if (reply || now < place.lookAgain) {
-        return reply;
+    if (!reply && now >= place.deadline.LookAgain() &&
+        place.deadline.IsMissed(place.worker->WorkingTime() - place.workingTimeBefore, now)) {
+        reply = place.worker->GiveUp();
     }
-    const auto worked = place.worker->WorkingTime() - place.workingTimeBefore;
-    const auto left = std::chrono::ceil<Milliseconds>(place.task->deadline - worked);
-    if (left.count() <= 0 || now >= place.last) {
-        return place.worker->GiveUp();
-    }
-    place.lookAgain = std::min(now + left, place.last);
-    return std::nullopt;
+    return reply;
 }
 
 }  // namespace qxmix

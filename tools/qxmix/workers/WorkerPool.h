@@ -1,5 +1,6 @@
 #pragma once
 
+#include "WorkDeadline.h"
 #include "Worker.h"
 
 #include <cstdint>
@@ -13,8 +14,7 @@ namespace qxmix {
 
 /// Several workers that ask one library side by side.
 ///
-/// A deadline counts the processor time of the calculation, so that a busy machine does not make
-/// misses; ten times the deadline has to do in any case.
+/// A deadline is one of the processor time, see WorkDeadline.
 class WorkerPool {
 public:
     struct Task {
@@ -44,12 +44,16 @@ private:
         std::optional<Task> task;
         std::size_t jobs = 0;  // done by this worker
         std::chrono::nanoseconds workingTimeBefore{0};
-        Clock::time_point lookAgain;  // when the deadline may have passed
-        Clock::time_point last;       // when it has
+        WorkDeadline deadline;
     };
 
     void RunHere(const Source& source, const Sink& sink) const;
     bool StartNext(Place& place, const Source& source);
+
+    /// Files a reply that has come, and goes on to the next task.
+    ///
+    /// @return false when there is none.
+    bool GoOn(Place& place, const Source& source, const Sink& sink);
     void Wait() const;
     std::optional<Reply> ReplyOf(Place& place, Clock::time_point now);
 

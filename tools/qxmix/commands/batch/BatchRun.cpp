@@ -3,15 +3,15 @@
 #include "BatchWorker.h"
 #include "LineCutter.h"
 #include "errors/Errors.h"
+#include "files/FileCalls.h"
 #include "files/Output.h"
 #include "workers/Interrupt.h"
+#include "workers/Waiting.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <deque>
-#include <poll.h>
-#include <unistd.h>
 #include <utility>
 
 namespace qxmix {
@@ -102,35 +102,22 @@ private:
     }
 
     void Wait() {
-        std::vector<pollfd> waiting = {{InterruptDescriptor(), POLLIN, 0},
-                                       {wantsInput_ ? STDIN_FILENO : -1, POLLIN, 0}};
+        std::vector<ChannelEnd> ends = {wantsInput_ ? kStandardInput : kNoChannelEnd};
         Clock::time_point first = end_;
         for (Place& place : places_) {
             if (place.worker.IsBusy()) {
-                waiting.push_back({place.worker.Descriptor(), POLLIN, 0});
+                ends.push_back(place.worker.Descriptor());
                 first = std::min(first, place.worker.LookAgain());
             }
         }
-        const int ready = poll(waiting.data(), waiting.size(), MillisecondsUntil(first));
-        if (ready > 0 && waiting[0].revents != 0) {
-            throw Interruption();
-        }
-        if (ready > 0 && waiting[1].revents != 0) {
+        if (WaitForOneOf(ends, first).front()) {
             Read();
         }
     }
 
-    static int MillisecondsUntil(Clock::time_point time) {
-        if (time == Clock::time_point::max()) {
-            return -1;
-        }
-        const auto left = std::chrono::ceil<Milliseconds>(time - Clock::now()).count();
-        return static_cast<int>(std::clamp<std::int64_t>(left, 0, INT32_MAX));
-    }
-
     void Read() {
-        const ssize_t size = read(STDIN_FILENO, buffer_.data(), buffer_.size());
-        if (size < 0 && errno != EINTR && errno != EAGAIN) {
+        const std::ptrdiff_t size = ReadBytes(kStandardInput, buffer_.data(), buffer_.size());
+        if (size < 0 && errno != EAGAIN) {
             throw InputError(std::string("standard input: cannot be read: ") +
                              std::strerror(errno));
         }

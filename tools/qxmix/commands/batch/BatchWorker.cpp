@@ -2,34 +2,13 @@
 
 #include "BatchLoop.h"
 #include "errors/Errors.h"
-#include "workers/LastShare.h"
 
-#include <algorithm>
-#include <cerrno>
-#include <cstring>
 #include <new>
-#include <sys/mman.h>
 
 namespace qxmix {
 
-namespace {
-
-BatchMark* MapMark() {
-    void* const memory =
-        mmap(nullptr, sizeof(BatchMark), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-    if (memory == MAP_FAILED) {
-        throw WorkError(std::string("no shared memory: ") + std::strerror(errno));
-    }
-    return new (memory) BatchMark;
-}
-
-}  // namespace
-
-void BatchWorker::Unmapped::operator()(BatchMark* mark) const noexcept {
-    munmap(mark, sizeof(BatchMark));
-}
-
-BatchWorker::BatchWorker(const BatchSetting& setting) : setting_(&setting), mark_(MapMark()) {
+BatchWorker::BatchWorker(const BatchSetting& setting)
+    : setting_(&setting), memory_(sizeof(BatchMark)), mark_(new (memory_.Bytes()) BatchMark) {
 }
 
 void BatchWorker::Start(LineBlock block) {
@@ -57,7 +36,7 @@ std::optional<BlockAnswers> BatchWorker::Finish() {
         break;
     }
     const Clock::time_point now = Clock::now();
-    if (now >= lookAgain_ && HasMissed(now)) {
+    if (now >= deadline_.LookAgain() && HasMissed(now)) {
         child_->Kill();
         StartAgain(seen_, {Ending::Kind::NoAnswer, ""});
     }
@@ -86,7 +65,7 @@ void BatchWorker::Send() {
             [this](Channel& channel) { RunBatchWorker(*setting_, channel, *mark_); });
     }
     seen_ = 0;
-    lookAgain_ = Clock::now() + setting_->deadline;
+    deadline_.Start(setting_->deadline, Clock::now());
     // Whether the child is gone shows when the answers are fetched.
     child_->Connection().Send(ToMessage(block_));
 }
@@ -106,16 +85,9 @@ bool BatchWorker::HasMissed(Clock::time_point now) {
         child_->WorkingTime() - std::chrono::nanoseconds(mark_->workedBefore.load());
     if (line == 0 || line != seen_ || line != mark_->line) {
         seen_ = mark_->line;
-        firstSeen_ = now;
+        deadline_.Start(setting_->deadline, now);
     }
-    if (seen_ == 0 || line != seen_) {
-        lookAgain_ = now + setting_->deadline;
-        return false;
-    }
-    const auto left = std::chrono::ceil<Milliseconds>(setting_->deadline - worked);
-    const Clock::time_point last = firstSeen_ + setting_->deadline * kLastShare;
-    lookAgain_ = std::min(now + std::max(left, Milliseconds{1}), last);
-    return left.count() <= 0 || now >= last;
+    return seen_ != 0 && line == seen_ && deadline_.IsMissed(worked, now);
 }
 
 }  // namespace qxmix

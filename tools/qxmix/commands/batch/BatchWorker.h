@@ -3,6 +3,8 @@
 #include "BatchBlock.h"
 #include "BatchSetting.h"
 #include "workers/ChildProcess.h"
+#include "workers/SharedMemory.h"
+#include "workers/WorkDeadline.h"
 
 #include <chrono>
 #include <memory>
@@ -14,8 +16,7 @@ namespace qxmix {
 /// it down.
 ///
 /// The child says in shared memory which line it calculates, so that its deadline can be kept
-/// although the tool hears nothing before the block is done. The deadline counts processor time, as
-/// in a WorkerPool; ten times as long has to do in any case.
+/// although the tool hears nothing before the block is done.
 class BatchWorker {
 public:
     /// @param setting  outlives the worker.
@@ -41,28 +42,24 @@ public:
     void GiveUpLine();
 
     /// Readable when Finish may have something to do.
-    int Descriptor() { return child_->Connection().Descriptor(); }
+    ChannelEnd Descriptor() { return child_->Connection().Descriptor(); }
 
     /// When Finish may have something to do even if nothing came.
-    Clock::time_point LookAgain() const { return lookAgain_; }
+    Clock::time_point LookAgain() const { return deadline_.LookAgain(); }
 
 private:
-    struct Unmapped {
-        void operator()(BatchMark* mark) const noexcept;
-    };
-
     void Send();
     void StartAgain(std::uint64_t line, const Ending& ending);
     bool HasMissed(Clock::time_point now);
 
     const BatchSetting* setting_;
-    std::unique_ptr<BatchMark, Unmapped> mark_;
+    SharedMemory memory_;
+    BatchMark* mark_;  // there
     std::unique_ptr<ChildProcess> child_;
     LineBlock block_;
     bool isBusy_ = false;
-    std::uint64_t seen_ = 0;       // line that the child was at when it was last looked at
-    Clock::time_point firstSeen_;  // when it was first found there
-    Clock::time_point lookAgain_;
+    std::uint64_t seen_ = 0;  // line that the child was at when it was last looked at
+    WorkDeadline deadline_;   // of that line, since it was first found there
 };
 
 }  // namespace qxmix
