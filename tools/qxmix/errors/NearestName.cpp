@@ -39,8 +39,8 @@ std::size_t EditDistance(const std::string& from, const std::string& to) {
 }  // namespace
 
 std::string NearestName(const std::string& name, const std::vector<std::string>& known) {
-    constexpr std::size_t kLongestName = 64;
-    if (name.size() > kLongestName) {
+    constexpr std::size_t kLongestWord = 64;
+    if (name.size() > kLongestWord) {
         return "";
     }
     std::string nearest;

@@ -81,7 +81,7 @@ std::string VersionsText(const Envelope& envelope) {
 }  // namespace
 
 std::string PageText(const PageParts& parts, const Envelope& envelope) {
-    const std::string text = FillPage(
+    std::string text = FillPage(
         kPageHtml,
         {{"title", HtmlText(parts.title)},
          {"heading", parts.heading},

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MixTable.h"
+#include "files/InputFile.h"
 
 #include <string>
 
@@ -14,9 +15,12 @@ std::string MixTableCsv(const MixTable& table);
 
 /// Reads a mix table of either form, whoever wrote it.
 ///
-/// @param name  of the file; -: standard input.
 /// @throw InputError for what is no table, a row whose notes do not make its amount, and an amount
 ///   that has two rows.
+MixTable ReadMixTable(const InputFile& file);
+
+/// @param name  of the file; -: standard input.
+/// @throw InputError when it cannot be read, and as ReadMixTable does.
 MixTable OpenMixTable(const std::string& name);
 
 }  // namespace qxmix

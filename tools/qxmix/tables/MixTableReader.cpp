@@ -168,7 +168,10 @@ MixTable ReadCsv(const std::string& file, const std::string& text) {
 }  // namespace
 
 MixTable OpenMixTable(const std::string& name) {
-    const InputFile file = ReadInput(name);
+    return ReadMixTable(ReadInput(name));
+}
+
+MixTable ReadMixTable(const InputFile& file) {
     const std::string text = SheetText(file);
     const std::size_t first = text.find_first_not_of(" \t\r\n");
     const bool isJson = first != std::string::npos && (text[first] == '{' || text[first] == '[');

@@ -7,8 +7,16 @@
 
 namespace qxmix {
 
+namespace {
+
+BatchMark* MarkIn(const SharedMemory& memory) {
+    return new (memory.Bytes()) BatchMark;
+}
+
+}  // namespace
+
 BatchWorker::BatchWorker(const BatchSetting& setting)
-    : setting_(&setting), memory_(sizeof(BatchMark)), mark_(new (memory_.Bytes()) BatchMark) {
+    : setting_(&setting), memory_(sizeof(BatchMark)), mark_(MarkIn(memory_)) {
 }
 
 void BatchWorker::Start(LineBlock block) {

@@ -22,6 +22,12 @@ std::size_t Halvings(std::uint32_t range) {
 /// For each choice of notes but the first: there may be hundreds.
 constexpr SearchEffort kEffortOfOne = {100, 100};
 
+/// The error code that the last run left.
+const std::string& LastCodeOf(const std::vector<FillRun>& runs) {
+    static const std::string none;
+    return runs.empty() ? none : runs.back().lastCode;
+}
+
 }  // namespace
 
 LoadingSearch::LoadingSearch(const FillAsking& asking, const Dispenser& dispenser, MixFill& fill)
@@ -109,7 +115,7 @@ LoadingSearch::Start LoadingSearch::StartFrom(const Bundles& bundles, std::vecto
     std::vector<FillRun> came;
     Start start = {bundles, OutcomeWith(bundles, &came)};
     if (start.outcome.dangerous == 0) {
-        Keep(bundles, start.outcome, came.back().lastCode);
+        Keep(bundles, start.outcome, LastCodeOf(came));
     }
     if (runs != nullptr) {
         *runs = std::move(came);
@@ -194,7 +200,7 @@ TriedLoadings LoadingSearch::Tried() {
                 if (came) {
                     const FillOutcome outcome = OutcomeOf(questions_, demands_, loaded, *came);
                     points_.push_back(PointOf(bundles, outcome));
-                    Keep(bundles, outcome, came->back().lastCode);
+                    Keep(bundles, outcome, LastCodeOf(*came));
                 }
                 return came.has_value();
             }};
@@ -213,8 +219,7 @@ void LoadingSearch::Search(Bundles best) {
 void LoadingSearch::Propose(const Bundles& bundles, Cheapest cheapest) {
     const std::vector<FillRun> came = All(loading_.With(bundles));
     fill_.load.reset();
-    Keep(bundles, OutcomeOf(questions_, demands_, loading_.With(bundles), came),
-         came.back().lastCode);
+    Keep(bundles, OutcomeOf(questions_, demands_, loading_.With(bundles), came), LastCodeOf(came));
     fill_.load->cheapest = cheapest;
 }
 
