@@ -69,7 +69,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
                         [&input] { return input.U8(); });
         Tame(request);
     }
-    constexpr std::uint32_t minimum = 0;  // the registry names none
+    constexpr std::uint32_t minimum = 100;  // the registry names none
     if (qxmix::DecideEnding(request, minimum) != qxmix::CallEnding::Ends) {
         return 0;
     }
