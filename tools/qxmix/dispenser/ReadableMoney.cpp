@@ -8,7 +8,7 @@ namespace qxmix {
 std::string ReadableText(const Money& money, unsigned atLeastDecimals) {
     constexpr std::size_t kLongest = 40;
     if (atLeastDecimals < kLongest) {
-        const std::string plain = money.Text(atLeastDecimals);
+        std::string plain = money.Text(atLeastDecimals);
         if (plain.size() <= kLongest) {
             return plain;
         }

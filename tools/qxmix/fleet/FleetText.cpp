@@ -14,7 +14,7 @@ constexpr std::size_t kDotColumns = 3;
 }  // namespace
 
 std::string NameInTable(const std::string& name) {
-    const std::string shown = Printable(name);
+    std::string shown = Printable(name);
     const std::size_t columns = ColumnsOf(shown);
     if (columns <= kLongestFileName) {
         return shown;

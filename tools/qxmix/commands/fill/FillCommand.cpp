@@ -45,6 +45,17 @@ void CheckBundles(const std::string& name, const FillQuestions& questions) {
     }
 }
 
+/// Whether there are seeds for all runs, and time for what is asked in them.
+void CheckRuns(const FillQuestions& questions) {
+    CheckSeeds(questions.seed, questions.runs);
+    const std::uint64_t all = SizeOfRuns(questions.demand, questions.seed, questions.runs);
+    if (all > kMostAsked) {
+        throw InputError("--runs: " + std::to_string(all) +
+                         " withdrawals in all runs are too many; expected at most " +
+                         std::to_string(kMostAsked));
+    }
+}
+
 }  // namespace
 
 const CommandInfo& FillCommand::Info() const {
@@ -221,13 +232,7 @@ void FillCommand::PrepareDemand(FillQuestions& questions) const {
                                           "decides between the days of --days");
         }
     }
-    CheckSeeds(questions.seed, questions.runs);
-    const std::uint64_t all = SizeOfRuns(questions.demand, questions.seed, questions.runs);
-    if (all > kMostAsked) {
-        throw InputError("--runs: " + std::to_string(all) +
-                         " withdrawals in all runs are too many; expected at most " +
-                         std::to_string(kMostAsked));
-    }
+    CheckRuns(questions);
 }
 
 std::string FillCommand::CommandLine(const FillQuestions& questions,

@@ -58,10 +58,11 @@ std::vector<Values> MultisetsOf(const Values& notes, std::size_t count) {
         std::vector<Values> longer;
         for (const Values& set : sets) {
             for (const std::uint32_t note : notes) {
-                if (set.empty() || note <= set.back()) {
-                    longer.push_back(set);
-                    longer.back().push_back(note);
+                if (!set.empty() && note > set.back()) {
+                    continue;
                 }
+                longer.push_back(set);
+                longer.back().push_back(note);
             }
         }
         sets = std::move(longer);

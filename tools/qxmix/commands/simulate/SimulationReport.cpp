@@ -123,35 +123,50 @@ std::vector<Finding> FindingsOf(const SimulationQuestions& questions,
     return findings;
 }
 
+/// What became of withdrawals beside what the table shows.
+std::vector<std::string> RemarkOn(const SimulationSummary& summary, const Demand& demand) {
+    std::vector<std::string> parts;
+    std::vector<std::string> refusals;
+    for (const OutcomeRow& outcome : OutcomeTable()) {
+        const bool isInTable =
+            outcome.outcome == Outcome::Paid || outcome.outcome == Outcome::Overpaid;
+        const std::uint64_t count = summary.Count(outcome.outcome);
+        if (!isInTable && count > 0) {
+            const bool isProved = outcome.outcome == Outcome::NoAnswer && summary.misses == 0;
+            (IsRefusal(outcome.outcome) ? refusals : parts)
+                .push_back(std::to_string(count) + " " +
+                           (isProved ? "never answered" : PartWords(outcome)));
+        }
+    }
+    if (summary.Refused() != summary.Count(Outcome::NotDispensable)) {
+        parts.push_back(std::to_string(summary.Refused()) + " refused (" + Join(refusals, ", ") +
+                        ")");
+    }
+    if (summary.isGivenUp) {
+        parts.push_back(GivenUpText(summary, demand));
+    }
+    return parts;
+}
+
 std::vector<std::string> RemarksOn(const SimulationReport& report) {
     std::vector<std::string> lines;
     for (const SimulationRow& row : report.rows) {
-        const SimulationSummary& summary = report.First(row);
-        std::vector<std::string> parts;
-        std::vector<std::string> refusals;
-        for (const OutcomeRow& outcome : OutcomeTable()) {
-            const bool isInTable =
-                outcome.outcome == Outcome::Paid || outcome.outcome == Outcome::Overpaid;
-            const std::uint64_t count = summary.Count(outcome.outcome);
-            if (!isInTable && count > 0) {
-                const bool isProved = outcome.outcome == Outcome::NoAnswer && summary.misses == 0;
-                (IsRefusal(outcome.outcome) ? refusals : parts)
-                    .push_back(std::to_string(count) + " " +
-                               (isProved ? "never answered" : PartWords(outcome)));
-            }
-        }
-        if (summary.Refused() != summary.Count(Outcome::NotDispensable)) {
-            parts.push_back(std::to_string(summary.Refused()) + " refused (" +
-                            Join(refusals, ", ") + ")");
-        }
-        if (summary.isGivenUp) {
-            parts.push_back(GivenUpText(summary, report.answers.demand));
-        }
+        const std::vector<std::string> parts = RemarkOn(report.First(row), report.answers.demand);
         if (!parts.empty()) {
             lines.push_back("mix " + std::to_string(row.mix) + ": " + Join(parts, ", "));
         }
     }
     return lines;
+}
+
+ExitStatus HighestOf(const SimulationSummary& summary) {
+    ExitStatus highest = ExitStatus::Well;
+    for (const OutcomeRow& row : OutcomeTable()) {
+        if (summary.Count(row.outcome) > 0) {
+            highest = std::max(highest, row.exitStatus);
+        }
+    }
+    return highest;
 }
 
 ExitStatus ExitStatusOf(const SimulationAnswers& answers) {
@@ -161,11 +176,7 @@ ExitStatus ExitStatusOf(const SimulationAnswers& answers) {
     ExitStatus highest = ExitStatus::Well;
     for (const auto& run : answers.runs) {
         for (const SimulationSummary& summary : run) {
-            for (const OutcomeRow& row : OutcomeTable()) {
-                if (summary.Count(row.outcome) > 0) {
-                    highest = std::max(highest, row.exitStatus);
-                }
-            }
+            highest = std::max(highest, HighestOf(summary));
         }
     }
     return highest;
