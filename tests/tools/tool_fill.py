@@ -133,6 +133,11 @@ class Case:
         return wanted is not None
 
 
+def is_telling(count):
+    """Whether so many cases have some of each kind: few do for the seed that they were chosen with."""
+    return count >= 20 or "QXMIX_SEED" not in os.environ
+
+
 def check_against_all_loadings(tool, checks):
     """The cheapest of all loadings, each of them simulated. QXMIX_FILL_CASES and QXMIX_SEED: more of them."""
     drawn = random.Random(int(os.environ.get("QXMIX_SEED", 8)))
@@ -142,7 +147,8 @@ def check_against_all_loadings(tool, checks):
         case = Case(drawn)
         wanted = cheapest_of_all(tool, case, worth)
         reached += case.check(tool, checks, f"case {number}", [], wanted, worth)
-    checks.check("some cases are within reach", count / 3 <= reached, reached)
+    if is_telling(count):
+        checks.check("some cases are within reach", count / 3 <= reached, reached)
 
 
 def check_costs_against_all_loadings(tool, checks):
@@ -161,7 +167,8 @@ def check_costs_against_all_loadings(tool, checks):
         case.check(tool, checks, f"costs, case {number}", ["--days", f"{days}-{days}"], wanted, price)
         money = best_of(tool, case.words(tool))["money"]["load"]
         dearer += wanted is not None and int(money) < wanted[1]
-    checks.check("the least money may cost more", dearer > 0)
+    if is_telling(int(os.environ.get("QXMIX_FILL_CASES", 0))):
+        checks.check("the least money may cost more", dearer > 0)
 
 
 def check_notes_against_all(tool, checks):
@@ -181,7 +188,8 @@ def check_notes_against_all(tool, checks):
         chosen = json.loads((tool.folder / "chosen.json").read_text())
         checks.check("each has one of the notes", all(c["value"] in notes for c in chosen["cassettes"]), chosen)
         others += reached and [cassette["value"] for cassette in chosen["cassettes"]] != before
-    checks.check("other notes are better", others > 0)
+    if is_telling(int(os.environ.get("QXMIX_FILL_CASES", 0))):
+        checks.check("other notes are better", others > 0)
 
 
 def check_notes(tool, checks):

@@ -93,8 +93,8 @@ def check_lists(tool, checks):
             # What no dispenser can mend is said once, and is no row of each.
             (["@one", "--mixes", "1", "--mix", "2"],
              "--mixes: given beside --mix; expected one of them"),
-            ([*names, "--mixes", "99"], "--mixes: 99 is not allowed; expected mixes from 1 to 10 "
-                                        "such as 1,3-5, or all"),
+            ([*names, "--mixes", "99"], "--mixes: 99 is not allowed; expected mixes from 1 to "
+                                        f"{tool.last_mix()} such as 1,3-5, or all"),
             ([*names, "--from", "x"], "--from: x is not allowed; expected 0 to 4294967295"),
             ([*names, "--to", "1.5"], "--to: 1.5 is not allowed; expected 0 to 4294967295"),
             ([*names, "--slow", "soon", "--json"],

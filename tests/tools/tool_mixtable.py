@@ -187,7 +187,7 @@ def check_bad_input(tool, checks):
         checks.equal(f"{content!r}", [status, output, errors], [2, "", f"qxmix: {line}\n"])
     usage = {
         ("map", "EUR:50x10", "--output", "x.mixtable.json"):
-            "--output: 10 mixes in a mix table; expected one, as with --mix 1",
+            f"--output: {tool.last_mix()} mixes in a mix table; expected one, as with --mix 1",
         ("map", "EUR:5x10", "--exponent", "1", "--mix", "1", "--output", "x.mixtable.csv"):
             "--output: a note of 5 in a mix table; expected multiples of the unit of an amount, 10",
         ("map", "EUR:1x10", "--mix", "1", "--to", "70000", "--output", "x.mixtable.csv"):
@@ -197,7 +197,7 @@ def check_bad_input(tool, checks):
         ("compare", "EUR:50x10", "EUR:50x10", "--table", "own.mixtable.json"):
             "B: given beside --table; expected one of them",
         ("compare", "EUR:50x10", "--mix", "all", "--table", "own.mixtable.json"):
-            "--table: 10 mixes are asked; expected one, as with --mix 1",
+            f"--table: {tool.last_mix()} mixes are asked; expected one, as with --mix 1",
     }
     for words, line in usage.items():
         checks.equal(" ".join(words), tool.run(words), (2, "", f"qxmix: {line}\n"))

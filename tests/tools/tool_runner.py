@@ -1,6 +1,7 @@
 """Runs the tool for the test scripts beside this file."""
 
 import argparse
+import json
 import os
 import pathlib
 import shutil
@@ -52,6 +53,10 @@ class Tool:
         program = pathlib.Path(command[0]).read_bytes() if len(command) == 1 else b""
         return program != b"" and not any(
             mark in program for mark in (b"__asan_init", b"__msan_init", b"__tsan_init"))
+
+    def last_mix(self):
+        """The number of the last mix that the module lists."""
+        return json.loads(self.run(["types", "--json"])[1])["result"]["types"][-1]["mix"]
 
     def start(self, words, **options):
         """Starts the tool; streams are pipes unless told otherwise."""

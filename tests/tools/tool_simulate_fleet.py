@@ -125,8 +125,8 @@ def check_text(tool, checks):
             (["--demand", "nowhere"], "nowhere: cannot be opened: No such file or directory"),
             (["--demand", "examples/journal.csv", "--seed", "3"],
              "--seed: given for recorded withdrawals; expected a JSON file to draw them from, or --resample"),
-            ([*DEMAND, "--mixes", "0"], "--mixes: 0 is not allowed; expected mixes from 1 to 10 such "
-                                        "as 1,3-5, or all"),
+            ([*DEMAND, "--mixes", "0"], "--mixes: 0 is not allowed; expected mixes from 1 to "
+                                        f"{tool.last_mix()} such as 1,3-5, or all"),
             ([*DEMAND, "--seed", "4294967295", "--runs", "2"],
              "--seed: 4294967295 is too large; expected at most 4294967294 for so many --runs"),
             ([*DEMAND, "--registry-out", "F"],
