@@ -51,19 +51,23 @@ std::vector<Group> GroupsOf(const Dispenser& dispenser) {
     return groups;
 }
 
+/// Adds the list with each note behind it that is no larger than its last one.
+void AddLonger(const Values& set, const Values& notes, std::vector<Values>& longer) {
+    for (const std::uint32_t note : notes) {
+        if (set.empty() || note <= set.back()) {
+            longer.push_back(set);
+            longer.back().push_back(note);
+        }
+    }
+}
+
 /// All lists of so many notes, the largest first in each, without regard to their order.
 std::vector<Values> MultisetsOf(const Values& notes, std::size_t count) {
     std::vector<Values> sets = {{}};
     for (std::size_t place = 0; place < count; ++place) {
         std::vector<Values> longer;
         for (const Values& set : sets) {
-            for (const std::uint32_t note : notes) {
-                if (!set.empty() && note > set.back()) {
-                    continue;
-                }
-                longer.push_back(set);
-                longer.back().push_back(note);
-            }
+            AddLonger(set, notes, longer);
         }
         sets = std::move(longer);
     }
