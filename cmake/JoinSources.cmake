@@ -1,6 +1,6 @@
 # Most of what compiling a source of the tool costs is the two libraries of headers (json, options).
 # The sources of a folder share them, and small folders share them with others: one compilation for
-# each row below and for each folder without one, in a fifth of the time. The preset debug and the
+# each row below and for each folder without one, in a fraction of the time. The preset debug and the
 # build for Windows compile each source by itself.
 option(QXMIX_JOIN_SOURCES "Compile the sources of the tool's folders together" ON)
 

@@ -1,8 +1,6 @@
 // A journal of what was dispensed: refused in one line, or read with its bad lines passed over; and
 // read the same again when it is written out plainly. What it says can be followed.
-#include <cstdio>
-#include <cstdlib>
-
+#include "Expect.h"
 #include "FuzzInput.h"
 #include "commands/replay/JournalAnswers.h"
 #include "errors/Errors.h"
@@ -10,12 +8,7 @@
 
 namespace {
 
-void Expect(bool isTrue, const char* what) {
-    if (!isTrue) {
-        std::fprintf(stderr, "not so: %s\n", what);
-        std::abort();
-    }
-}
+using fuzz::Expect;
 
 qxmix::Dispenser MadeBy(std::uint8_t byte) {
     static constexpr std::int16_t exponents[] = {0, -2, -3, 3};

@@ -1,19 +1,12 @@
 // A mix table, as JSON or as CSV: refused in one line, or read the same again when it is written
 // out in both forms.
-#include <cstdio>
-#include <cstdlib>
-
+#include "Expect.h"
 #include "errors/Errors.h"
 #include "tables/MixTableFile.h"
 
 namespace {
 
-void Expect(bool isTrue, const char* what) {
-    if (!isTrue) {
-        std::fprintf(stderr, "not so: %s\n", what);
-        std::abort();
-    }
-}
+using fuzz::Expect;
 
 void ExpectSame(const qxmix::MixTable& table, const qxmix::MixTable& again, bool hasName) {
     if (hasName) {

@@ -2,9 +2,8 @@
 // cannot be touched, and what holds of every answer is looked at. Any bytes, or a request of a
 // sound host.
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 
+#include "Expect.h"
 #include "LockedInRecord.h"
 #include "MixAlgorithm.h"
 #include "Records.h"
@@ -13,6 +12,7 @@
 
 namespace {
 
+using fuzz::Expect;
 using property::Against;
 using property::LockedInRecord;
 
@@ -30,13 +30,6 @@ private:
 
     IMixAlgorithm* outer_;
 };
-
-void Expect(bool isTrue, const char* what) {
-    if (!isTrue) {
-        std::fprintf(stderr, "not so: %s\n", what);
-        std::abort();
-    }
-}
 
 /// Amounts, values and counts that no search takes long with; all else stays as it came.
 void Tame(MixRequest& request) {
@@ -69,8 +62,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
                         [&input] { return input.U8(); });
         Tame(request);
     }
-    constexpr std::uint32_t minimum = 100;  // the registry names none
-    if (qxmix::DecideEnding(request, minimum) != qxmix::CallEnding::Ends) {
+    // The registry names no minimum, so that the object has the one of every object.
+    if (qxmix::DecideEnding(request, reference::Object().cstMinimum) != qxmix::CallEnding::Ends) {
         return 0;
     }
     const std::int32_t returned = host.Calculate(&request, &result);

@@ -1,8 +1,6 @@
 // A recorded list of withdrawals: refused in one line, or read in order; and read the same again
 // when it is written out plainly.
-#include <cstdio>
-#include <cstdlib>
-
+#include "Expect.h"
 #include "FuzzInput.h"
 #include "demand/RecordedDemand.h"
 #include "errors/Errors.h"
@@ -10,12 +8,7 @@
 
 namespace {
 
-void Expect(bool isTrue, const char* what) {
-    if (!isTrue) {
-        std::fprintf(stderr, "not so: %s\n", what);
-        std::abort();
-    }
-}
+using fuzz::Expect;
 
 qxmix::Demand Read(const std::string& text, const qxmix::Dispenser& dispenser) {
     return qxmix::ReadRecordedDemand("f", text, dispenser, qxmix::RecordedSheet());

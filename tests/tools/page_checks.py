@@ -53,6 +53,20 @@ def check_skeleton(browser, checks, title):
     browser.call("Emulation.setEmulatedMedia", media="")
 
 
+def check_narrow(browser, checks, path):
+    """On the narrowest screen a page scrolls down only, and its tables and curves fit."""
+    browser.resize(320, 640)
+    browser.open(path)
+    checks.check("320 px: no sideways scrolling",
+                 browser.run("document.scrollingElement.scrollWidth") <= 320)
+    checks.equal("320 px: the tables fit", browser.run(
+        "[...document.querySelectorAll('.wide')].filter(e => e.scrollWidth > e.clientWidth)"
+        ".map(e => e.firstElementChild.id)"), [])
+    checks.equal("320 px: the curves fit", browser.run(
+        "[...document.querySelectorAll('.plot, .plot svg')]"
+        ".filter(e => e.getBoundingClientRect().right > 320).length"), 0)
+
+
 def check_without_script(checks, path, expected):
     """The policy comes first, and what only a browser without scripts shows has the expected text."""
     page = pathlib.Path(path).read_text()

@@ -4,7 +4,7 @@
 import json
 import re
 
-from page_checks import (HOSTILE, check_pictures, check_scripts_off, check_skeleton,
+from page_checks import (HOSTILE, check_narrow, check_pictures, check_scripts_off, check_skeleton,
                          check_without_script, height_of_details, printed_sheets, run_page_checks,
                          sheets_with)
 
@@ -173,17 +173,8 @@ def check_filters(browser, checks, mixes):
     checks.equal("and back", browser.run(shown), names)
 
 
-def check_narrow(browser, checks, path):
-    browser.resize(320, 640)
-    browser.open(path)
-    checks.check("320 px: no sideways scrolling",
-                 browser.run("document.scrollingElement.scrollWidth") <= 320)
-    checks.equal("320 px: the tables fit", browser.run(
-        "[...document.querySelectorAll('.wide')].filter(e => e.scrollWidth > e.clientWidth)"
-        ".map(e => e.firstElementChild.id)"), [])
-    checks.equal("320 px: the curves fit", browser.run(
-        "[...document.querySelectorAll('.plot, .plot svg')]"
-        ".filter(e => e.getBoundingClientRect().right > 320).length"), 0)
+def check_narrow_panel(browser, checks, path):
+    check_narrow(browser, checks, path)
     before = height_of_details(browser)
     heights = browser.run("[...document.querySelectorAll('.plot')].flatMap(plot => Array.from({length: "
                           "plot.count}, (_, index) => { show(plot, index); "
@@ -273,7 +264,7 @@ def check_page(tool, browser, checks, pictures):
     check_filters(browser, checks, mixes)
     check_print(tool, browser, checks)
     checks.equal("no complaints", browser.complaints(), [])
-    check_narrow(browser, checks, path)
+    check_narrow_panel(browser, checks, path)
     checks.equal("narrow: no complaints", browser.complaints(), [])
     check_pictures(browser, checks, path, pictures, has_letters=False)
     check_others(tool, browser, checks)

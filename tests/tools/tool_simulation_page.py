@@ -3,7 +3,7 @@
 
 import json
 
-from page_checks import (HOSTILE, check_pictures, check_scripts_off, check_skeleton,
+from page_checks import (HOSTILE, check_narrow, check_pictures, check_scripts_off, check_skeleton,
                          check_without_script, height_of_details, printed_sheets, run_page_checks,
                          sheets_with)
 from written_answers import rows_of
@@ -171,19 +171,6 @@ def check_height(browser, checks, path):
                 browser.run(f"show(rows.findIndex(row => row.mix === {mix}), {index})")
                 heights.add(height_of_details(browser))
         checks.equal(f"{width} px: the panel keeps its height", heights, {before})
-
-
-def check_narrow(browser, checks, path):
-    browser.resize(320, 640)
-    browser.open(path)
-    checks.check("320 px: no sideways scrolling",
-                 browser.run("document.scrollingElement.scrollWidth") <= 320)
-    checks.equal("320 px: the tables fit", browser.run(
-        "[...document.querySelectorAll('.wide')].filter(e => e.scrollWidth > e.clientWidth)"
-        ".map(e => e.firstElementChild.id)"), [])
-    checks.equal("320 px: the curves fit", browser.run(
-        "[...document.querySelectorAll('.plot, .plot svg')]"
-        ".filter(e => e.getBoundingClientRect().right > 320).length"), 0)
 
 
 def check_print(tool, browser, checks):

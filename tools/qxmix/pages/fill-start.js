@@ -103,19 +103,7 @@ function listen() {
         show(plot, nearest(plot, event.clientX - plot.getBoundingClientRect().left)));
     onPlot("focusin", (plot) => show(plot, indexOf(plot)));
     panels.addEventListener("keydown", onKey);
-    window.addEventListener("resize", () => {
-        keepHeight(details, longestDetails());
-        draw();
-    }, { signal: lifetime });
-    window.addEventListener("beforeprint", () => {
-        // The first sheet says what was asked.
-        root.getElementById("proposed").before(root.getElementById("about"));
-        draw(true);
-    }, { signal: lifetime });
-    window.addEventListener("afterprint", () => {
-        root.getElementById("curves").after(root.getElementById("about"));
-        draw();
-    }, { signal: lifetime });
+    drawForEachSize("proposed");
 }
 
 function makeFilters() {

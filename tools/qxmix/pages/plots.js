@@ -1,5 +1,6 @@
-// What pages with curves have in common: a plot, its axes, the names of times on them. Their model says what
-// demand, dayCount, firstTime and lastTime are.
+// What pages with curves have in common: a plot, its axes, the names of times on them, and when to draw. Their
+// model says what demand, dayCount, firstTime and lastTime are, their start what draw, details and
+// longestDetails.
 const LEFT = 46;
 const RIGHT = { wide: 124, narrow: 72 };
 const NARROW = 560;
@@ -174,4 +175,21 @@ function keepRoles(table) {
     for (const [selector, role] of Object.entries(roles)) {
         table.querySelectorAll(selector).forEach((part) => part.setAttribute("role", role));
     }
+}
+
+/** Draws anew for another width and for paper, whose first sheet says what was asked, before this element. */
+function drawForEachSize(first) {
+    const about = root.getElementById("about");
+    window.addEventListener("resize", () => {
+        keepHeight(details, longestDetails());
+        draw();
+    }, { signal: lifetime });
+    window.addEventListener("beforeprint", () => {
+        root.getElementById(first).before(about);
+        draw(true);
+    }, { signal: lifetime });
+    window.addEventListener("afterprint", () => {
+        root.getElementById("curves").after(about);
+        draw();
+    }, { signal: lifetime });
 }

@@ -27,19 +27,7 @@ if (withdrawalCount > 0) {
         () => show(cursor.row, refusalFrom(cursor.row, cursor.index, -1)));
     root.getElementById("next").addEventListener("click",
         () => show(cursor.row, refusalFrom(cursor.row, cursor.index, 1)));
-    window.addEventListener("resize", () => {
-        keepHeight(details, longestDetails());
-        draw();
-    }, { signal: lifetime });
-    window.addEventListener("beforeprint", () => {
-        // The first sheet says what was simulated.
-        root.getElementById("curves").before(root.getElementById("about"));
-        draw(true);
-    }, { signal: lifetime });
-    window.addEventListener("afterprint", () => {
-        root.getElementById("curves").after(root.getElementById("about"));
-        draw();
-    }, { signal: lifetime });
+    drawForEachSize("curves");
 } else {
     root.getElementById("curves").hidden = true;
 }

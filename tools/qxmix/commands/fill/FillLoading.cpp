@@ -1,6 +1,6 @@
 #include "FillLoading.h"
 
-#include "CashUnitCodes.h"
+#include "OrderingRules.h"
 #include "dispenser/Draining.h"
 
 #include <algorithm>
@@ -9,9 +9,6 @@ namespace qxmix {
 
 namespace {
 
-constexpr CodeSet kGivingTypes = kCoinTypes | SetOf(CashUnitType::BillCassette,
-                                                    CashUnitType::CouponCassette,
-                                                    CashUnitType::RecyclingCassette);
 constexpr CodeSet kTellsTheCount = StatusRange(CashUnitStatus::Ok, CashUnitStatus::Empty);
 
 /// Above it a count is read as negative.
@@ -43,7 +40,7 @@ std::uint32_t CountFor(const Money& sum, const Money& worth, std::uint32_t most)
 }  // namespace
 
 bool IsLoaded(const Dispenser& dispenser, const Cassette& cassette) {
-    return cassette.currency == dispenser.currency && Contains(kGivingTypes, cassette.type) &&
+    return cassette.currency == dispenser.currency && Contains(kAlsoRecycling, cassette.type) &&
            Contains(kTellsTheCount, cassette.status) && cassette.value != 0 &&
            !cassette.Worth().IsZero();
 }

@@ -22,12 +22,6 @@ std::size_t Halvings(std::uint32_t range) {
 /// For each choice of notes but the first: there may be hundreds.
 constexpr SearchEffort kEffortOfOne = {100, 100};
 
-/// The error code that the last run left.
-const std::string& LastCodeOf(const std::vector<FillRun>& runs) {
-    static const std::string none;
-    return runs.empty() ? none : runs.back().lastCode;
-}
-
 }  // namespace
 
 LoadingSearch::LoadingSearch(const FillAsking& asking, const Dispenser& dispenser, MixFill& fill)
@@ -98,36 +92,37 @@ std::size_t LoadingSearch::Expected() const {
     return expected;
 }
 
-FillOutcome LoadingSearch::OutcomeWith(const Bundles& bundles, std::vector<FillRun>* runs) {
-    const Dispenser loaded = loading_.With(bundles);
-    std::vector<FillRun> came = All(loaded);
-    FillOutcome outcome = OutcomeOf(questions_, demands_, loaded, came);
+FillOutcome LoadingSearch::OutcomeWith(const Bundles& bundles) {
+    return Note(bundles, All(loading_.With(bundles)));
+}
+
+/// Notes what came of a loading of which all runs were asked.
+FillOutcome LoadingSearch::Note(const Bundles& bundles, const std::vector<FillRun>& runs) {
+    FillOutcome outcome = OutcomeOf(questions_, demands_, loading_.With(bundles), runs);
     if (outcome.dangerous == 0) {
         points_.push_back(PointOf(bundles, outcome));
-    }
-    if (runs != nullptr) {
-        *runs = std::move(came);
     }
     return outcome;
 }
 
-LoadingSearch::Start LoadingSearch::StartFrom(const Bundles& bundles, std::vector<FillRun>* runs) {
-    std::vector<FillRun> came;
-    Start start = {bundles, OutcomeWith(bundles, &came)};
+LoadingSearch::Start LoadingSearch::StartFrom(const Bundles& bundles) {
+    return StartFrom(bundles, All(loading_.With(bundles)));
+}
+
+LoadingSearch::Start LoadingSearch::StartFrom(const Bundles& bundles,
+                                              const std::vector<FillRun>& runs) {
+    Start start = {bundles, Note(bundles, runs)};
     if (start.outcome.dangerous == 0) {
-        Keep(bundles, start.outcome, LastCodeOf(came));
-    }
-    if (runs != nullptr) {
-        *runs = std::move(came);
+        Keep(bundles, start.outcome, runs.back().lastCode);
     }
     return start;
 }
 
 /// A loading that reaches the service, or as much of it as any; none: all are dangerous.
 std::optional<Bundles> LoadingSearch::FindStart() {
-    std::vector<FillRun> runs;
+    const std::vector<FillRun> runs = All(loading_.With(space_.most));
     std::vector<Start> starts;
-    starts.push_back(StartFrom(space_.most, &runs));
+    starts.push_back(StartFrom(space_.most, runs));
     if (IsDone(starts.back())) {
         const Bundles drawn = loading_.Holding(MostDrawn(runs));
         return IsDone(StartFrom(drawn)) ? drawn : starts.back().bundles;
@@ -200,7 +195,7 @@ TriedLoadings LoadingSearch::Tried() {
                 if (came) {
                     const FillOutcome outcome = OutcomeOf(questions_, demands_, loaded, *came);
                     points_.push_back(PointOf(bundles, outcome));
-                    Keep(bundles, outcome, LastCodeOf(*came));
+                    Keep(bundles, outcome, came->back().lastCode);
                 }
                 return came.has_value();
             }};
@@ -219,7 +214,8 @@ void LoadingSearch::Search(Bundles best) {
 void LoadingSearch::Propose(const Bundles& bundles, Cheapest cheapest) {
     const std::vector<FillRun> came = All(loading_.With(bundles));
     fill_.load.reset();
-    Keep(bundles, OutcomeOf(questions_, demands_, loading_.With(bundles), came), LastCodeOf(came));
+    Keep(bundles, OutcomeOf(questions_, demands_, loading_.With(bundles), came),
+         came.back().lastCode);
     fill_.load->cheapest = cheapest;
 }
 

@@ -53,8 +53,10 @@ private:
     std::vector<FillRun> All(const Dispenser& loaded);
     void Count();
     std::size_t Expected() const;
-    FillOutcome OutcomeWith(const Bundles& bundles, std::vector<FillRun>* runs = nullptr);
-    Start StartFrom(const Bundles& bundles, std::vector<FillRun>* runs = nullptr);
+    FillOutcome OutcomeWith(const Bundles& bundles);
+    FillOutcome Note(const Bundles& bundles, const std::vector<FillRun>& runs);
+    Start StartFrom(const Bundles& bundles);
+    Start StartFrom(const Bundles& bundles, const std::vector<FillRun>& runs);
     std::optional<Bundles> FindStart();
     std::optional<Bundles> BestOf(const std::vector<Start>& starts);
     std::vector<std::uint64_t> MostDrawn(const std::vector<FillRun>& runs) const;
