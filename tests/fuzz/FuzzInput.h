@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 
@@ -20,6 +21,13 @@ public:
     std::uint32_t U32() {
         const std::uint32_t low = U16();
         return low + 65536U * U16();
+    }
+
+    /// As many calls of U8, at once.
+    void Fill(std::uint8_t* bytes, std::size_t count) {
+        const std::size_t left = std::min(count, size_ - next_);
+        std::fill(std::copy_n(bytes_ + next_, left, bytes), bytes + count, std::uint8_t{0});
+        next_ += left;
     }
 
 private:
