@@ -78,6 +78,7 @@ expect_refusal scripts/lib/prove residues unknown-word
 expect_refusal scripts/lib/fuzz 20 unknown-word
 expect_refusal scripts/lib/fuzz --merge any_request unknown-word
 expect_refusal scripts/lib/fuzz --record unknown-word
+expect_refusal scripts/lib/compare 10 unknown-word
 expect_refusal scripts/lib/coverage --without-tool unknown-word
 expect_refusal scripts/lib/count-instructions --store unknown-word
 expect_refusal scripts/bench --benchmark_filter=x unknown-word
