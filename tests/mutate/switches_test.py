@@ -7,6 +7,7 @@ import subprocess
 import sys
 import tempfile
 import unittest
+from array import array
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tools" / "mutate"))
@@ -103,7 +104,7 @@ class Switches(unittest.TestCase):
                          {"program.cpp: case {4|0}:", "program.cpp: case {4|5}:"})
         with tempfile.TemporaryDirectory() as folder:
             alone = {number: compile_and_run(folder, mutants[number].apply(PROGRAM))
-                     for number in numbers[::4]}
+                     for number in list(numbers)[::4]}
             flags = ("-include", str(HEADER))
             self.assertEqual(compile_and_run(folder, written, flags), compile_and_run(folder, PROGRAM))
             compile_and_run(folder, written, flags)
@@ -112,10 +113,10 @@ class Switches(unittest.TestCase):
                 self.assertEqual(run(program, {SWITCH: str(number)}), expected,
                                  mutants[number].describe())
             reached = Path(folder) / "reached"
-            reached.write_bytes(bytes(len(mutants)))
+            reached.write_bytes(bytes(8 * len(mutants)))
             run(program, {REACHED: str(reached)})
-            self.assertEqual({number for number, byte in enumerate(reached.read_bytes()) if byte},
-                             set(numbers))
+            self.assertEqual({number for number, count in enumerate(array("Q", reached.read_bytes()))
+                              if count}, set(numbers))
 
     def test_the_compiler_names_the_mutant_that_is_wrong(self):
         text = "int F(int* a, int* b) {\n    return a - b;\n}\n"

@@ -39,6 +39,8 @@ class Tool:
             # A crash is to be a crash in sanitized builds, too.
             "ASAN_OPTIONS": "handle_segv=0",
             "TSAN_OPTIONS": "handle_segv=0",
+            # Which of its mutants the tool is, where it has them built in (tools/mutate).
+            **{name: value for name, value in os.environ.items() if name.startswith("QXMIX_MUTANT")},
         }
 
     def __enter__(self):
@@ -103,6 +105,8 @@ class Checks:
         else:
             self.failed += 1
             print(f"FAILED {name}\n{detail}")
+            if "QXMIX_STOP" in os.environ:  # the first failure is all that somebody wants to know
+                self.finish()
 
     def equal(self, name, actual, expected):
         self.check(name, actual == expected, f"--- expected\n{expected}\n--- got\n{actual}")

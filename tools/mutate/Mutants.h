@@ -7,12 +7,13 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <cstdint>
 #include <cstdlib>
 
 /// Read from the environment when the program starts.
 struct Mutants {
     long active = -1;
-    volatile char* reached = nullptr;  ///< by number: set to 1 when the mutant is come to
+    volatile std::uint64_t* reached = nullptr;  ///< by number: how often the mutant is come to
 
     Mutants() noexcept {
         if (const char* number = std::getenv("QXMIX_MUTANT")) {
@@ -23,7 +24,7 @@ struct Mutants {
         if (file >= 0) {
             const auto count = static_cast<std::size_t>(lseek(file, 0, SEEK_END));
             void* bytes = mmap(nullptr, count, PROT_READ | PROT_WRITE, MAP_SHARED, file, 0);
-            reached = bytes != MAP_FAILED ? static_cast<volatile char*>(bytes) : nullptr;
+            reached = bytes != MAP_FAILED ? static_cast<volatile std::uint64_t*>(bytes) : nullptr;
             close(file);
         }
     }
@@ -36,7 +37,7 @@ constexpr bool MutantIs(long number) noexcept {
         return false;
     }
     if (theMutants.reached != nullptr) {
-        theMutants.reached[number] = 1;
+        theMutants.reached[number] = theMutants.reached[number] + 1;
     }
     return theMutants.active == number;
 }

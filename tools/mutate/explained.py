@@ -41,6 +41,17 @@ def read(path):
     return explained
 
 
+def reason_for(explanation, kind, is_counted):
+    """Why a survivor survives: a kind of explanation; "unexplained"; or "misjudged", when it is said to
+    change the amount of work and none is seen to change, or the other way round.
+
+    kind: survived or work; is_counted: as what the instruction counts show, which are a test of their own.
+    """
+    if explanation is None:
+        return "work" if kind == "work" and is_counted else "unexplained"
+    return explanation.kind if (explanation.kind == "work") == (kind == "work") else "misjudged"
+
+
 def out_of_date(explained, mutants, kinds):
     """The marks that explain nothing: of no mutant, or of one that is judged and did not survive.
 

@@ -3,6 +3,7 @@
 import hashlib
 import re
 import tempfile
+from array import array
 from dataclasses import replace
 from pathlib import Path
 
@@ -15,6 +16,8 @@ ERROR = re.compile(r"^(?:\S*/)?(\S+?):(\d+):(?:\d+:)? (?:fatal )?error", re.MULT
 # and for the long tests or, when it is open, for all.
 PASSED = "passed"
 OPEN = "open"
+# Passes all quick tests, and meanwhile comes to other places of the code, or more or less often.
+OTHER_WORK = "other work"
 FLAGS = "-O1 -w -fmax-errors=0"
 
 
@@ -35,8 +38,10 @@ class Switchboard:
         known = set(self.aside.read_text().splitlines()) if self.aside.exists() else set()
         self.mutants = {number: mutant for number, mutant in enumerate(mutants)
                         if self._mark(mutant) not in known}  # those that have a switch
-        self.tests = []    # the quickest first
-        self.reached = {}  # by test: a byte for each mutant, other than 0 when the test comes to it
+        self.regions = {}  # by number of those: the file, and what the mutant takes the place of
+        self.tests = []    # by stage, the quickest first
+        self.reached = {}  # by test: for each mutant how often the test comes to it
+        self.steady = {}   # by counted test: the mutants that it comes to equally often each time
 
     def prepare(self, jobs):
         """Builds, and runs the tests without a mutant."""
@@ -47,31 +52,57 @@ class Switchboard:
         seconds = {}
         for test in [one for test in self.subject.tests if not test.is_long
                      for one in self._suites_of(test)]:
-            with tempfile.NamedTemporaryFile(dir=self.tree.folder) as reached:
-                reached.write(bytes(self.count))
-                reached.flush()
-                seconds[test] = self.tree.time_test(test, {REACHED: reached.name})
-                self.reached[test] = Path(reached.name).read_bytes()
-        self.tests = sorted(seconds, key=seconds.get)
+            seconds[test], self.reached[test] = self._counted(
+                lambda settings, test=test: self.tree.time_test(test, settings))
+            if test.is_counted:
+                again = self._counted(lambda settings, test=test: self.tree.passes(test, settings))[1]
+                self.steady[test] = {number for number in self._first_of_regions()
+                                     if again[number] == self.reached[test][number]}
+        self.tests = sorted(seconds, key=lambda test: (test.stage, seconds[test]))
 
     def judge(self, number):
         """What becomes of a mutant: killed, by which test; passed, when all quick tests that come to it
-        pass; or open, when none comes to it: perhaps it has no switch where it matters."""
+        pass, and whether by other work; or open, when none comes to it: perhaps it has no switch where it
+        matters."""
         tests = [test for test in self.tests if number in self.mutants and self.reached[test][number]]
+        does_other_work = False
         for test in tests:
-            if not self.tree.passes(test, {SWITCH: str(number)}):
+            passes, counts = self._counted(lambda settings, test=test: self.tree.passes(
+                test, {**settings, SWITCH: str(number)}))
+            if not passes:
                 return "killed", test.name
-        return (PASSED if tests else OPEN), ""
+            does_other_work |= any(counts[other] != self.reached[test][other]
+                                   for other in self.steady.get(test, ())
+                                   if not self._is_within(other, number))
+        return (PASSED if tests else OPEN), (OTHER_WORK if does_other_work else "")
+
+    def _counted(self, run):
+        """What `run` returns for the settings that it is given, and how often it came to each mutant."""
+        with tempfile.NamedTemporaryFile(dir=self.tree.folder) as file:
+            file.write(bytes(array("Q", [0] * self.count)))
+            file.flush()
+            returned = run({REACHED: file.name})
+            return returned, array("Q", Path(file.name).read_bytes())
+
+    def _first_of_regions(self):
+        """Of each region the mutant that is asked for first, and so whenever the region is come to."""
+        return {place: number for number, place in sorted(self.regions.items(), reverse=True)}.values()
+
+    def _is_within(self, other, number):
+        """Whether all that one mutant changes is part of what the other takes the place of."""
+        (file, region), (other_file, other_region) = self.regions[number], self.regions[other]
+        return file == other_file and region.start <= other_region.start and \
+            other_region.end <= region.end
 
     def _sources(self):
         """The files of the mutants with their switches; mutants without one are put aside."""
         written = {}
-        switched = set()
+        self.regions = {}
         for name in self.files:
             numbered = {number: mutant for number, mutant in self.mutants.items() if mutant.file == name}
-            written[name], numbers = with_switches(name, self.texts[name], numbered)
-            switched.update(numbers)
-        self._put_aside(set(self.mutants) - switched)
+            written[name], regions = with_switches(name, self.texts[name], numbered)
+            self.regions.update({number: (name, region) for number, region in regions.items()})
+        self._put_aside(set(self.mutants) - set(self.regions))
         return written
 
     def _mark(self, mutant):
@@ -118,11 +149,20 @@ class Switchboard:
         return set()
 
     def _suites_of(self, test):
-        """A test for each suite of its program, or the test itself."""
-        if not test.has_suites:
-            return [test]
-        listed = self.tree.run([str(self.tree.build / test.command[0]), "--gtest_list_tests"])[1]
-        suites = [line.split()[0] for line in listed.splitlines()
-                  if re.match(r"[\w/]+\.(\s|$)", line)]
-        return [replace(test, name=f"{test.name} {suite.rstrip('.')}",
-                        command=(*test.command, f"--gtest_filter={suite}*")) for suite in suites]
+        """A test for each part of its program that can run by itself, or the test."""
+        if test.suites == "googletest":
+            listed = self.tree.run([str(self.tree.build / test.command[0]), "--gtest_list_tests"])[1]
+            suites = [line.split()[0] for line in listed.splitlines()
+                      if re.match(r"[\w/]+\.(\s|$)", line)]
+            return [replace(test, name=f"{test.name} {suite.rstrip('.')}",
+                            command=(*test.command, f"--gtest_filter={suite}*")) for suite in suites]
+        if test.suites == "examples":
+            return [replace(test, name=example, settings={**test.settings, "QXMIX_EXAMPLE": example})
+                    for example in examples_in(self.tree.folder / "tests/tools/examples")]
+        return [test]
+
+
+def examples_in(folder):
+    """The names of all command lines with what they print, as tool_examples.py has them."""
+    return [f"{path.name}:{number}" for path in sorted(folder.glob("*.txt"))
+            for number, line in enumerate(path.read_text().splitlines(), 1) if line.startswith("$ ")]

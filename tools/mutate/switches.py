@@ -16,7 +16,7 @@ from operators import TOKEN
 
 HEADER = Path(__file__).resolve().parent / "Mutants.h"  # goes in front of every source
 SWITCH = "QXMIX_MUTANT"
-REACHED = "QXMIX_MUTANTS_REACHED"  # names a file with a byte for each mutant
+REACHED = "QXMIX_MUTANTS_REACHED"  # names a file with a count for each mutant
 # What can stand before an expression that takes the place of a statement or follows a label.
 LABEL = re.compile(r"\s*(?:case\s+(?:[^:;{}]|::)+|default|public|private|protected):(?!:)")
 LEAD = re.compile(r"\s*(?:(?:return|throw)\b)?\s*")
@@ -130,8 +130,8 @@ class Places:
 
 
 def with_switches(name, text, mutants):
-    """The source with a switch for each of these mutants, given by their numbers, and the numbers of
-    those that have one. `name` is what the compiler is to call it."""
+    """The source with a switch for each of these mutants, given by their numbers, and by number the
+    regions of those that have one. `name` is what the compiler is to call it."""
     places = Places(text)
     regions = {}
     for number, mutant in sorted(mutants.items()):
@@ -140,7 +140,7 @@ def with_switches(name, text, mutants):
             regions.setdefault(region, []).append((number, mutant))
     order = sorted(regions, key=lambda region: (region.start, -region.end))
     written, _ = _write(name, text, regions, order, 0, len(text))
-    return written, [number for numbered in regions.values() for number, _ in numbered]
+    return written, {number: region for region, numbered in regions.items() for number, _ in numbered}
 
 
 def _write(name, text, regions, order, start, end):

@@ -4,6 +4,7 @@ import math
 import os
 import resource
 import shutil
+import signal
 import subprocess
 from pathlib import Path
 
@@ -77,16 +78,19 @@ class Tree:
         return seconds
 
     def passes(self, test, settings=None):
-        vectors = [str(path) for path in sorted((self.folder / "tests/vectors").glob("*.txt"))
-                   if path.name not in ("CMakeLists.txt", "digest.txt")]
-        words = [str(self.build / test.command[0])]
-        for word in test.command[1:]:
-            words += vectors if word == "@vectors" else [
-                str(self.product) if word == "@library" else word]
+        words = [word for part in test.command for word in self._words_of(part)]
         limit = self.seconds.get(test)
         return any(self.run(words, {**test.settings, **(settings or {})}, processor_seconds=limit,
                             seconds=WAIT_SECONDS + 10 * limit if limit else BUILD_SECONDS)[0] == 0
                    for _ in range(test.tries))
+
+    def _words_of(self, part):
+        if part == "@vectors":
+            return [str(path) for path in sorted((self.folder / "tests/vectors").glob("*.txt"))
+                    if path.name not in ("CMakeLists.txt", "digest.txt")]
+        if part == "@library":
+            return [str(self.product)]
+        return [str(self.build / part) if part.startswith(("bin/", "lib/")) else part]
 
     def run(self, command, settings=None, seconds=BUILD_SECONDS, processor_seconds=None):
         """The exit status and what was printed; a command that takes too long counts as failed."""
@@ -96,11 +100,12 @@ class Tree:
                 most = math.ceil(processor_seconds)
                 resource.setrlimit(resource.RLIMIT_CPU, (most, most))
 
-        try:
-            ended = subprocess.run(command, cwd=self.folder, env={**os.environ, **(settings or {})},
-                                   stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
-                                   stderr=subprocess.STDOUT, timeout=seconds, check=False,
-                                   preexec_fn=limit)
-        except subprocess.TimeoutExpired:
-            return -1, ""
-        return ended.returncode, ended.stdout.decode(errors="replace")
+        with subprocess.Popen(command, cwd=self.folder, env={**os.environ, **(settings or {})},
+                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+                              start_new_session=True, preexec_fn=limit) as process:
+            try:
+                output = process.communicate(timeout=seconds)[0]
+            except subprocess.TimeoutExpired:
+                os.killpg(process.pid, signal.SIGKILL)  # what it has started holds its output open
+                return -1, ""
+            return process.returncode, output.decode(errors="replace")

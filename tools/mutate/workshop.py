@@ -12,9 +12,8 @@ COUNTED = "instruction counts"  # what judged last
 class Workshop:
     """One worker's tree; only one mutant is in it at a time."""
 
-    def __init__(self, project, folder, subject, counts_instructions):
+    def __init__(self, project, folder, subject):
         self.subject = subject
-        self.counts_instructions = counts_instructions
         self.tree = Tree(project, folder, subject)
 
     def prepare(self):
@@ -29,19 +28,20 @@ class Workshop:
         for test in tests:
             self.tree.time_test(test)
 
-    def judge(self, mutant, tests):
+    def judge(self, mutant, tests, counts_instructions):
         """What becomes of a mutant: (kind, detail); kind is killed, work (only the instruction
         counts notice), survived, same (the same program) or broken (does not compile).
 
-        @param tests  those that have not been run with it, all of the subject's or the long ones."""
+        @param tests                those that have not been run with it, all of the subject's or the long ones
+        @param counts_instructions  of one that survives"""
         text = (self.tree.folder / mutant.file).read_text()
         self.tree.write(mutant.file, mutant.apply(text).encode())
         try:
-            return self._judge_built(mutant, tests)
+            return self._judge_built(tests, counts_instructions)
         finally:
             self.tree.write(mutant.file, text.encode())
 
-    def _judge_built(self, mutant, tests):
+    def _judge_built(self, tests, counts_instructions):
         if self.tree.compile([self.subject.target])[0] != 0:
             return "broken", ""
         if self._bytes_of(self.tree.product) == self.product:
@@ -51,7 +51,7 @@ class Workshop:
                 return "killed", "tests do not compile"
             if self._fingerprint(test) != self.original[test] and not self.tree.passes(test):
                 return "killed", test.name
-        if not self.counts_instructions(mutant):
+        if not counts_instructions:
             return "survived", ""
         counted = self.tree.run(["scripts/lib/count-instructions"])[0]
         return "survived" if counted == 0 else "work", COUNTED
