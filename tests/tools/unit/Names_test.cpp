@@ -35,6 +35,43 @@ TEST(UnitNames, GiveEachStatusItsNumber) {
     EXPECT_EQ(StatusNames().Code("WFS_CDM_STATCUMANIP"), 9);
 }
 
+/// Those of the device interface, all with the same beginning, by their numbers.
+void ExpectXfsNames(const UnitNames& names,
+                    const std::string& beginning,
+                    const std::vector<std::pair<const char*, std::uint16_t>>& expected) {
+    std::vector<std::string> all;
+    for (const auto& [name, code] : expected) {
+        all.push_back(beginning + name);
+        EXPECT_EQ(names.Code(all.back()), code) << name;
+    }
+    EXPECT_EQ(names.XfsNames(), all);
+}
+
+TEST(UnitNames, AreAlsoThoseOfTheDeviceInterface) {
+    ExpectXfsNames(TypeNames(), "WFS_CDM_TYPE",
+                   {{"NA", 1},
+                    {"REJECTCASSETTE", 2},
+                    {"BILLCASSETTE", 3},
+                    {"COINCYLINDER", 4},
+                    {"COINDISPENSER", 5},
+                    {"RETRACTCASSETTE", 6},
+                    {"COUPON", 7},
+                    {"DOCUMENT", 8},
+                    {"REPCONTAINER", 11},
+                    {"RECYCLING", 12}});
+    ExpectXfsNames(StatusNames(), "WFS_CDM_STATCU",
+                   {{"OK", 0},
+                    {"FULL", 1},
+                    {"HIGH", 2},
+                    {"LOW", 3},
+                    {"EMPTY", 4},
+                    {"INOP", 5},
+                    {"MISSING", 6},
+                    {"NOVAL", 7},
+                    {"NOREF", 8},
+                    {"MANIP", 9}});
+}
+
 TEST(UnitNames, ShowACodeWithoutNameAsItsNumber) {
     EXPECT_EQ(TypeNames().Text(8), "8");
     EXPECT_EQ(StatusNames().Text(65535), "65535");

@@ -20,11 +20,13 @@ struct LintOf {
     Dispenser dispenser;
     std::vector<std::uint16_t> mixes = {1};
     std::vector<std::uint32_t> amounts = {100};
+    AmountRange range;                    // only what the amounts are said to be steps of
     std::vector<std::string> currencies;  // all that are asked; empty: the dispenser's own
     std::string registry;                 // empty: the dispenser's values beside the start content
     std::string registryFile;
     bool isRangeNamed = true;
     Milliseconds deadline{50};
+    Milliseconds slow{5000};  // other work of the machine makes no mix slow
     std::string library = QXMIX_MODULE;
 
     LintOf& Mixes(std::vector<std::uint16_t> asked) {
@@ -34,6 +36,13 @@ struct LintOf {
 
     LintOf& Amounts(std::vector<std::uint32_t> asked) {
         amounts = std::move(asked);
+        return *this;
+    }
+
+    /// All amounts from one to another, and the dispenser's buttons.
+    LintOf& Range(const AmountRange& asked) {
+        range = asked;
+        amounts = AmountsAndButtons(Questions().map);
         return *this;
     }
 
@@ -70,15 +79,8 @@ struct LintOf {
 
     /// What the rules look at: the module is asked.
     LintCase Case() const {
-        LintQuestions questions;
-        questions.map.dispenser = dispenser;
-        questions.map.mixes = mixes;
+        LintQuestions questions = Questions();
         questions.map.listed = amounts;
-        questions.map.deadline = deadline;
-        questions.registry = registry.empty() ? RegistryOf(dispenser.registry) : registry;
-        questions.registryFile = registryFile;
-        questions.isRangeNamed = isRangeNamed;
-        questions.currencies = currencies;
         const OpenOrder order{library, questions.registry};
         Asker asker(order.library, order.registry);
         return AskLint(questions, order, asker, nullptr, [](const WorkProgress&) {});
@@ -93,6 +95,23 @@ struct LintOf {
             }
         }
         return found;
+    }
+
+private:
+    LintQuestions Questions() const {
+        LintQuestions questions;
+        questions.map.dispenser = dispenser;
+        questions.map.mixes = mixes;
+        questions.map.from = range.from;
+        questions.map.to = range.to;
+        questions.map.step = range.step;
+        questions.map.deadline = deadline;
+        questions.slow = slow;
+        questions.registry = registry.empty() ? RegistryOf(dispenser.registry) : registry;
+        questions.registryFile = registryFile;
+        questions.isRangeNamed = isRangeNamed;
+        questions.currencies = currencies;
+        return questions;
     }
 };
 
