@@ -38,6 +38,11 @@ class PutAside(unittest.TestCase):
         self.assertEqual(self.wrong_in("/a/src/mix/Verdict.h:6:1: error: y\n"),
                          {"0 -> 1", "b = 0 -> (removed)", "c = 0 -> (removed)"})
 
+    def test_those_where_a_macro_is_used_that_does_not_compile(self):
+        self.assertEqual(self.wrong_in("/a/Macro.h:9:1: error: y\n"
+                                       "src/mix/Verdict.h:3:18: note: in expansion of macro 'TEXT'\n"),
+                         {"0 -> 1", "b = 0 -> (removed)"})
+
     def test_none_where_another_file_is_wrong(self):
         self.assertEqual(self.wrong_in("/a/src/mix/Other.h:3:1: error: y\n"), set())
 

@@ -11,7 +11,9 @@ from switches import HEADER, REACHED, SWITCH, with_switches
 from tree import FIRST_BUILD_SECONDS, Tree
 
 NAMED = re.compile(r'\bmutant-(\d+):')
-ERROR = re.compile(r"^(?:\S*/)?(\S+?):(\d+):(?:\d+:)? (?:fatal )?error", re.MULTILINE)
+# What is wrong with a macro stands where the macro does; the place that uses it is in a note.
+ERROR = re.compile(r"^(?:\S*/)?(\S+?):(\d+):(?:\d+:)? (?:(?:fatal )?error|note: in expansion of macro)",
+                   re.MULTILINE)
 # Not killed behind its switch, so that it has to be built by itself: to see whether it is another program,
 # and for the long tests or, when it is open, for all.
 PASSED = "passed"

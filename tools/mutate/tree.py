@@ -95,6 +95,7 @@ class Tree:
     def run(self, command, settings=None, seconds=BUILD_SECONDS, processor_seconds=None):
         """The exit status and what was printed; a command that takes too long counts as failed."""
         def limit():
+            os.setpgid(0, 0)  # and no session: a session has a share of the processor like all others together
             resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
             if processor_seconds:
                 most = math.ceil(processor_seconds)
@@ -102,7 +103,7 @@ class Tree:
 
         with subprocess.Popen(command, cwd=self.folder, env={**os.environ, **(settings or {})},
                               stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
-                              start_new_session=True, preexec_fn=limit) as process:
+                              preexec_fn=limit) as process:
             try:
                 output = process.communicate(timeout=seconds)[0]
             except subprocess.TimeoutExpired:
