@@ -19,7 +19,7 @@ function(qxmix_join_sources target)
   foreach(source IN LISTS sources)
     if(NOT IS_ABSOLUTE ${source}) # what is generated, and what is another part's, stays alone
       get_filename_component(folder ${source} DIRECTORY)
-      string(REGEX REPLACE "^(\\.\\./)+" "" folder "${folder}") # the page's build stands beside them
+      string(REGEX REPLACE "^.*\\.\\./" "" folder "${folder}") # the page's build stands beside them
       set(group ${folder})
       foreach(row IN LISTS qxmix_joined_folders)
         if(" ${row} " MATCHES " ${folder} ")

@@ -1,6 +1,7 @@
 // The module alone, as often as can be: nothing judges the notes, but memory beside the records
 // cannot be touched, and what holds of every answer is looked at. Any bytes, or a request of a
-// sound host. The platform is the least that the module needs.
+// sound host, each by its own mix and by all that there are. The platform is the least that the
+// module needs.
 #include <algorithm>
 #include <cinttypes>
 #include <cstdio>
@@ -23,7 +24,7 @@ using property::LockedInRecord;
 class Host final : private MixAlgorithmHost {
 public:
     Host() : outer_(CreateMixAlgorithm(this)) {}
-    /// Not every input is put to the module: what a campaign counts is what was.
+    /// Not every request is put to the module: what a campaign counts is what was.
     ~Host() { std::fprintf(stderr, "stat::calculations: %" PRIu64 "\n", calculations_); }
 
     std::int32_t Calculate(MixRequest* request, MixResult* result) {
@@ -81,28 +82,44 @@ bool Belongs(const char* code, std::int32_t returned) {
     }
 }
 
-}  // namespace
+/// The records between pages that nobody may touch, against the one or the other.
+struct Records {
+    explicit Records(Against against) : request(against), result(against) {}
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+    LockedInRecord<sizeof(MixRequest)> request;
+    LockedInRecord<sizeof(MixResult)> result;
+};
+
+void Calculate(const MixRequest& asked, Records& records) {
     static Host host;
-    static LockedInRecord<sizeof(MixRequest)> behind(Against::Start), before(Against::End);
-    static LockedInRecord<sizeof(MixResult)> resultBehind(Against::Start),
-        resultBefore(Against::End);
-    fuzz::Input input(bytes, size);
-    const unsigned head = input.U8();
-    auto& request = *reinterpret_cast<MixRequest*>((head % 2U == 0 ? behind : before).Bytes());
-    auto& result =
-        *reinterpret_cast<MixResult*>((head % 2U == 0 ? resultBehind : resultBefore).Bytes());
-    MakeRequest(input, head / 2U % 2U == 0, request);
     // The registry names no minimum, so that the object has the one of every object.
-    if (qxmix::DecideEnding(request, reference::Object().cstMinimum) != qxmix::CallEnding::Ends) {
-        return 0;
+    if (qxmix::DecideEnding(asked, reference::Object().cstMinimum) != qxmix::CallEnding::Ends) {
+        return;
     }
+    auto& request = *reinterpret_cast<MixRequest*>(records.request.Bytes());
+    auto& result = *reinterpret_cast<MixResult*>(records.result.Bytes());
+    request = asked;
     ForgetRecordedCode();
     const std::int32_t returned = host.Calculate(&request, &result);
     Expect(Belongs(RecordedCode(), returned), "one of the five results, with a code of its own");
     const bool paysNothing = std::all_of(std::begin(result.aulNotes), std::end(result.aulNotes),
                                          [](std::uint32_t notes) { return notes == 0; });
     Expect(returned == 0 || paysNothing, "no items in a refusal");
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+    static Records behind(Against::Start), before(Against::End);
+    fuzz::Input input(bytes, size);
+    const unsigned head = input.U8();
+    Records& records = head % 2U == 0 ? behind : before;
+    MixRequest request;
+    MakeRequest(input, head / 2U % 2U == 0, request);
+    Calculate(request, records);
+    for (std::uint16_t mix = 1; mix <= reference::kLastMix; ++mix) {
+        request.usMixNumber = mix;
+        Calculate(request, records);
+    }
     return 0;
 }
