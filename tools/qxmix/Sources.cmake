@@ -24,9 +24,8 @@ set(qxmix_shared_sources
     commands/batch/BatchAnswer.cpp
     commands/batch/BatchBlock.cpp
     commands/batch/BatchCommand.cpp
-    commands/batch/BatchLoop.cpp
+    commands/batch/BatchJob.cpp
     commands/batch/BatchRun.cpp
-    commands/batch/BatchWorker.cpp
     commands/batch/LineCutter.cpp
     commands/compare/CompareAnswers.cpp
     commands/compare/CompareCommand.cpp
@@ -227,6 +226,7 @@ set(qxmix_shared_sources
     units/Units.cpp
     workers/AdaptiveDeadline.cpp
     workers/Asker.cpp
+    workers/AtWork.cpp
     workers/Channel.cpp
     workers/Desk.cpp
     workers/FileReader.cpp

@@ -13,7 +13,7 @@ namespace {
 constexpr char kHere = 'h';
 constexpr char kElsewhere = 'a';
 
-/// The work takes as long as it takes; its calculations have their deadlines.
+/// The work is no item with a deadline; its calculations have theirs.
 constexpr Milliseconds kNoDeadline = std::chrono::hours(24);
 
 class FleetDesk final : public Desk {
@@ -66,11 +66,15 @@ bool AskFleet(const std::vector<std::string>& names,
               const DispenserWork& work,
               const FleetSink& sink) {
     const auto modules = std::make_shared<LastModuleHere>();
-    const Job job = [&work, modules](const std::string& bytes) {
+    const Job job = [&work, modules](const std::string& bytes, AtWork& at) {
         const bool isHere = bytes.front() == kHere;
-        return work(bytes.substr(1), [&](const OpenOrder& wanted) {
+        std::string report = work(bytes.substr(1), [&](const OpenOrder& wanted) {
             return isHere ? modules->For(wanted) : nullptr;
         });
+        if (modules->Count() >= kMostModules) {
+            at.WearOut();
+        }
+        return report;
     };
     FleetDesk desk(names, sink);
     return WorkOff(desk, workers.order, workers.jobs, nullptr, workers.listen, job);

@@ -11,7 +11,7 @@ namespace qxmix {
 InPlaceWorker::InPlaceWorker() : channel_(this), start_(Clock::now()) {
 }
 
-void InPlaceWorker::Employ(const Job& job) {
+void InPlaceWorker::Employ(const WorkerJob& job) {
     life_ = std::make_unique<WorkerLife>(channel_, job);
 }
 

@@ -18,7 +18,7 @@ public:
     Channel& Connection() { return channel_; }
 
     /// From now on it carries out orders.
-    void Employ(const Job& job);
+    void Employ(const WorkerJob& job);
 
     /// What one end sends: an order of the tool's, or an answer while an order is carried out.
     ///

@@ -24,6 +24,7 @@ list(
   LibraryPlaces.cpp
   OutputFiles.cpp
   SharedLibrary.cpp
+  SharedMemory.cpp
   StandardStreams.cpp
   WorkerLoop.cpp
   Waiting.cpp)

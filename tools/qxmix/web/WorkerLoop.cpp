@@ -5,7 +5,7 @@
 namespace qxmix {
 
 /// Its orders come later, each by a call.
-void RunWorker(Channel& channel, const Job& job) {
+void RunWorker(Channel& channel, const WorkerJob& job) {
     channel.Descriptor()->Employ(job);
 }
 

@@ -30,6 +30,7 @@ std::shared_ptr<OpenedModule> LastModuleHere::For(const OpenOrder& order) {
         order.registry != order_.registry) {
         module_.reset();  // there is one watch at a time
         module_ = std::make_shared<ModuleHere>(order);
+        ++count_;
         order_ = {order.library, order.registry};
     } else {
         LoadRegistry(order.registry);

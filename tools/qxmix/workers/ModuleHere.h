@@ -4,9 +4,14 @@
 #include "OpenedModule.h"
 #include "module/ModuleLibrary.h"
 
+#include <cstddef>
 #include <memory>
 
 namespace qxmix {
+
+/// Modules that a process opens, one after the other or side by side, before it wants to be
+/// replaced: the module does not give all of their objects back.
+constexpr std::size_t kMostModules = 256;
 
 /// A module opened in this process, in its stand-in's registry.
 ///
@@ -32,8 +37,12 @@ class LastModuleHere {
 public:
     std::shared_ptr<OpenedModule> For(const OpenOrder& order);
 
+    /// Modules opened so far.
+    std::size_t Count() const { return count_; }
+
 private:
     OpenOrder order_;
+    std::size_t count_ = 0;
     std::shared_ptr<ModuleHere> module_;
 };
 

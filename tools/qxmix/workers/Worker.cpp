@@ -28,7 +28,7 @@ Reply ReplyWith(Calculation calculation) {
     return reply;
 }
 
-Worker::Worker(const OpenOrder& order, const TraceSink& trace, const Job& job)
+Worker::Worker(const OpenOrder& order, const TraceSink& trace, const WorkerJob& job)
     : child_([job](Channel& channel) { RunWorker(channel, job); }) {
     Message answer;
     const Ending ending = Exchange(ToMessage(order), kOpenDeadline, trace, answer);
@@ -89,8 +89,9 @@ std::optional<Reply> Worker::Finish(const TraceSink& trace) {
     if (state == Channel::State::Waiting || KindOf(answer) == MessageKind::TraceLine) {
         return std::nullopt;
     }
-    if (KindOf(answer) == MessageKind::Reported) {
-        return Reply{{Ending::Kind::Answered, ""}, {}, std::move(answer.bytes)};
+    if (KindOf(answer) == MessageKind::Part || KindOf(answer) == MessageKind::Reported) {
+        const bool isLast = KindOf(answer) == MessageKind::Reported;
+        return Reply{{Ending::Kind::Answered, ""}, {}, std::move(answer.bytes), isLast};
     }
     return ReplyWith(ReadCalculation(answer));
 }

@@ -34,13 +34,19 @@ struct Reply {
     Ending ending;
     Calculation calculation{};  ///< all zero without an answer
     std::string report{};       ///< what came of a job
+    bool isLast = true;         ///< false: a part of what came of it, others follow
+    std::uint64_t item = 0;     ///< not answered: the one that the worker was at; 0: none
 };
 
 /// What a worker has sent as a reply.
 Reply ReplyWith(Calculation calculation);
 
-/// What a worker does beside calculating, in its own process: bytes in, bytes out.
-using Job = std::function<std::string(const std::string& bytes)>;
+/// Takes a part of what comes of a job.
+using PartSink = std::function<void(const std::string& bytes)>;
+
+/// What a worker does beside calculating, in its own process: bytes in, bytes out, and perhaps
+/// parts of them before.
+using WorkerJob = std::function<std::string(const std::string& bytes, const PartSink& send)>;
 
 /// Takes the module's trace lines one by one.
 using TraceSink = std::function<void(const std::string& line)>;
@@ -57,7 +63,7 @@ public:
     /// @param trace  hears the lines of the library's objects while they are created.
     /// @param job    what StartJob has done; empty: nothing.
     /// @throw WorkError when the library cannot be used.
-    Worker(const OpenOrder& order, const TraceSink& trace, const Job& job = nullptr);
+    Worker(const OpenOrder& order, const TraceSink& trace, const WorkerJob& job = nullptr);
 
     const Opening& Opened() const { return opening_; }
 
@@ -71,7 +77,7 @@ public:
     /// Sends a calculation on its way; Finish brings its reply. One at a time.
     void Start(const MixRequest& request, bool traces);
 
-    /// Sends a job on its way; Finish brings its reply.
+    /// Sends a job on its way; Finish brings its reply, the parts of it one by one.
     void StartJob(const std::string& bytes);
 
     /// The reply of the calculation on its way, if it is there; does not wait.

@@ -63,7 +63,10 @@ Message WorkerLife::AnswerTo(const Message& order) {
         return ToMessage(MessageKind::Registry, SaveRegistry());
     case MessageKind::Job:
         if (job_ != nullptr) {
-            return ToMessage(MessageKind::Reported, job_(order.bytes));
+            return ToMessage(MessageKind::Reported,
+                             job_(order.bytes, [this](const std::string& part) {
+                                 channel_.Send(ToMessage(MessageKind::Part, part));
+                             }));
         }
         [[fallthrough]];
     default:

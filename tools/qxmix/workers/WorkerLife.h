@@ -13,7 +13,7 @@ class WorkerLife {
 public:
     /// @param channel  takes the answers; outlives the object.
     /// @param job      carries out orders of the caller's own; empty: there are none.
-    WorkerLife(Channel& channel, Job job) : channel_(channel), job_(std::move(job)) {}
+    WorkerLife(Channel& channel, WorkerJob job) : channel_(channel), job_(std::move(job)) {}
 
     /// Carries out an order and sends the answer, trace lines before it.
     ///
@@ -25,7 +25,7 @@ private:
     Message AnswerTo(const Message& order);
 
     Channel& channel_;
-    Job job_;
+    WorkerJob job_;
     std::unique_ptr<ModuleLibrary> library_;  // null until the first order
 };
 

@@ -4,7 +4,7 @@
 
 namespace qxmix {
 
-void RunWorker(Channel& channel, const Job& job) {
+void RunWorker(Channel& channel, const WorkerJob& job) {
     WorkerLife life(channel, job);
     Message order;
     while (channel.Receive(order, std::nullopt) == Channel::State::Received &&

@@ -12,6 +12,6 @@ namespace qxmix {
 /// there is nobody else's.
 ///
 /// @param job  carries out orders of the caller's own; empty: there are none.
-void RunWorker(Channel& channel, const Job& job = nullptr);
+void RunWorker(Channel& channel, const WorkerJob& job = nullptr);
 
 }  // namespace qxmix

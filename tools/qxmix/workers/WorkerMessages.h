@@ -18,7 +18,7 @@ enum class MessageKind : std::uint8_t {
     Calculate,     ///< CalculateOrder; answered by Calculated
     ListTypes,     ///< answered by Catalogue
     SaveRegistry,  ///< answered by Registry
-    Job,           ///< bytes of the caller's own; answered by Reported
+    Job,           ///< bytes of the caller's own; answered by Reported, perhaps Parts before it
     // to the tool
     Opened,      ///< Opening
     Broken,      ///< text: why the library cannot be used
@@ -26,7 +26,8 @@ enum class MessageKind : std::uint8_t {
     Calculated,  ///< Calculation
     Catalogue,   ///< Catalogue
     Registry,    ///< text: the registry as the text of a registry file
-    Reported,    ///< bytes of the caller's own
+    Part,        ///< bytes of the caller's own; more follow
+    Reported,    ///< the last of them
 };
 
 class OpenedModule;

@@ -4,23 +4,13 @@
 
 namespace qxmix {
 
-namespace {
-
-enum class Kind : std::uint8_t { Lines, Answers };
-
-Message MessageOf(Kind kind, const ByteWriter& writer) {
-    return {static_cast<std::uint8_t>(kind), writer.Bytes()};
-}
-
-}  // namespace
-
 void LineBlock::DropFirst(std::uint64_t count) {
     lines.erase(0, SizeOf(count));
     firstLine += count;
 }
 
-void LineBlock::KeepFirst(std::uint64_t count) {
-    lines.resize(SizeOf(count));
+void LineBlock::DropFrom(std::uint64_t line) {
+    lines.resize(line > firstLine ? SizeOf(line - firstLine) : 0);
 }
 
 /// Bytes of the first lines.
@@ -32,26 +22,25 @@ std::size_t LineBlock::SizeOf(std::uint64_t count) const {
     return size;
 }
 
-Message ToMessage(const LineBlock& block) {
+std::string BytesOf(const LineBlock& block) {
     ByteWriter writer;
     writer.Put(block.firstLine).PutText(block.lines);
     writer.Put(static_cast<std::uint32_t>(block.known.size()));
     for (const LineBlock::Known& known : block.known) {
         writer.Put(known.line).Put(known.ending.kind).PutText(known.ending.crash);
     }
-    return MessageOf(Kind::Lines, writer);
+    return writer.Bytes();
 }
 
-Message ToMessage(const BlockAnswers& answers) {
+std::string BytesOf(const BlockAnswers& answers) {
     ByteWriter writer;
-    writer.Put(answers.isLast);
     writer.PutText(answers.lines).Put(answers.lineCount).Put(answers.badLines);
-    writer.PutText(answers.lastCode).Put(answers.isWorn);
-    return MessageOf(Kind::Answers, writer);
+    writer.PutText(answers.lastCode);
+    return writer.Bytes();
 }
 
-LineBlock ReadLineBlock(const Message& message) {
-    ByteReader reader(message.bytes);
+LineBlock ReadLineBlock(const std::string& bytes) {
+    ByteReader reader(bytes);
     LineBlock block;
     block.firstLine = reader.Take<std::uint64_t>();
     block.lines = reader.TakeText();
@@ -65,15 +54,13 @@ LineBlock ReadLineBlock(const Message& message) {
     return block;
 }
 
-BlockAnswers ReadBlockAnswers(const Message& message) {
-    ByteReader reader(message.bytes);
+BlockAnswers ReadBlockAnswers(const std::string& bytes) {
+    ByteReader reader(bytes);
     BlockAnswers answers;
-    answers.isLast = reader.Take<bool>();
     answers.lines = reader.TakeText();
     answers.lineCount = reader.Take<std::uint64_t>();
     answers.badLines = reader.Take<std::uint64_t>();
     answers.lastCode = reader.TakeText();
-    answers.isWorn = reader.Take<bool>();
     return answers;
 }
 

@@ -1,9 +1,7 @@
 #pragma once
 
-#include "workers/Channel.h"
 #include "workers/Worker.h"
 
-#include <atomic>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -25,8 +23,8 @@ struct LineBlock {
     /// Takes the first lines away, as many as are told.
     void DropFirst(std::uint64_t count);
 
-    /// Takes all but the first lines away.
-    void KeepFirst(std::uint64_t count);
+    /// Takes this line away, and all behind it.
+    void DropFrom(std::uint64_t line);
 
 private:
     std::size_t SizeOf(std::uint64_t count) const;
@@ -34,23 +32,16 @@ private:
 
 /// The answers to a block or, in their order, to a part of it.
 struct BlockAnswers {
-    bool isLast = true;  ///< false: others follow
-    std::string lines;   ///< one answer for each line, each with its line end
+    std::string lines;  ///< one answer for each line, each with its line end
     std::uint64_t lineCount = 0;
     std::uint64_t badLines = 0;
     std::string lastCode;  ///< error code written last; empty: none
-    bool isWorn = false;   ///< the worker wants to be replaced by a new one
 };
 
-Message ToMessage(const LineBlock& block);
-Message ToMessage(const BlockAnswers& answers);
-LineBlock ReadLineBlock(const Message& message);
-BlockAnswers ReadBlockAnswers(const Message& message);
-
-/// What a worker tells about the calculation that it is at, in memory that it shares with the tool.
-struct BatchMark {
-    std::atomic<std::uint64_t> line{0};         ///< 0: it is at none
-    std::atomic<std::int64_t> workedBefore{0};  ///< its processor time then, in nanoseconds
-};
+// Both as bytes, on their way to a worker and back.
+std::string BytesOf(const LineBlock& block);
+std::string BytesOf(const BlockAnswers& answers);
+LineBlock ReadLineBlock(const std::string& bytes);
+BlockAnswers ReadBlockAnswers(const std::string& bytes);
 
 }  // namespace qxmix

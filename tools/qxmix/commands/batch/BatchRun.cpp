@@ -1,12 +1,13 @@
 #include "BatchRun.h"
 
-#include "BatchWorker.h"
+#include "BatchBlock.h"
+#include "BatchJob.h"
 #include "LineCutter.h"
 #include "errors/Errors.h"
 #include "files/FileCalls.h"
 #include "files/Output.h"
 #include "workers/Interrupt.h"
-#include "workers/Waiting.h"
+#include "workers/WorkerPool.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -30,17 +31,17 @@ constexpr Milliseconds kLastWait{1000};
 class BatchRun {
 public:
     BatchRun(const BatchSetting& setting, std::size_t jobs)
-        : cutter_(setting.traces ? 1 : kMostLines), buffer_(kReadSize, '\0') {
-        for (std::size_t job = 0; job < jobs; ++job) {
-            places_.push_back({BatchWorker(setting), 0});
-        }
-    }
+        : deadline_(setting.deadline), mostAhead_(kBlocksAhead * jobs),
+          pool_(setting.order, jobs, nullptr, BatchJob(setting)),
+          cutter_(setting.traces ? 1 : kMostLines), buffer_(kReadSize, '\0') {}
 
     void Run(BatchSummary& summary, const ProgressListener& listen) {
         HandOut();
         while (!isAtEnd_ || !waiting_.empty()) {
             try {
-                Wait();
+                if (pool_.Wait(wantsInput_ ? kStandardInput : kNoChannelEnd, end_)) {
+                    Read();
+                }
                 TakeAnswers(summary);
                 listen({summary.answeredLines, 0});
             } catch (const Interruption&) {
@@ -57,62 +58,58 @@ public:
     }
 
 private:
-    struct Place {
-        BatchWorker worker;
-        std::uint64_t block;  // number of its block
-    };
-
-    /// A block that is under way or waits for an earlier one's answers.
+    /// A block that is not written whole.
     struct Waiting {
-        BlockAnswers answers;  // those that are here and not written
+        LineBlock rest;           // what is not answered yet
+        BlockAnswers answers{};   // those that are here and not written
+        bool isUnderWay = false;  // a worker has it
         bool isDone = false;
 
         void Add(const BlockAnswers& more) {
+            rest.DropFirst(more.lineCount);
             answers.lines += more.lines;
             answers.lineCount += more.lineCount;
             answers.badLines += more.badLines;
             answers.lastCode = more.lastCode.empty() ? answers.lastCode : more.lastCode;
-            isDone = more.isLast;
         }
     };
 
-    Place* IdlePlace() {
-        const auto idle = std::find_if(places_.begin(), places_.end(),
-                                       [](const Place& place) { return !place.worker.IsBusy(); });
-        const bool isAhead = waiting_.size() >= kBlocksAhead * places_.size();
-        return idle == places_.end() || isAhead ? nullptr : &*idle;
-    }
-
-    /// Gives blocks to idle workers as long as there are both.
     void HandOut() {
         wantsInput_ = false;
-        if (hasGivenUp_) {
-            return;
-        }
-        for (Place* place = IdlePlace(); place != nullptr; place = IdlePlace()) {
-            std::optional<LineBlock> block = cutter_.Next();
-            if (!block) {
-                wantsInput_ = !isAtEnd_;
-                return;
-            }
-            place->block = written_ + waiting_.size();
-            waiting_.emplace_back();
-            place->worker.Start(std::move(*block));
-        }
+        pool_.HandOut([this] { return NextTask(); });
     }
 
-    void Wait() {
-        std::vector<ChannelEnd> ends = {wantsInput_ ? kStandardInput : kNoChannelEnd};
-        Clock::time_point first = end_;
-        for (Place& place : places_) {
-            if (place.worker.IsBusy()) {
-                ends.push_back(place.worker.Descriptor());
-                first = std::min(first, place.worker.LookAgain());
+    std::optional<WorkerPool::Task> NextTask() {
+        auto next = std::find_if(waiting_.begin(), waiting_.end(), [](const Waiting& block) {
+            return !block.isUnderWay && !block.isDone;
+        });
+        if (next == waiting_.end()) {
+            if (!ReadAhead()) {
+                return std::nullopt;
             }
+            next = std::prev(waiting_.end());
         }
-        if (WaitForOneOf(ends, first).front()) {
-            Read();
+        next->isUnderWay = true;
+        WorkerPool::Task task;
+        task.number = written_ + static_cast<std::uint64_t>(next - waiting_.begin());
+        task.request = MixRequest{};
+        task.deadline = deadline_;
+        task.job = BytesOf(next->rest);
+        return task;
+    }
+
+    /// Has one block more wait, if it is here and not too far ahead.
+    bool ReadAhead() {
+        if (hasGivenUp_ || waiting_.size() >= mostAhead_) {
+            return false;
         }
+        std::optional<LineBlock> block = cutter_.Next();
+        if (!block) {
+            wantsInput_ = !isAtEnd_;
+            return false;
+        }
+        waiting_.push_back({std::move(*block)});
+        return true;
     }
 
     void Read() {
@@ -130,15 +127,8 @@ private:
     }
 
     void TakeAnswers(BatchSummary& summary) {
-        for (Place& place : places_) {
-            while (place.worker.IsBusy()) {
-                const std::optional<BlockAnswers> part = place.worker.Finish();
-                if (!part) {
-                    break;
-                }
-                waiting_[static_cast<std::size_t>(place.block - written_)].Add(*part);
-            }
-        }
+        pool_.TakeReplies(
+            [this](const WorkerPool::Task& task, const Reply& reply) { Take(task, reply); });
         while (!waiting_.empty()) {
             Write(std::exchange(waiting_.front().answers, {}), summary);
             if (!waiting_.front().isDone) {
@@ -147,6 +137,21 @@ private:
             waiting_.pop_front();
             ++written_;
         }
+    }
+
+    void Take(const WorkerPool::Task& task, const Reply& reply) {
+        Waiting& block = waiting_[static_cast<std::size_t>(task.number - written_)];
+        block.isUnderWay = !reply.isLast;
+        if (reply.ending.kind == Ending::Kind::Answered) {
+            block.Add(ReadBlockAnswers(reply.report));
+            block.isDone = reply.isLast;
+            return;
+        }
+        if (reply.item == 0) {
+            throw WorkError("a worker ended by itself: " + reply.ending.crash);
+        }
+        // The lines before it are asked again, with those behind it.
+        block.rest.known.push_back({reply.item, reply.ending});
     }
 
     static void Write(const BlockAnswers& answers, BatchSummary& summary) {
@@ -164,26 +169,25 @@ private:
     /// Ends with the line that takes too long after Ctrl-C. What comes before it in its block may
     /// have to be asked again, for no more than the same time.
     void GiveUp() {
-        const bool isOver = std::exchange(hasGivenUp_, true);
+        const bool isFirstTime = !std::exchange(hasGivenUp_, true);
         end_ = Clock::now() + kLastWait;
-        bool isUnderWay = false;
-        for (Place& place : places_) {
-            if (!place.worker.IsBusy()) {
-                continue;
+        bool isAskedAgain = false;
+        pool_.GiveUp([&](const WorkerPool::Task& task, const Reply& reply) {
+            if (isFirstTime && task.number == written_) {
+                Waiting& block = waiting_.front();
+                block.isUnderWay = false;
+                block.rest.DropFrom(reply.item);
+                isAskedAgain = !block.rest.lines.empty();
             }
-            if (isOver || place.block != written_) {
-                place.worker.GiveUp();
-            } else {
-                place.worker.GiveUpLine();
-                isUnderWay = place.worker.IsBusy();
-            }
-        }
-        waiting_.resize(isUnderWay ? 1 : 0);
+        });
+        waiting_.resize(isAskedAgain ? 1 : 0);
     }
 
+    Milliseconds deadline_;
+    std::size_t mostAhead_;
+    WorkerPool pool_;
     LineCutter cutter_;
     std::string buffer_;
-    std::vector<Place> places_;
     bool isAtEnd_ = false;
     bool wantsInput_ = false;
     std::uint64_t written_ = 0;    // blocks written, and so the number of the first that waits

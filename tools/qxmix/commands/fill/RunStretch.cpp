@@ -79,7 +79,8 @@ RunAnswer ReadRunAnswer(const std::string& bytes) {
 Job RunJob(const std::string& library, const Dispenser& dispenser, const RunDemands& demands) {
     // Each worker is a copy of this process, and opens a library of its own with its first job.
     const auto opened = std::make_shared<std::unique_ptr<ModuleLibrary>>();
-    return [library, dispenser, demands, opened](const std::string& bytes) {
+    return [library, dispenser, demands, opened](const std::string& bytes, AtWork& work) {
+        work.Begin(1);
         if (*opened == nullptr) {
             *opened = std::make_unique<ModuleLibrary>(library);
         }

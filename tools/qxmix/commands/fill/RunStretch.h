@@ -2,7 +2,7 @@
 
 #include "FillQuestions.h"
 #include "demand/Simulation.h"
-#include "workers/Worker.h"
+#include "workers/AtWork.h"
 
 #include <chrono>
 #include <cstdint>

@@ -1,16 +1,17 @@
-#include "BatchLoop.h"
+#include "BatchJob.h"
 
 #include "BatchAnswer.h"
+#include "BatchBlock.h"
 #include "files/InputFile.h"
 #include "json/Json.h"
 #include "json/JsonText.h"
 #include "module/RegistryImage.h"
 #include "terminal/Terminal.h"
 #include "workers/ModuleCall.h"
+#include "workers/ModuleHere.h"
 
 #include <algorithm>
 #include <cstdio>
-#include <ctime>
 #include <map>
 #include <memory>
 
@@ -22,18 +23,8 @@ namespace {
 /// slow.
 constexpr Milliseconds kOldestAnswer{20};
 
-/// Pairs of objects that a worker creates before it wants to be replaced: the module does not give
-/// all of them back.
-constexpr std::size_t kMostModules = 256;
-
 void PrintTraceLine(void*, const char* line) {
     std::fprintf(stderr, "%s\n", Printable(line).c_str());
-}
-
-std::int64_t WorkedNanoseconds() {
-    timespec used{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &used);
-    return std::int64_t{used.tv_sec} * 1000000000 + used.tv_nsec;
 }
 
 /// One pair of the module's objects for each registry that requests bring: an object reads its
@@ -51,7 +42,7 @@ public:
         return *module;
     }
 
-    bool AreWorn() const { return modules_.size() >= kMostModules; }
+    std::size_t Count() const { return modules_.size(); }
 
 private:
     static std::string KeyOf(const std::vector<StoredValue>& values) {
@@ -68,11 +59,10 @@ private:
 };
 
 /// Answers blocks line by line.
-class BatchLoop {
+class LineAnswers {
 public:
-    BatchLoop(const BatchSetting& setting, BatchMark& mark)
-        : setting_(setting), mark_(mark), reader_(setting.ask, FileDeadline(setting)),
-          modules_(setting.order) {
+    explicit LineAnswers(const BatchSetting& setting)
+        : setting_(setting), reader_(setting.ask, FileDeadline(setting)), modules_(setting.order) {
         if (setting.replacesRegistry) {
             taken_ = TakenValues(setting.order.registry);
         }
@@ -80,27 +70,26 @@ public:
 
     /// Answers a block in one part or more.
     ///
-    /// @param send  takes each part; false when nobody wants it.
-    /// @return what it returned last.
-    template <typename Send>
-    bool Answer(const LineBlock& block, const Send& send) {
+    /// @return the last.
+    BlockAnswers To(const LineBlock& block, AtWork& work) {
         BlockAnswers answers;
         std::uint64_t number = block.firstLine;
         std::size_t start = 0;
         Clock::time_point sent = Clock::now();
         while (start < block.lines.size()) {
             const std::size_t end = block.lines.find('\n', start);
-            AnswerLine(block, number++, block.lines.substr(start, end - start), answers);
+            AnswerLine(block, number++, block.lines.substr(start, end - start), work, answers);
             start = end + 1;
             if (Clock::now() - sent >= kOldestAnswer && start < block.lines.size()) {
-                answers.isLast = false;
-                send(answers);
+                work.Send(BytesOf(answers));
                 answers = BlockAnswers();
                 sent = Clock::now();
             }
         }
-        answers.isWorn = modules_.AreWorn();
-        return send(answers);
+        if (modules_.Count() >= kMostModules) {
+            work.WearOut();
+        }
+        return answers;
     }
 
 private:
@@ -111,6 +100,7 @@ private:
     void AnswerLine(const LineBlock& block,
                     std::uint64_t number,
                     const std::string& text,
+                    AtWork& work,
                     BlockAnswers& answers) {
         ++answers.lineCount;
         Json id;
@@ -120,7 +110,7 @@ private:
             const Place place("line");
             id = ReadId(json, place);
             const AskedRequest asked = reader_.Read(json, place);
-            const Reply reply = Ask(block, number, asked);
+            const Reply reply = Ask(block, number, asked, work);
             const std::string& code = reply.calculation.written;
             answers.lastCode = code.empty() ? answers.lastCode : code;
             answers.lines += BatchAnswerText(setting_, id, Shown(asked), reply);
@@ -130,21 +120,21 @@ private:
         }
     }
 
-    Reply Ask(const LineBlock& block, std::uint64_t number, const AskedRequest& asked) {
+    Reply
+    Ask(const LineBlock& block, std::uint64_t number, const AskedRequest& asked, AtWork& work) {
         const auto known = std::find_if(
             block.known.begin(), block.known.end(),
             [number](const LineBlock::Known& candidate) { return candidate.line == number; });
         if (known != block.known.end()) {
             return {known->ending, {}};
         }
-        mark_.workedBefore = WorkedNanoseconds();
-        mark_.line = number;
+        work.Begin(number);
         static const std::vector<StoredValue> none;
         const ModuleLibrary& module =
             modules_.For(setting_.replacesRegistry ? none : asked.dispenser.registry);
         Reply reply = ReplyWith(CallModule(module, asked.request,
                                            setting_.traces ? &PrintTraceLine : nullptr, nullptr));
-        mark_.line = 0;
+        work.End();
         return reply;
     }
 
@@ -167,7 +157,6 @@ private:
     }
 
     const BatchSetting& setting_;
-    BatchMark& mark_;
     RequestReader reader_;
     Modules modules_;
     std::vector<StoredValue> taken_;
@@ -175,17 +164,12 @@ private:
 
 }  // namespace
 
-void RunBatchWorker(const BatchSetting& setting, Channel& channel, BatchMark& mark) {
-    BatchLoop loop(setting, mark);
-    Message order;
-    while (channel.Receive(order, std::nullopt) == Channel::State::Received) {
-        const auto send = [&channel](const BlockAnswers& answers) {
-            return channel.Send(ToMessage(answers));
-        };
-        if (!loop.Answer(ReadLineBlock(order), send)) {
-            return;
-        }
-    }
+Job BatchJob(const BatchSetting& setting) {
+    // Each worker is a copy of this process, and has modules of its own.
+    const auto answers = std::make_shared<LineAnswers>(setting);
+    return [answers](const std::string& bytes, AtWork& work) {
+        return BytesOf(answers->To(ReadLineBlock(bytes), work));
+    };
 }
 
 }  // namespace qxmix
