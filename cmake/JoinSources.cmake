@@ -1,7 +1,7 @@
 # Most of what compiling a source of the tool costs is the two libraries of headers (json, options).
 # The sources of a folder share them, and small folders share them with others: one compilation for
-# each row below and for each folder without one, in a fraction of the time. The preset debug and the
-# build for Windows compile each source by itself.
+# each row below and for each folder without one, in a fraction of the time; so do its unit tests. The
+# preset debug and the build for Windows compile each source by itself.
 option(QXMIX_JOIN_SOURCES "Compile the sources of the tool's folders together" ON)
 
 set(qxmix_joined_folders
@@ -10,7 +10,11 @@ set(qxmix_joined_folders
     "demand fleet sheets tables"
     "files linux module registry workers"
     "commandline commands/completions commands/registry commands/types options pages terminal"
-    "commands/batch commands/map")
+    "commands/batch commands/map"
+    # unit tests
+    "unit/commands/batch unit/commands/map unit/commands/replay unit/commands/simulate"
+    "unit/commands/explain unit/commands/fill"
+    "unit/requests unit/sheets unit/sweeps unit/tables")
 
 function(qxmix_join_sources target)
   set_target_properties(${target} PROPERTIES UNITY_BUILD ${QXMIX_JOIN_SOURCES}

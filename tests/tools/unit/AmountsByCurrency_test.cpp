@@ -21,7 +21,7 @@ Dispenser WithAmounts(const std::string& amounts) {
                          Place("f"));
 }
 
-std::string ErrorOf(const std::string& amounts) {
+std::string ErrorOfAmountsOf(const std::string& amounts) {
     return ErrorText([&amounts] { WithAmounts(amounts); });
 }
 
@@ -45,15 +45,16 @@ TEST(AmountsByCurrency, OfOneListAreThoseOfTheDispensersOwn) {
 }
 
 TEST(AmountsByCurrency, AreRefusedBesideOthers) {
-    EXPECT_EQ(ErrorOf(R"({"EUR":{},"min":10})"),
+    EXPECT_EQ(ErrorOfAmountsOf(R"({"EUR":{},"min":10})"),
               "f: /amounts/min: not allowed beside EUR; expected within it");
-    EXPECT_EQ(ErrorOf(R"({"EUR":{"min":9},"USD":{"min":0}})"),
+    EXPECT_EQ(ErrorOfAmountsOf(R"({"EUR":{"min":9},"USD":{"min":0}})"),
               "f: /amounts/USD/min: 0 is not allowed; expected 1 to 4294967295");
-    EXPECT_EQ(ErrorOf(R"({"EUR":{"min":9,"max":8}})"),
+    EXPECT_EQ(ErrorOfAmountsOf(R"({"EUR":{"min":9,"max":8}})"),
               "f: /amounts/EUR/max: 8 is not allowed; expected 9 or more");
-    EXPECT_EQ(ErrorOf(R"({"EURO":{}})"),
+    EXPECT_EQ(ErrorOfAmountsOf(R"({"EURO":{}})"),
               "f: /amounts/EURO: unknown field; expected one of: min, max, step, buttons");
-    EXPECT_EQ(ErrorOf(R"(["EUR"])"), "f: /amounts: a list is not allowed; expected an object");
+    EXPECT_EQ(ErrorOfAmountsOf(R"(["EUR"])"),
+              "f: /amounts: a list is not allowed; expected an object");
 }
 
 TEST(AmountsByCurrency, AreWrittenAsTheyAreReadBack) {

@@ -13,13 +13,13 @@
 namespace qxmix {
 namespace {
 
-Dispenser Read(const std::string& text) {
+Dispenser DispenserOf(const std::string& text) {
     return ReadDispenser(ParseJson(text, "f.json"), Place("f.json"));
 }
 
 /// A dispenser of one cassette with further fields of its own.
 Cassette ReadCassette(const std::string& fields) {
-    return Read(R"({"currency":"EUR","cassettes":[{"value":10,"count":100)" + fields + "}]}")
+    return DispenserOf(R"({"currency":"EUR","cassettes":[{"value":10,"count":100)" + fields + "}]}")
         .cassettes.front();
 }
 
@@ -48,8 +48,8 @@ TEST(DispenserReader, HoldsACapacityToTheCount) {
 }
 
 TEST(DispenserReader, FillsInEveryDefault) {
-    const Dispenser dispenser =
-        Read(R"({"currency":"EUR","cassettes":[{"value":50,"count":1},{"value":20,"count":2}]})");
+    const Dispenser dispenser = DispenserOf(
+        R"({"currency":"EUR","cassettes":[{"value":50,"count":1},{"value":20,"count":2}]})");
     EXPECT_EQ(dispenser.name, "");
     EXPECT_EQ(dispenser.currency, "EUR");
     EXPECT_EQ(dispenser.exponent, 0);
@@ -68,7 +68,7 @@ TEST(DispenserReader, FillsInEveryDefault) {
 }
 
 TEST(DispenserReader, ReadsEveryField) {
-    const Dispenser dispenser = Read(R"({
+    const Dispenser dispenser = DispenserOf(R"({
         "$schema": "urn:qxmix:dispenser:1", "x-note": {"any": [1.5]}, "name": "Lobby",
         "currency": "CHF", "exponent": -2, "partial": true, "mix": 9, "maxDispenseItems": 30,
         "amounts": {"min": 5, "max": 7, "step": 2, "buttons": [6, 7]},
@@ -98,7 +98,7 @@ TEST(DispenserReader, ReadsEveryField) {
 
 TEST(DispenserReader, StoresRegistryValuesAsTheModuleReadsThem) {
     const std::vector<StoredValue> values =
-        Read(R"({"currency":"EUR","cassettes":[{"value":1,"count":1}],
+        DispenserOf(R"({"currency":"EUR","cassettes":[{"value":1,"count":1}],
                  "registry":{"TraceLevel":258,"CSTMinimum4Mix6":"25"}})")
             .registry;
     ASSERT_EQ(values.size(), 2U);
@@ -110,7 +110,7 @@ TEST(DispenserReader, StoresRegistryValuesAsTheModuleReadsThem) {
 
 TEST(DispenserReader, StoresRawRegistryValuesAsTheyStand) {
     const std::vector<StoredValue> values =
-        Read(R"({"currency":"EUR","cassettes":[{"value":1,"count":1}],
+        DispenserOf(R"({"currency":"EUR","cassettes":[{"value":1,"count":1}],
                  "registry":{"CSTMinimum4Mix6":{"type":4,"hex":"fA00"}}})")
             .registry;
     ASSERT_EQ(values.size(), 1U);
@@ -133,7 +133,7 @@ TEST(DispenserReader, TakesStatusesByEitherNameOrNumber) {
 }
 
 TEST(DispenserReader, ReadsBackWhatAnAnswerShows) {
-    const Dispenser dispenser = Read(R"({"currency":"CHF","exponent":-2,"mix":4,"cassettes":[
+    const Dispenser dispenser = DispenserOf(R"({"currency":"CHF","exponent":-2,"mix":4,"cassettes":[
         {"value":50,"count":1,"type":8,"status":77},{"value":50,"count":4,"type":5,"worth":"0.5"}],
         "registry":{"CSTMinimum4Mix6":"25"}})");
     const Json shown = DispenserJson(dispenser);
@@ -146,96 +146,98 @@ TEST(DispenserReader, RefusesANumberThatNoMixHas) {
     for (const int mix : {0, kLastMix + 1}) {
         const std::string text = R"({"currency":"EUR","cassettes":[{"value":1,"count":1}],"mix":)" +
                                  std::to_string(mix) + "}";
-        EXPECT_EQ(ErrorText([&text] { Read(text); }), "f.json: /mix: " + std::to_string(mix) +
-                                                          " is not allowed; expected 1 to " +
-                                                          std::to_string(kLastMix));
+        EXPECT_EQ(ErrorText([&text] { DispenserOf(text); }),
+                  "f.json: /mix: " + std::to_string(mix) + " is not allowed; expected 1 to " +
+                      std::to_string(kLastMix));
     }
 }
 
-struct Refusal {
+struct WrongDispenser {
     const char* fields;  // of the dispenser, beside currency and cassettes
     const char* error;
 };
 
-std::string NameOf(const testing::TestParamInfo<Refusal>& one) {
+std::string NameOfWrong(const testing::TestParamInfo<WrongDispenser>& one) {
     return NumberedName(one.index, one.param.fields);
 }
 
-class DispenserFields : public testing::TestWithParam<Refusal> {};
+class DispenserFields : public testing::TestWithParam<WrongDispenser> {};
 
 TEST_P(DispenserFields, AreRefusedWithTheirPlaceAndWhatIsExpected) {
     const std::string text =
         std::string(R"({"currency":"EUR","cassettes":[{"value":1,"count":1}],)") +
         GetParam().fields + "}";
-    EXPECT_EQ(ErrorText([&text] { Read(text); }), std::string("f.json: ") + GetParam().error);
+    EXPECT_EQ(ErrorText([&text] { DispenserOf(text); }),
+              std::string("f.json: ") + GetParam().error);
 }
 
 // clang-format off
 INSTANTIATE_TEST_SUITE_P(Wrong, DispenserFields, testing::Values(
-    Refusal{R"("curency":"EUR")", R"(/curency: unknown field; did you mean "currency"?)"},
-    Refusal{R"("Mix":1)", R"(/Mix: unknown field; did you mean "mix"?)"},
-    Refusal{R"("colour":1)", "/colour: unknown field; expected one of: currency, exponent, partial, "
+    WrongDispenser{R"("curency":"EUR")", R"(/curency: unknown field; did you mean "currency"?)"},
+    WrongDispenser{R"("Mix":1)", R"(/Mix: unknown field; did you mean "mix"?)"},
+    WrongDispenser{R"("colour":1)", "/colour: unknown field; expected one of: currency, exponent, partial, "
             "mix, maxDispenseItems, amounts, cassettes, registry, costs, lint, name, $schema"},
-    Refusal{R"("a/b~":1)", "/a~1b~0: unknown field; expected one of: currency, exponent, partial, "
+    WrongDispenser{R"("a/b~":1)", "/a~1b~0: unknown field; expected one of: currency, exponent, partial, "
             "mix, maxDispenseItems, amounts, cassettes, registry, costs, lint, name, $schema"},
-    Refusal{R"("exponent":-32769)", "/exponent: -32769 is not allowed; expected -32768 to 32767"},
-    Refusal{R"("exponent":0.5)", "/exponent: 0.5 is not allowed; expected a whole number, -32768 to 32767"},
-    Refusal{R"("exponent":"2")", "/exponent: \"2\" is not allowed; expected a whole number, -32768 to 32767"},
-    Refusal{R"("partial":1)", "/partial: 1 is not allowed; expected true or false"},
-    Refusal{R"("maxDispenseItems":65536)", "/maxDispenseItems: 65536 is not allowed; expected 0 to 65535"},
-    Refusal{R"("name":7)", "/name: 7 is not allowed; expected text of at most 120 characters"},
-    Refusal{R"("$schema":7)", "/$schema: 7 is not allowed; expected text"},
-    Refusal{R"("amounts":7)", "/amounts: 7 is not allowed; expected an object"},
-    Refusal{R"("amounts":{"mim":7})", R"(/amounts/mim: unknown field; did you mean "min"?)"},
-    Refusal{R"("amounts":{"min":7,"max":5})", "/amounts/max: 5 is not allowed; expected 7 or more"},
-    Refusal{R"("amounts":{"step":0})", "/amounts/step: 0 is not allowed; expected 1 to 4294967295"},
-    Refusal{R"("amounts":{"buttons":7})", "/amounts/buttons: 7 is not allowed; expected a list of amounts"},
-    Refusal{R"("amounts":{"buttons":[1,0]})", "/amounts/buttons/1: 0 is not allowed; expected 1 to 4294967295"},
-    Refusal{R"("amounts":{"buttons":[1,2,1]})", "/amounts/buttons/2: 1 given twice; expected once"},
-    Refusal{R"("registry":[])", "/registry: a list is not allowed; expected an object"},
-    Refusal{R"("registry":{"x-a":1})", "/registry/x-a: unknown field; expected one of: TraceLevel, CSTMinimum4Mix6"},
-    Refusal{R"("registry":{"TraceLevel":"3"})", "/registry/TraceLevel: \"3\" is not allowed; expected a whole number, 0 to 4294967295"},
-    Refusal{R"("registry":{"CSTMinimum4Mix6":250})", "/registry/CSTMinimum4Mix6: 250 is not allowed; expected text, \"250\""},
-    Refusal{R"("registry":{"TraceLevel":{"type":4}})", "/registry/TraceLevel/hex: missing; expected hexadecimal digits in pairs"},
-    Refusal{R"("registry":{"TraceLevel":{"hex":""}})", "/registry/TraceLevel/type: missing; expected 0 to 4294967295"},
-    Refusal{R"("registry":{"TraceLevel":{"type":4,"hex":"0"}})", "/registry/TraceLevel/hex: \"0\" is not allowed; expected hexadecimal digits in pairs"}), NameOf);
+    WrongDispenser{R"("exponent":-32769)", "/exponent: -32769 is not allowed; expected -32768 to 32767"},
+    WrongDispenser{R"("exponent":0.5)", "/exponent: 0.5 is not allowed; expected a whole number, -32768 to 32767"},
+    WrongDispenser{R"("exponent":"2")", "/exponent: \"2\" is not allowed; expected a whole number, -32768 to 32767"},
+    WrongDispenser{R"("partial":1)", "/partial: 1 is not allowed; expected true or false"},
+    WrongDispenser{R"("maxDispenseItems":65536)", "/maxDispenseItems: 65536 is not allowed; expected 0 to 65535"},
+    WrongDispenser{R"("name":7)", "/name: 7 is not allowed; expected text of at most 120 characters"},
+    WrongDispenser{R"("$schema":7)", "/$schema: 7 is not allowed; expected text"},
+    WrongDispenser{R"("amounts":7)", "/amounts: 7 is not allowed; expected an object"},
+    WrongDispenser{R"("amounts":{"mim":7})", R"(/amounts/mim: unknown field; did you mean "min"?)"},
+    WrongDispenser{R"("amounts":{"min":7,"max":5})", "/amounts/max: 5 is not allowed; expected 7 or more"},
+    WrongDispenser{R"("amounts":{"step":0})", "/amounts/step: 0 is not allowed; expected 1 to 4294967295"},
+    WrongDispenser{R"("amounts":{"buttons":7})", "/amounts/buttons: 7 is not allowed; expected a list of amounts"},
+    WrongDispenser{R"("amounts":{"buttons":[1,0]})", "/amounts/buttons/1: 0 is not allowed; expected 1 to 4294967295"},
+    WrongDispenser{R"("amounts":{"buttons":[1,2,1]})", "/amounts/buttons/2: 1 given twice; expected once"},
+    WrongDispenser{R"("registry":[])", "/registry: a list is not allowed; expected an object"},
+    WrongDispenser{R"("registry":{"x-a":1})", "/registry/x-a: unknown field; expected one of: TraceLevel, CSTMinimum4Mix6"},
+    WrongDispenser{R"("registry":{"TraceLevel":"3"})", "/registry/TraceLevel: \"3\" is not allowed; expected a whole number, 0 to 4294967295"},
+    WrongDispenser{R"("registry":{"CSTMinimum4Mix6":250})", "/registry/CSTMinimum4Mix6: 250 is not allowed; expected text, \"250\""},
+    WrongDispenser{R"("registry":{"TraceLevel":{"type":4}})", "/registry/TraceLevel/hex: missing; expected hexadecimal digits in pairs"},
+    WrongDispenser{R"("registry":{"TraceLevel":{"hex":""}})", "/registry/TraceLevel/type: missing; expected 0 to 4294967295"},
+    WrongDispenser{R"("registry":{"TraceLevel":{"type":4,"hex":"0"}})", "/registry/TraceLevel/hex: \"0\" is not allowed; expected hexadecimal digits in pairs"}), NameOfWrong);
 
-class CassetteFields : public testing::TestWithParam<Refusal> {};
+class CassetteFields : public testing::TestWithParam<WrongDispenser> {};
 
 TEST_P(CassetteFields, AreRefusedWithTheirPlaceAndWhatIsExpected) {
     const std::string text = std::string(R"({"currency":"EUR","cassettes":[{"value":1,"count":1},{)") +
                              GetParam().fields + "}]}";
-    EXPECT_EQ(ErrorText([&text] { Read(text); }), std::string("f.json: /cassettes/1") + GetParam().error);
+    EXPECT_EQ(ErrorText([&text] { DispenserOf(text); }), std::string("f.json: /cassettes/1") + GetParam().error);
 }
 
 INSTANTIATE_TEST_SUITE_P(Wrong, CassetteFields, testing::Values(
-    Refusal{R"("value":1)", "/count: missing; expected 0 to 4294967295"},
-    Refusal{R"("count":1)", "/value: missing; expected 0 to 4294967295"},
-    Refusal{R"("value":1,"count":-1)", "/count: -1 is not allowed; expected 0 to 4294967295"},
-    Refusal{R"("value":4294967296,"count":1)", "/value: 4294967296 is not allowed; expected 0 to 4294967295"},
-    Refusal{R"("value":18446744073709551615,"count":1)", "/value: 18446744073709551615 is not allowed; expected 0 to 4294967295"},
-    Refusal{R"("value":true,"count":1)", "/value: true is not allowed; expected a whole number, 0 to 4294967295"},
-    Refusal{R"("value":1,"count":1,"type":"bilCassette")", R"(/type: unknown type "bilCassette"; did you mean "billCassette"?)"},
-    Refusal{R"("value":1,"count":1,"type":"WFS_CDM_TYPEBILLCASETTE")", R"(/type: unknown type "WFS_CDM_TYPEBILLCASETTE"; did you mean "WFS_CDM_TYPEBILLCASSETTE"?)"},
-    Refusal{R"("value":1,"count":1,"type":65536)", "/type: 65536 is not allowed; expected 0 to 65535"},
-    Refusal{R"("value":1,"count":1,"status":"zzzz")", R"(/status: unknown status "zzzz"; expected one of: ok, full, high, low, empty, inoperative, missing, noValue, noReference, manipulated)"},
-    Refusal{R"("value":1,"count":1,"status":null)", "/status: null is not allowed; expected a whole number, 0 to 65535"},
-    Refusal{R"("value":1,"count":1,"currency":"eur")", "/currency: \"eur\" is not allowed; expected three capital letters such as EUR"},
-    Refusal{R"("value":1,"count":1,"worth":0.5)", "/worth: 0.5 is not allowed; expected decimal text such as \"0.50\""},
-    Refusal{R"("value":1,"count":1,"worth":"0.12345")", "/worth: \"0.12345\" is not allowed; expected decimal text such as \"0.50\""},
-    Refusal{R"("value":1,"count":1,"worth":"12345678901")", "/worth: \"12345678901\" is not allowed; expected decimal text such as \"0.50\""},
-    Refusal{R"("value":1,"count":1,"position":-1)", "/position: -1 is not allowed; expected 0 to 65535"}), NameOf);
+    WrongDispenser{R"("value":1)", "/count: missing; expected 0 to 4294967295"},
+    WrongDispenser{R"("count":1)", "/value: missing; expected 0 to 4294967295"},
+    WrongDispenser{R"("value":1,"count":-1)", "/count: -1 is not allowed; expected 0 to 4294967295"},
+    WrongDispenser{R"("value":4294967296,"count":1)", "/value: 4294967296 is not allowed; expected 0 to 4294967295"},
+    WrongDispenser{R"("value":18446744073709551615,"count":1)", "/value: 18446744073709551615 is not allowed; expected 0 to 4294967295"},
+    WrongDispenser{R"("value":true,"count":1)", "/value: true is not allowed; expected a whole number, 0 to 4294967295"},
+    WrongDispenser{R"("value":1,"count":1,"type":"bilCassette")", R"(/type: unknown type "bilCassette"; did you mean "billCassette"?)"},
+    WrongDispenser{R"("value":1,"count":1,"type":"WFS_CDM_TYPEBILLCASETTE")", R"(/type: unknown type "WFS_CDM_TYPEBILLCASETTE"; did you mean "WFS_CDM_TYPEBILLCASSETTE"?)"},
+    WrongDispenser{R"("value":1,"count":1,"type":65536)", "/type: 65536 is not allowed; expected 0 to 65535"},
+    WrongDispenser{R"("value":1,"count":1,"status":"zzzz")", R"(/status: unknown status "zzzz"; expected one of: ok, full, high, low, empty, inoperative, missing, noValue, noReference, manipulated)"},
+    WrongDispenser{R"("value":1,"count":1,"status":null)", "/status: null is not allowed; expected a whole number, 0 to 65535"},
+    WrongDispenser{R"("value":1,"count":1,"currency":"eur")", "/currency: \"eur\" is not allowed; expected three capital letters such as EUR"},
+    WrongDispenser{R"("value":1,"count":1,"worth":0.5)", "/worth: 0.5 is not allowed; expected decimal text such as \"0.50\""},
+    WrongDispenser{R"("value":1,"count":1,"worth":"0.12345")", "/worth: \"0.12345\" is not allowed; expected decimal text such as \"0.50\""},
+    WrongDispenser{R"("value":1,"count":1,"worth":"12345678901")", "/worth: \"12345678901\" is not allowed; expected decimal text such as \"0.50\""},
+    WrongDispenser{R"("value":1,"count":1,"position":-1)", "/position: -1 is not allowed; expected 0 to 65535"}), NameOfWrong);
 // clang-format on
 
 TEST(DispenserReader, RefusesWhatIsNoDispenser) {
-    EXPECT_EQ(ErrorText([] { Read("[]"); }), "f.json: a list is not allowed; expected an object");
-    EXPECT_EQ(ErrorText([] { Read("{}"); }),
+    EXPECT_EQ(ErrorText([] { DispenserOf("[]"); }),
+              "f.json: a list is not allowed; expected an object");
+    EXPECT_EQ(ErrorText([] { DispenserOf("{}"); }),
               "f.json: /currency: missing; expected three capital letters such as EUR");
-    EXPECT_EQ(ErrorText([] { Read(R"({"currency":"EUR"})"); }),
+    EXPECT_EQ(ErrorText([] { DispenserOf(R"({"currency":"EUR"})"); }),
               "f.json: /cassettes: missing; expected a list of 1 to 6 cassettes");
-    EXPECT_EQ(ErrorText([] { Read(R"({"currency":"EUR","cassettes":[]})"); }),
+    EXPECT_EQ(ErrorText([] { DispenserOf(R"({"currency":"EUR","cassettes":[]})"); }),
               "f.json: /cassettes: 0 cassettes; expected 1 to 6");
-    EXPECT_EQ(ErrorText([] { Read(R"({"currency":"EUR","cassettes":[1,1,1,1,1,1,1]})"); }),
+    EXPECT_EQ(ErrorText([] { DispenserOf(R"({"currency":"EUR","cassettes":[1,1,1,1,1,1,1]})"); }),
               "f.json: /cassettes: 7 cassettes; expected 1 to 6");
 }
 
@@ -248,8 +250,8 @@ TEST(DispenserReader, CountsCharactersNotBytes) {
         return R"({"currency":"EUR","cassettes":[{"value":1,"count":1,"label":")" + label +
                R"("}]})";
     };
-    EXPECT_EQ(ErrorText([&] { Read(dispenserWith(40)); }), "accepted");
-    EXPECT_EQ(ErrorText([&] { Read(dispenserWith(41)); }),
+    EXPECT_EQ(ErrorText([&] { DispenserOf(dispenserWith(40)); }), "accepted");
+    EXPECT_EQ(ErrorText([&] { DispenserOf(dispenserWith(41)); }),
               "f.json: /cassettes/0/label: 41 characters; expected text of at most 40 characters");
 }
 

@@ -11,7 +11,7 @@ namespace qxmix {
 namespace {
 
 /// As a file system that does not answer, a reader that dies, a refusal.
-std::string Read(const std::string& name) {
+std::string ReadAsAsked(const std::string& name) {
     if (name == "hangs") {
         pause();
     } else if (name == "dies") {
@@ -23,20 +23,20 @@ std::string Read(const std::string& name) {
 }
 
 TEST(FileReader, BringsWhatWasRead) {
-    FileReader reader(&Read, Milliseconds(2000));
-    EXPECT_EQ(reader.Read("a"), Read("a"));
-    EXPECT_EQ(reader.Read("b"), Read("b"));
+    FileReader reader(&ReadAsAsked, Milliseconds(2000));
+    EXPECT_EQ(reader.Read("a"), ReadAsAsked("a"));
+    EXPECT_EQ(reader.Read("b"), ReadAsAsked("b"));
 }
 
 TEST(FileReader, ReadsOnBehindARefusalAHangAndADeath) {
-    FileReader hasty(&Read, Milliseconds(10));
+    FileReader hasty(&ReadAsAsked, Milliseconds(10));
     EXPECT_EQ(ErrorText([&hasty] { hasty.Read("hangs"); }),
               "hangs: cannot be read: nothing came within 2 s");
-    FileReader patient(&Read, Milliseconds(2000));
+    FileReader patient(&ReadAsAsked, Milliseconds(2000));
     EXPECT_EQ(ErrorText([&patient] { patient.Read("wrong"); }), "wrong: refused");
     EXPECT_EQ(ErrorText([&patient] { patient.Read("dies"); }),
               "dies: cannot be read: its reader ended");
-    EXPECT_EQ(patient.Read("a"), Read("a"));
+    EXPECT_EQ(patient.Read("a"), ReadAsAsked("a"));
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 namespace qxmix {
 namespace {
 
-Money Read(const std::string& text) {
+Money MoneyOf(const std::string& text) {
     return Money::Parse(text).value();
 }
 
@@ -19,41 +19,41 @@ TEST(Money, CountsAmountsInUnitsOfAPowerOfTen) {
 }
 
 TEST(Money, ReadsOnlyDigitsWithAPointBetweenThem) {
-    EXPECT_EQ(Read("0.50").Text(), "0.5");
-    EXPECT_EQ(Read("007").Text(), "7");
-    EXPECT_EQ(Read("12345678901234567890.125").Text(), "12345678901234567890.125");
+    EXPECT_EQ(MoneyOf("0.50").Text(), "0.5");
+    EXPECT_EQ(MoneyOf("007").Text(), "7");
+    EXPECT_EQ(MoneyOf("12345678901234567890.125").Text(), "12345678901234567890.125");
     for (const char* text : {"", ".", ".5", "5.", "-1", "+1", "1e2", "1.2.3", " 1", "1,5"}) {
         EXPECT_FALSE(Money::Parse(text)) << text;
     }
 }
 
 TEST(Money, ShowsAsManyDecimalsAsAskedAndNeverFewerThanItNeeds) {
-    EXPECT_EQ(Read("70.5").Text(2), "70.50");
-    EXPECT_EQ(Read("70").Text(2), "70.00");
-    EXPECT_EQ(Read("70.125").Text(2), "70.125");
+    EXPECT_EQ(MoneyOf("70.5").Text(2), "70.50");
+    EXPECT_EQ(MoneyOf("70").Text(2), "70.00");
+    EXPECT_EQ(MoneyOf("70.125").Text(2), "70.125");
     EXPECT_EQ(Money().Text(), "0");
     EXPECT_EQ(Money().Text(2), "0.00");
 }
 
 TEST(Money, ShowsWholeNumbersToPeopleWithoutDecimals) {
-    EXPECT_EQ(Read("50.00").ShortText(), "50");
-    EXPECT_EQ(Read("0.5").ShortText(), "0.50");
-    EXPECT_EQ(Read("0.125").ShortText(), "0.125");
+    EXPECT_EQ(MoneyOf("50.00").ShortText(), "50");
+    EXPECT_EQ(MoneyOf("0.5").ShortText(), "0.50");
+    EXPECT_EQ(MoneyOf("0.125").ShortText(), "0.125");
 }
 
 TEST(Money, AddsUnlikeDecimalsExactly) {
-    Money sum = Read("0.1");
-    sum += Read("0.25");
-    sum += Read("999.65");
+    Money sum = MoneyOf("0.1");
+    sum += MoneyOf("0.25");
+    sum += MoneyOf("999.65");
     EXPECT_EQ(sum.Text(), "1000");
-    sum += Read("0.0001");
+    sum += MoneyOf("0.0001");
     EXPECT_EQ(sum.Text(), "1000.0001");
 }
 
 TEST(Money, MultipliesBeyondSixtyFourBits) {
-    EXPECT_EQ(Read("9999999999.9999").Times(4294967295U).Text(), "42949672949999570503.2705");
-    EXPECT_TRUE(Read("12.5").Times(0).IsZero());
-    EXPECT_EQ(Read("0.5").Times(2).Text(), "1");
+    EXPECT_EQ(MoneyOf("9999999999.9999").Times(4294967295U).Text(), "42949672949999570503.2705");
+    EXPECT_TRUE(MoneyOf("12.5").Times(0).IsZero());
+    EXPECT_EQ(MoneyOf("0.5").Times(2).Text(), "1");
 }
 
 TEST(Money, ShortensForPeopleWhatNobodyCanRead) {
@@ -63,18 +63,18 @@ TEST(Money, ShortensForPeopleWhatNobodyCanRead) {
     EXPECT_EQ(ReadableText(Money::Of(7050, -2), 2), "70.50");
     EXPECT_EQ(ReadableText(Money::Of(1, 38)), "1" + std::string(38, '0')) << "that can be read";
     const std::string longest = std::string(60, '7');
-    EXPECT_EQ(ReadableText(Read(longest)), std::string(40, '7') + "...e20");
-    EXPECT_EQ(Read(longest).Text(), longest);
+    EXPECT_EQ(ReadableText(MoneyOf(longest)), std::string(40, '7') + "...e20");
+    EXPECT_EQ(MoneyOf(longest).Text(), longest);
 }
 
 TEST(Money, ComparesByValueWhateverTheDecimals) {
-    EXPECT_TRUE(Read("70.50") == Read("70.5"));
-    EXPECT_TRUE(Read("9") < Read("10"));
-    EXPECT_TRUE(Read("0.1") > Read("0.09"));
-    EXPECT_TRUE(Read("1.01") > Read("1"));
-    EXPECT_TRUE(Money() == Read("0.000"));
+    EXPECT_TRUE(MoneyOf("70.50") == MoneyOf("70.5"));
+    EXPECT_TRUE(MoneyOf("9") < MoneyOf("10"));
+    EXPECT_TRUE(MoneyOf("0.1") > MoneyOf("0.09"));
+    EXPECT_TRUE(MoneyOf("1.01") > MoneyOf("1"));
+    EXPECT_TRUE(Money() == MoneyOf("0.000"));
     EXPECT_TRUE(Money::Of(1, 32767) > Money::Of(4294967295U, 0));
-    EXPECT_TRUE(Money::Of(4294967295U, -32768) < Read("0.0001"));
+    EXPECT_TRUE(Money::Of(4294967295U, -32768) < MoneyOf("0.0001"));
 }
 
 }  // namespace

@@ -22,7 +22,7 @@ RecordedDays Days(const std::string& rows, std::uint32_t days) {
     return {"list.csv", Record(rows), days};
 }
 
-std::string ErrorOf(const std::string& rows, std::uint32_t days) {
+std::string ErrorOfDays(const std::string& rows, std::uint32_t days) {
     return ErrorText([&] { Days(rows, days); });
 }
 
@@ -109,7 +109,7 @@ TEST(RecordedDays, CountsADayWithoutWithdrawalsBetweenOthers) {
 
 TEST(RecordedDays, BeginsWithTheDayOfTheFirstWithdrawal) {
     // The Monday before it was not recorded.
-    EXPECT_EQ(ErrorOf("w1 Tue 09:00,20\nw1 Sun 09:00,20\n", 1),
+    EXPECT_EQ(ErrorOfDays("w1 Tue 09:00,20\nw1 Sun 09:00,20\n", 1),
               "list.csv: no Mon in it; expected each day of the week that 1 day has");
     const RecordedDays days = Days("w1 Tue 09:00,20\nw2 Mon 09:00,50\n", 1);
     for (std::uint32_t seed = 0; seed < 10; ++seed) {
@@ -119,9 +119,10 @@ TEST(RecordedDays, BeginsWithTheDayOfTheFirstWithdrawal) {
 
 TEST(RecordedDays, RefusesADayOfTheWeekThatTheRecordLacks) {
     const std::string rows = "2026-11-16 09:00,20\n2026-11-17 09:00,20\n";
-    EXPECT_EQ(ErrorOf(rows, 2), "accepted");
-    EXPECT_EQ(ErrorOf(rows, 3), "list.csv: no Wed in it; expected each day of the week that 3 days "
-                                "from a Monday on have");
+    EXPECT_EQ(ErrorOfDays(rows, 2), "accepted");
+    EXPECT_EQ(ErrorOfDays(rows, 3),
+              "list.csv: no Wed in it; expected each day of the week that 3 days "
+              "from a Monday on have");
     RecordedDays days = Days(rows, 2);
     EXPECT_EQ(ErrorText([&] { days.SetDays(9); }).substr(0, 24), "list.csv: no Wed in it; ");
     EXPECT_EQ(days.Days(), 2U);
@@ -129,10 +130,10 @@ TEST(RecordedDays, RefusesADayOfTheWeekThatTheRecordLacks) {
 
 TEST(RecordedDays, RefusesADrawThatMightBeEmpty) {
     const std::string rows = "w1 Mon 09:00,20\nw2 Tue 09:00,20\n";
-    EXPECT_EQ(ErrorOf(rows, 2),
+    EXPECT_EQ(ErrorOfDays(rows, 2),
               "list.csv: days without any withdrawal might be all that is drawn; expected a day of "
               "the week that has some each time");
-    EXPECT_EQ(ErrorOf(rows + "w2 Mon 09:00,20\n", 2), "accepted");
+    EXPECT_EQ(ErrorOfDays(rows + "w2 Mon 09:00,20\n", 2), "accepted");
 }
 
 TEST(RecordedDays, RefusesMoreThanADemandMayHave) {
@@ -141,8 +142,8 @@ TEST(RecordedDays, RefusesMoreThanADemandMayHave) {
         rows += "Mon 09:00,20\n";
     }
     rows += "Sun 09:00,20\n";
-    EXPECT_EQ(ErrorOf(rows, 3493), "accepted");
-    EXPECT_EQ(ErrorOf(rows, 3500),
+    EXPECT_EQ(ErrorOfDays(rows, 3493), "accepted");
+    EXPECT_EQ(ErrorOfDays(rows, 3500),
               "list.csv: up to 1001000 withdrawals in 3500 days are too many; expected at most "
               "1000000");
 }

@@ -11,8 +11,8 @@
 namespace qxmix {
 namespace {
 
-constexpr Milliseconds kLong{20000};
-constexpr Milliseconds kShort{150};
+constexpr Milliseconds kEnough{20000};
+constexpr Milliseconds kTooShort{150};
 
 MixRequest Asking(FakeBehaviour behaviour) {
     return BuildRequest(ReadInlineDispenser("EUR:1x100"), static_cast<std::uint32_t>(behaviour), 1);
@@ -22,14 +22,14 @@ MixRequest Paying(std::uint32_t items) {
     return BuildRequest(ReadInlineDispenser("EUR:1x100"), items, 1);
 }
 
-Reply AskFake(FakeBehaviour behaviour, Milliseconds deadline = kLong) {
+Reply AskFake(FakeBehaviour behaviour, Milliseconds deadline = kEnough) {
     Worker worker({QXMIX_FAKE_MODULE, ""}, nullptr);
     return worker.Calculate(Asking(behaviour), deadline, nullptr);
 }
 
 TEST(Worker, BringsBackRequestResultAndCode) {
     Worker worker({QXMIX_FAKE_MODULE, ""}, nullptr);
-    const Reply reply = worker.Calculate(Paying(7), kLong, nullptr);
+    const Reply reply = worker.Calculate(Paying(7), kEnough, nullptr);
     ASSERT_EQ(reply.ending.kind, Ending::Kind::Answered);
     EXPECT_EQ(reply.calculation.returned, 0);
     EXPECT_EQ(reply.calculation.result.aulNotes[0], 7U);
@@ -47,23 +47,23 @@ TEST(Worker, TellsWhatTheObjectHolds) {
 TEST(Worker, AnswersManyRequestsOneAfterTheOther) {
     Worker worker({QXMIX_FAKE_MODULE, ""}, nullptr);
     for (std::uint32_t items = 0; items < 100; ++items) {
-        const Reply reply = worker.Calculate(Paying(items), kLong, nullptr);
+        const Reply reply = worker.Calculate(Paying(items), kEnough, nullptr);
         ASSERT_EQ(reply.calculation.result.aulNotes[0], items);
     }
 }
 
 TEST(Worker, GivesUpAtTheDeadline) {
     const auto start = Clock::now();
-    const Reply reply = AskFake(FakeBehaviour::Hang, kShort);
+    const Reply reply = AskFake(FakeBehaviour::Hang, kTooShort);
     EXPECT_EQ(reply.ending.kind, Ending::Kind::NoAnswer);
-    EXPECT_GE(Clock::now() - start, kShort);
-    EXPECT_LT(Clock::now() - start, kLong);
+    EXPECT_GE(Clock::now() - start, kTooShort);
+    EXPECT_LT(Clock::now() - start, kEnough);
 }
 
 TEST(Worker, GivesUpAtTheDeadlineThoughLinesKeepComing) {
     std::size_t lines = 0;
     Worker worker({QXMIX_FAKE_MODULE, ""}, nullptr);
-    const Reply reply = worker.Calculate(Asking(FakeBehaviour::TraceForEver), kShort,
+    const Reply reply = worker.Calculate(Asking(FakeBehaviour::TraceForEver), kTooShort,
                                          [&lines](const std::string&) { ++lines; });
     EXPECT_EQ(reply.ending.kind, Ending::Kind::NoAnswer);
     EXPECT_GT(lines, 0U);
@@ -94,10 +94,10 @@ TEST(Worker, TellsTheCodeThatTheCallLeft) {
 
 TEST(Worker, TellsACodeAgainThatIsTheSameAsBefore) {
     Worker worker({QXMIX_FAKE_MODULE, ""}, nullptr);
-    EXPECT_EQ(worker.Calculate(Asking(FakeBehaviour::Refuse), kLong, nullptr).calculation.written,
+    EXPECT_EQ(worker.Calculate(Asking(FakeBehaviour::Refuse), kEnough, nullptr).calculation.written,
               "971A2");
-    EXPECT_EQ(worker.Calculate(Paying(1), kLong, nullptr).calculation.written, "");
-    EXPECT_EQ(worker.Calculate(Asking(FakeBehaviour::Refuse), kLong, nullptr).calculation.written,
+    EXPECT_EQ(worker.Calculate(Paying(1), kEnough, nullptr).calculation.written, "");
+    EXPECT_EQ(worker.Calculate(Asking(FakeBehaviour::Refuse), kEnough, nullptr).calculation.written,
               "971A2");
 }
 
@@ -111,7 +111,7 @@ TEST(Worker, KeepsTheLibraryFromTheToolsOwnStreams) {
 TEST(Worker, BringsTheCatalogueAsFarAsItGot) {
     Worker worker({QXMIX_FAKE_MODULE, ""}, nullptr);
     Catalogue catalogue;
-    EXPECT_EQ(worker.ListTypes(catalogue, kLong).kind, Ending::Kind::Answered);
+    EXPECT_EQ(worker.ListTypes(catalogue, kEnough).kind, Ending::Kind::Answered);
     EXPECT_EQ(catalogue.returned, -1);
     EXPECT_EQ(catalogue.recordCount, 3U);
     EXPECT_TRUE(catalogue.entries.empty());
@@ -134,23 +134,24 @@ TEST(Worker, SaysWhyALibraryCannotBeUsed) {
 
 TEST(Asker, GoesOnWithANewWorkerAfterACrash) {
     Asker asker(QXMIX_FAKE_MODULE, "");
-    EXPECT_EQ(asker.Ask(Asking(FakeBehaviour::Crash), kLong).ending.kind, Ending::Kind::Crashed);
-    EXPECT_EQ(asker.Ask(Paying(3), kLong).calculation.result.aulNotes[0], 3U);
+    EXPECT_EQ(asker.Ask(Asking(FakeBehaviour::Crash), kEnough).ending.kind, Ending::Kind::Crashed);
+    EXPECT_EQ(asker.Ask(Paying(3), kEnough).calculation.result.aulNotes[0], 3U);
 }
 
 TEST(Asker, GoesOnWithANewWorkerAfterAMissedDeadline) {
     Asker asker(QXMIX_FAKE_MODULE, "");
-    EXPECT_EQ(asker.Ask(Asking(FakeBehaviour::Hang), kShort).ending.kind, Ending::Kind::NoAnswer);
-    EXPECT_EQ(asker.Ask(Paying(3), kLong).calculation.result.aulNotes[0], 3U);
+    EXPECT_EQ(asker.Ask(Asking(FakeBehaviour::Hang), kTooShort).ending.kind,
+              Ending::Kind::NoAnswer);
+    EXPECT_EQ(asker.Ask(Paying(3), kEnough).calculation.result.aulNotes[0], 3U);
 }
 
 TEST(Asker, KeepsTheRegistryAcrossWorkers) {
     Asker asker(QXMIX_FAKE_MODULE, "");
-    asker.Ask(Asking(FakeBehaviour::Refuse), kLong);
+    asker.Ask(Asking(FakeBehaviour::Refuse), kEnough);
     asker.KeepRegistry();
-    asker.Ask(Asking(FakeBehaviour::Crash), kLong);
+    asker.Ask(Asking(FakeBehaviour::Crash), kEnough);
     asker.KeepRegistry();
-    asker.Ask(Paying(3), kLong);
+    asker.Ask(Paying(3), kEnough);
     asker.KeepRegistry();
     EXPECT_NE(asker.Registry().find(std::string("3\0009\0,\0003\0007\0", 10)), std::string::npos);
 }

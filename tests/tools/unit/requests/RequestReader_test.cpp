@@ -18,7 +18,7 @@ AskedRequest Read(const char* json, const AskOptions& options = {}) {
     return RequestReader(options, std::nullopt).Read(Json::parse(json), kHere);
 }
 
-std::string ErrorOf(const char* json) {
+std::string ErrorOfRequest(const char* json) {
     return ErrorText([json] { Read(json); });
 }
 
@@ -50,13 +50,13 @@ TEST(RequestReader, LetsARequestSayMoreThanItsDispenser) {
 }
 
 TEST(RequestReader, SaysWhatARequestLacks) {
-    EXPECT_EQ(ErrorOf(R"({"dispenser":"EUR:50x9"})"),
+    EXPECT_EQ(ErrorOfRequest(R"({"dispenser":"EUR:50x9"})"),
               "line 7: /amount: missing; expected 0 to 4294967295");
-    EXPECT_EQ(ErrorOf(R"({"amount":10,"currency":"EUR"})"),
+    EXPECT_EQ(ErrorOfRequest(R"({"amount":10,"currency":"EUR"})"),
               "line 7: /cassettes: missing; expected a list of 1 to 6 cassettes");
-    EXPECT_EQ(ErrorOf(R"({"amuont":10,"dispenser":"EUR:50x9"})"),
+    EXPECT_EQ(ErrorOfRequest(R"({"amuont":10,"dispenser":"EUR:50x9"})"),
               "line 7: /amuont: unknown field; did you mean \"amount\"?");
-    EXPECT_EQ(ErrorOf(R"({"amount":4294967296,"dispenser":"EUR:50x9"})"),
+    EXPECT_EQ(ErrorOfRequest(R"({"amount":4294967296,"dispenser":"EUR:50x9"})"),
               "line 7: /amount: 4294967296 is not allowed; expected 0 to 4294967295");
 }
 
@@ -64,8 +64,9 @@ TEST(RequestReader, NamesAFileOnlyWhereItMayReadOne) {
     const char* const expected = " is not allowed; expected an object or a dispenser such as "
                                  "\"EUR:50x10,20x10\"";
     for (const char* const name : {"-", "euro.json", "7"}) {
-        EXPECT_EQ(ErrorOf((R"({"amount":10,"dispenser":")" + std::string(name) + "\"}").c_str()),
-                  "line 7: /dispenser: \"" + std::string(name) + "\"" + expected);
+        EXPECT_EQ(
+            ErrorOfRequest((R"({"amount":10,"dispenser":")" + std::string(name) + "\"}").c_str()),
+            "line 7: /dispenser: \"" + std::string(name) + "\"" + expected);
     }
     const std::string file = ::testing::TempDir() + "qxmix-request.json";
     std::ofstream(file) << R"({"currency":"EUR","cassettes":[{"value":50,"count":9}]})";
@@ -84,9 +85,10 @@ TEST(RequestReader, NamesAFileOnlyWhereItMayReadOne) {
 }
 
 TEST(RequestReader, TellsWhereADispenserIsWrong) {
-    EXPECT_EQ(ErrorOf(R"({"amount":10,"dispenser":"EUR:50x"})").substr(0, 19),
+    EXPECT_EQ(ErrorOfRequest(R"({"amount":10,"dispenser":"EUR:50x"})").substr(0, 19),
               "line 7: /dispenser:");
-    EXPECT_EQ(ErrorOf(R"({"amount":10,"dispenser":7})").substr(0, 19), "line 7: /dispenser:");
+    EXPECT_EQ(ErrorOfRequest(R"({"amount":10,"dispenser":7})").substr(0, 19),
+              "line 7: /dispenser:");
 }
 
 TEST(CapturedRequest, IsReadFromItsDigits) {

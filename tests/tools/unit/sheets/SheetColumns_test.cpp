@@ -25,7 +25,8 @@ Lines FirstRow(const std::string& text, const std::vector<WantedColumn>& wanted 
     return cells;
 }
 
-std::string ErrorOf(const std::string& text, const std::vector<WantedColumn>& wanted = kWanted) {
+std::string ErrorOfColumns(const std::string& text,
+                           const std::vector<WantedColumn>& wanted = kWanted) {
     return ErrorText([&] { FirstRow(text, wanted); });
 }
 
@@ -51,45 +52,49 @@ TEST(SheetColumns, TakesTheNamesThatItIsGiven) {
     wanted[0].heading = "Zeit";
     wanted[1].heading = "Betrag, EUR";
     EXPECT_EQ(FirstRow("Zeit;time;Betrag, EUR\n1;x;2", wanted), (Lines{"1", "2", ""}));
-    EXPECT_EQ(ErrorOf("time;Betrag, EUR\n1;2", wanted),
+    EXPECT_EQ(ErrorOfColumns("time;Betrag, EUR\n1;2", wanted),
               "list.csv:1: no column Zeit in time, Betrag, EUR; expected --columns time=NAME");
     wanted[2].heading = "Geld";
-    EXPECT_EQ(ErrorOf("Zeit;Betrag, EUR\n1;2", wanted),
+    EXPECT_EQ(ErrorOfColumns("Zeit;Betrag, EUR\n1;2", wanted),
               "list.csv:1: no column Geld in Zeit, Betrag, EUR; expected --columns currency=NAME");
 }
 
 TEST(SheetColumns, TakesASlipForAColumnThatMayBeLeftOutUnlessItsNameIsShort) {
-    EXPECT_EQ(ErrorOf("time,amount,curency\n1,2,3"),
+    EXPECT_EQ(ErrorOfColumns("time,amount,curency\n1,2,3"),
               "list.csv:1: unknown column \"curency\"; did you mean \"currency\"?");
     std::vector<WantedColumn> wanted = kWanted;
     wanted[2].name = "id";
     EXPECT_EQ(FirstRow("time,amount,in\n1,2,3", wanted), (Lines{"1", "2", ""}));
     wanted[2].name = "ids";
-    EXPECT_EQ(ErrorOf("time,amount,idx\n1,2,3", wanted),
+    EXPECT_EQ(ErrorOfColumns("time,amount,idx\n1,2,3", wanted),
               "list.csv:1: unknown column \"idx\"; did you mean \"ids\"?");
 }
 
 TEST(SheetColumns, SaysWhatIsMissing) {
-    EXPECT_EQ(ErrorOf("time\n"), "list.csv:1: no column amount in time; expected it, or --columns "
-                                 "amount=NAME");
-    EXPECT_EQ(ErrorOf("\n\ntime;amont\n"), "list.csv:3: no column amount in time, amont; expected "
-                                           "it, or --columns amount=amont");
-    EXPECT_EQ(ErrorOf("a,b,c,d,e,f,g,h,i,j\n"),
+    EXPECT_EQ(ErrorOfColumns("time\n"),
+              "list.csv:1: no column amount in time; expected it, or --columns "
+              "amount=NAME");
+    EXPECT_EQ(ErrorOfColumns("\n\ntime;amont\n"),
+              "list.csv:3: no column amount in time, amont; expected "
+              "it, or --columns amount=amont");
+    EXPECT_EQ(ErrorOfColumns("a,b,c,d,e,f,g,h,i,j\n"),
               "list.csv:1: no column time in a, b, c, d, e, f, g, h and 2 more; expected it, or "
               "--columns time=NAME");
-    EXPECT_EQ(ErrorOf("time,Time,amount\n"), "list.csv:1: column time given twice; expected once");
-    EXPECT_EQ(ErrorOf("time,amount,curency\n"),
+    EXPECT_EQ(ErrorOfColumns("time,Time,amount\n"),
+              "list.csv:1: column time given twice; expected once");
+    EXPECT_EQ(ErrorOfColumns("time,amount,curency\n"),
               "list.csv:1: unknown column \"curency\"; did you mean \"currency\"?");
-    EXPECT_EQ(ErrorOf(" \n"), "list.csv: no row; expected one of column names");
-    EXPECT_EQ(ErrorOf("\"time\" x;amount\n"), "list.csv:1:8: text behind a closing quote; expected "
-                                              "two quotes for one in a text");
+    EXPECT_EQ(ErrorOfColumns(" \n"), "list.csv: no row; expected one of column names");
+    EXPECT_EQ(ErrorOfColumns("\"time\" x;amount\n"),
+              "list.csv:1:8: text behind a closing quote; expected "
+              "two quotes for one in a text");
 }
 
 TEST(SheetColumns, HoldsRowsToTheHeadings) {
     EXPECT_EQ(FirstRow("time,amount,card\n1,2\n"), (Lines{"1", "2", ""})) << "the others may lack";
     EXPECT_EQ(FirstRow("time,amount\n1,2,,\n"), (Lines{"1", "2", ""})) << "empty cells may follow";
-    EXPECT_EQ(ErrorOf("time,amount,currency\n1,2\n"), "list.csv:2: 2 columns; expected 3");
-    EXPECT_EQ(ErrorOf("time,amount\n1,2,,3\n"), "list.csv:2: 4 columns; expected 2");
+    EXPECT_EQ(ErrorOfColumns("time,amount,currency\n1,2\n"), "list.csv:2: 2 columns; expected 3");
+    EXPECT_EQ(ErrorOfColumns("time,amount\n1,2,,3\n"), "list.csv:2: 4 columns; expected 2");
 }
 
 }  // namespace

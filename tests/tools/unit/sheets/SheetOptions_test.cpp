@@ -31,7 +31,7 @@ std::string Columns(const std::string& text, bool takesNotes = false) {
     return told;
 }
 
-std::string ErrorOf(std::vector<std::string> words, bool takesNotes = false) {
+std::string ErrorOfOptions(std::vector<std::string> words, bool takesNotes = false) {
     return ErrorText([&] { Parsed(std::move(words), takesNotes); });
 }
 
@@ -44,20 +44,20 @@ TEST(SheetOptions, GiveColumnsOtherNames) {
 
 TEST(SheetOptions, TakeNotesForColumnsWhereTheyAreRead) {
     EXPECT_EQ(Columns("50=Fifties,0.50=Halves", true), "time= amount= 50=Fifties? 0.50=Halves?");
-    EXPECT_EQ(ErrorOf({"--columns", "50=Fifties"}),
+    EXPECT_EQ(ErrorOfOptions({"--columns", "50=Fifties"}),
               "--columns: unknown column \"50\"; expected one of: time, amount");
-    EXPECT_EQ(ErrorOf({"--columns", "fifty=Fifties"}, true),
+    EXPECT_EQ(ErrorOfOptions({"--columns", "fifty=Fifties"}, true),
               "--columns: unknown column \"fifty\"; expected one of: time, amount");
 }
 
 TEST(SheetOptions, NameEachColumnOnceAndWhole) {
-    EXPECT_EQ(ErrorOf({"--columns", "tiem=Zeit"}),
+    EXPECT_EQ(ErrorOfOptions({"--columns", "tiem=Zeit"}),
               "--columns: unknown column \"tiem\"; did you mean \"time\"?");
-    EXPECT_EQ(ErrorOf({"--columns", "time=a,time=b"}),
+    EXPECT_EQ(ErrorOfOptions({"--columns", "time=a,time=b"}),
               "--columns: time given twice; expected once");
-    EXPECT_EQ(ErrorOf({"--columns", "time"}),
+    EXPECT_EQ(ErrorOfOptions({"--columns", "time"}),
               "--columns: time names no column; expected time=NAME");
-    EXPECT_EQ(ErrorOf({"--columns", "time=a,amount="}),
+    EXPECT_EQ(ErrorOfOptions({"--columns", "time=a,amount="}),
               "--columns: amount= names no column; expected amount=NAME");
 }
 
@@ -65,7 +65,8 @@ TEST(SheetOptions, SayWhatComesFirstInADate) {
     EXPECT_EQ(Parsed({}).dates, std::nullopt);
     EXPECT_EQ(Parsed({"--dates", "dmy"}).dates, DateOrder::DayFirst);
     EXPECT_EQ(Parsed({"--dates", "mdy"}).dates, DateOrder::MonthFirst);
-    EXPECT_EQ(ErrorOf({"--dates", "ymd"}), "--dates: ymd is not allowed; expected dmy or mdy");
+    EXPECT_EQ(ErrorOfOptions({"--dates", "ymd"}),
+              "--dates: ymd is not allowed; expected dmy or mdy");
 }
 
 TEST(SheetOptions, AreToldAsTheyWereGiven) {

@@ -21,7 +21,7 @@ Rows RowsOf(const std::string& text, char separator = ',') {
     return rows;
 }
 
-std::string ErrorOf(const std::string& text) {
+std::string ErrorOfSheet(const std::string& text) {
     return ErrorText([&text] { RowsOf(text); });
 }
 
@@ -62,13 +62,13 @@ TEST(SheetReader, CountsLinesWithinQuotes) {
 }
 
 TEST(SheetReader, SaysWhereQuotesAreWrong) {
-    EXPECT_EQ(ErrorOf("a\nb, \"c\nd\n"),
+    EXPECT_EQ(ErrorOfSheet("a\nb, \"c\nd\n"),
               "list.csv:2:4: a quote that is never closed; expected another behind the text");
-    EXPECT_EQ(ErrorOf("\"a\" b\n"), "list.csv:1:5: text behind a closing quote; expected two "
-                                    "quotes for one in a text");
-    EXPECT_EQ(ErrorOf("\"a\nb\"c"), "list.csv:2:3: text behind a closing quote; expected two "
-                                    "quotes for one in a text");
-    EXPECT_EQ(ErrorOf(std::string(16384, ',')),
+    EXPECT_EQ(ErrorOfSheet("\"a\" b\n"), "list.csv:1:5: text behind a closing quote; expected two "
+                                         "quotes for one in a text");
+    EXPECT_EQ(ErrorOfSheet("\"a\nb\"c"), "list.csv:2:3: text behind a closing quote; expected two "
+                                         "quotes for one in a text");
+    EXPECT_EQ(ErrorOfSheet(std::string(16384, ',')),
               "list.csv:1:16385: too many columns; expected at most 16384");
 }
 

@@ -18,8 +18,8 @@ Times SecondsOf(const std::vector<std::string>& texts,
     return column.Seconds();
 }
 
-std::string ErrorOf(const std::vector<std::string>& texts,
-                    std::optional<DateOrder> order = std::nullopt) {
+std::string ErrorOfTimes(const std::vector<std::string>& texts,
+                         std::optional<DateOrder> order = std::nullopt) {
     return ErrorText([&] { SecondsOf(texts, order); });
 }
 
@@ -47,19 +47,19 @@ TEST(TimeColumn, ReadsDatesWithTheYearLast) {
 TEST(TimeColumn, ReadsBothHalvesOfTheDay) {
     EXPECT_EQ(SecondsOf({"2026-11-16 12:05 AM", "2026-11-16 12:05 PM", "2026-11-16 11:59pm"}),
               (Times{At(0, 5), At(12, 5), At(23, 59)}));
-    EXPECT_EQ(ErrorOf({"2026-11-16 13:05 PM"}).substr(0, 48),
+    EXPECT_EQ(ErrorOfTimes({"2026-11-16 13:05 PM"}).substr(0, 48),
               "list.csv:2: time: 2026-11-16 13:05 PM is not all");
-    EXPECT_NE(ErrorOf({"2026-11-16 0:05 AM"}), "accepted");
+    EXPECT_NE(ErrorOfTimes({"2026-11-16 0:05 AM"}), "accepted");
 }
 
 TEST(TimeColumn, ComparesTimesOfDifferentOffsetsByTheClockOfTheFirst) {
     EXPECT_EQ(SecondsOf({"2026-11-16T09:46:00+01:00", "2026-11-16T09:46:00Z",
                          "2026-11-16T09:46:00-0330", "2026-11-16 09:46 +02"}),
               (Times{At(9, 46), At(10, 46), At(14, 16), At(8, 46)}));
-    EXPECT_EQ(ErrorOf({"2026-11-16 09:46", "2026-11-16T09:46:00Z"}),
+    EXPECT_EQ(ErrorOfTimes({"2026-11-16 09:46", "2026-11-16T09:46:00Z"}),
               "list.csv:3: time: 2026-11-16T09:46:00Z tells how far it is from UTC; expected the "
               "same as in line 2");
-    EXPECT_EQ(ErrorOf({"2026-11-16 09:46Z", "2026-11-16 09:46"}),
+    EXPECT_EQ(ErrorOfTimes({"2026-11-16 09:46Z", "2026-11-16 09:46"}),
               "list.csv:3: time: 2026-11-16 09:46 does not tell how far it is from UTC; expected "
               "the same as in line 2");
 }
@@ -68,10 +68,10 @@ TEST(TimeColumn, ReadsDaysOfTheWeek) {
     const std::int64_t time = 9 * kSecondsInHour + 46 * kSecondsInMinute;
     EXPECT_EQ(SecondsOf({"Mon 09:46", "Sun 9:46"}), (Times{time, 6 * kSecondsInDay + time}));
     EXPECT_EQ(SecondsOf({"w1 Mon 09:46", "w2 Mon 09:46"}), (Times{time, 7 * kSecondsInDay + time}));
-    EXPECT_EQ(ErrorOf({"Mon 09:46", "2026-11-16 09:46"}),
+    EXPECT_EQ(ErrorOfTimes({"Mon 09:46", "2026-11-16 09:46"}),
               "list.csv:3: time: 2026-11-16 09:46 has a date; expected a day of the week as in "
               "line 2");
-    EXPECT_EQ(ErrorOf({"w2 Mon 09:46", "Tue 09:46"}),
+    EXPECT_EQ(ErrorOfTimes({"w2 Mon 09:46", "Tue 09:46"}),
               "list.csv:3: time: Tue 09:46 has a day of the week; expected a week and its day as "
               "in line 2");
 }
@@ -112,15 +112,15 @@ TEST(WrittenTime, TellsHowFarItIsFromUtc) {
 }
 
 TEST(TimeColumn, GuessesNoOrder) {
-    EXPECT_EQ(ErrorOf({"05.05.2026 00:00", "03.04.2026 00:00", "04.03.2026 00:00"}),
+    EXPECT_EQ(ErrorOfTimes({"05.05.2026 00:00", "03.04.2026 00:00", "04.03.2026 00:00"}),
               "list.csv:3: time: 03.04.2026 00:00 has its day first, or its month; expected "
               "--dates dmy or --dates mdy, or a row that decides it");
     EXPECT_EQ(SecondsOf({"05.05.2026 00:00"}), Times{*DayNumber({2026, 5, 5}) * kSecondsInDay})
         << "the order changes nothing";
-    EXPECT_EQ(ErrorOf({"16/11/2026 00:00", "11/16/2026 00:00"}),
+    EXPECT_EQ(ErrorOfTimes({"16/11/2026 00:00", "11/16/2026 00:00"}),
               "list.csv:3: time: 11/16/2026 00:00 has its month first; expected the day first, as "
               "in line 2 (16/11/2026 00:00)");
-    EXPECT_EQ(ErrorOf({"16/11/2026 00:00"}, DateOrder::MonthFirst),
+    EXPECT_EQ(ErrorOfTimes({"16/11/2026 00:00"}, DateOrder::MonthFirst),
               "list.csv:2: time: 16/11/2026 00:00 has its day first; expected the month first, as "
               "--dates says");
 }
@@ -159,8 +159,9 @@ TEST(TimeColumn, RefusesWhatIsNoTime) {
                              "99999-01-01 10:00",
                              "116.11.2026 10:00",
                              "2026-11-016 10:00"}) {
-        EXPECT_EQ(ErrorOf({text}), "list.csv:2: time: " + std::string(text) +
-                                       " is not allowed; expected a time such as 2026-11-16 09:46");
+        EXPECT_EQ(ErrorOfTimes({text}),
+                  "list.csv:2: time: " + std::string(text) +
+                      " is not allowed; expected a time such as 2026-11-16 09:46");
     }
 }
 

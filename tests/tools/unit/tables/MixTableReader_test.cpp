@@ -22,7 +22,7 @@ protected:
     }
     ~MixTableReader() override { fs::remove_all(folder_); }
 
-    MixTable Read(const std::string& content) const {
+    MixTable TableOf(const std::string& content) const {
         const fs::path path = folder_ / "table";
         std::ofstream(path, std::ios::binary) << content;
         return OpenMixTable(path.string());
@@ -30,7 +30,7 @@ protected:
 
     /// What it says behind the file's name.
     std::string Error(const std::string& content) const {
-        const std::string error = ErrorText([&] { Read(content); });
+        const std::string error = ErrorText([&] { TableOf(content); });
         return error == "accepted" ? error : error.substr((folder_ / "table").string().size());
     }
 
@@ -43,7 +43,7 @@ private:
 };
 
 /// "70: 1 1".
-std::vector<std::string> Rows(const MixTable& table) {
+std::vector<std::string> RowsOfTable(const MixTable& table) {
     std::vector<std::string> rows;
     for (const MixTable::Row& row : table.rows) {
         rows.push_back(std::to_string(row.amount) + ":");
@@ -62,20 +62,20 @@ TEST_F(MixTableReader, ReadsWhatIsWritten) {
     table.name = "Hall \"A\"";
     table.header = {4294967295, 1};
     table.rows = {{65535, {0, 65535}}, {4294967295, {1, 0}}, {1, {0, 1}}};
-    const MixTable json = Read(" \t\r\n" + MixTableJson(table));
+    const MixTable json = TableOf(" \t\r\n" + MixTableJson(table));
     EXPECT_EQ(json.number, 7);
     EXPECT_EQ(json.name, "Hall \"A\"");
-    const MixTable csv = Read(MixTableCsv(table));
+    const MixTable csv = TableOf(MixTableCsv(table));
     EXPECT_EQ(csv.number, 0);
     EXPECT_EQ(csv.name, "");
     for (const MixTable& read : {json, csv}) {
         EXPECT_EQ(read.header, table.header);
-        EXPECT_EQ(Rows(read), (Strings{"65535: 0 65535", "4294967295: 1 0", "1: 0 1"}));
+        EXPECT_EQ(RowsOfTable(read), (Strings{"65535: 0 65535", "4294967295: 1 0", "1: 0 1"}));
     }
 }
 
 TEST_F(MixTableReader, TakesATableWithoutNumberNameAndRows) {
-    const MixTable table = Read(R"({"mixHeader":[5],"mixRows":[],"$schema":"x"})");
+    const MixTable table = TableOf(R"({"mixHeader":[5],"mixRows":[],"$schema":"x"})");
     EXPECT_EQ(table.number, 0);
     EXPECT_EQ(table.name, "");
     EXPECT_TRUE(table.rows.empty());
@@ -144,7 +144,7 @@ TEST_F(MixTableReader, TakesAsManyRowsAsAService) {
         const std::string number = std::to_string(amount);
         text += number + "," + number + ",0\n";
     }
-    EXPECT_EQ(Read(text).rows.size(), MixTable::kMostRows);
+    EXPECT_EQ(TableOf(text).rows.size(), MixTable::kMostRows);
     EXPECT_EQ(Error(text + "65536,0,1\n"), ":65537: more rows; expected at most 65535");
 }
 

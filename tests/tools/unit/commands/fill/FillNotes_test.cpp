@@ -9,7 +9,7 @@ namespace {
 
 using Values = std::vector<std::uint32_t>;
 
-Dispenser DispenserOf(const Values& values) {
+Dispenser DispenserOfNotes(const Values& values) {
     Dispenser dispenser;
     dispenser.currency = "EUR";
     for (const std::uint32_t value : values) {
@@ -69,14 +69,14 @@ TEST(ParseNotes, TakesEachNoteOnceFromTheLargestOn) {
 }
 
 TEST(NoteChoices, AreTheMultisetsOfEqualCassettesThoseFirstThatChangeFewest) {
-    const std::vector<Values> choices = ChoicesOf(DispenserOf({20, 50}), {100, 50, 20});
+    const std::vector<Values> choices = ChoicesOf(DispenserOfNotes({20, 50}), {100, 50, 20});
     EXPECT_EQ(choices, (std::vector<Values>{
                            {20, 50}, {100, 50}, {20, 100}, {50, 50}, {20, 20}, {100, 100}}));
 }
 
 TEST(NoteChoices, OfFiveEqualCassettesAndFiveNotesAreEachMultisetOnce) {
     const std::vector<Values> choices =
-        ChoicesOf(DispenserOf({100, 50, 20, 20, 10}), {100, 50, 20, 10, 5});
+        ChoicesOf(DispenserOfNotes({100, 50, 20, 20, 10}), {100, 50, 20, 10, 5});
     EXPECT_EQ(choices.size(), 126U);
     std::set<std::multiset<std::uint32_t>> sets;
     for (const Values& choice : choices) {
@@ -87,7 +87,7 @@ TEST(NoteChoices, OfFiveEqualCassettesAndFiveNotesAreEachMultisetOnce) {
 }
 
 TEST(NoteChoices, TellApartCassettesThatDiffer) {
-    Dispenser dispenser = DispenserOf({20, 50, 10});
+    Dispenser dispenser = DispenserOfNotes({20, 50, 10});
     dispenser.cassettes[1].capacity = 2000;
     EXPECT_EQ(ChoicesOf(dispenser, {50, 20}).size(), 6U);  // 2 of the one, 3 of the other two
     dispenser.cassettes[2].bundle = 50;
@@ -95,7 +95,7 @@ TEST(NoteChoices, TellApartCassettesThatDiffer) {
 }
 
 TEST(NoteChoices, LeaveOthersAsTheyAre) {
-    Dispenser dispenser = DispenserOf({20, 50, 2, 10, 5});
+    Dispenser dispenser = DispenserOfNotes({20, 50, 2, 10, 5});
     dispenser.cassettes[1].currency = "USD";
     dispenser.cassettes[2].type = 5;    // a coin dispenser
     dispenser.cassettes[3].status = 5;  // inoperative
@@ -107,7 +107,7 @@ TEST(NoteChoices, LeaveOthersAsTheyAre) {
 }
 
 TEST(NoteChoiceCount, EndsBeyondTheMost) {
-    Dispenser dispenser = DispenserOf({20, 50, 10, 100, 5, 200});
+    Dispenser dispenser = DispenserOfNotes({20, 50, 10, 100, 5, 200});
     for (std::size_t place = 0; place < 6; ++place) {
         dispenser.cassettes[place].capacity = 1000 + static_cast<std::uint32_t>(place);
     }
@@ -115,7 +115,7 @@ TEST(NoteChoiceCount, EndsBeyondTheMost) {
     EXPECT_EQ(NoteChoiceCount(dispenser, {5, 10, 20, 50}), kMostChoices + 1);
     Values many(200000);
     std::iota(many.begin(), many.end(), 1);
-    EXPECT_EQ(NoteChoiceCount(DispenserOf({1, 2, 3, 4, 5, 6}), many), kMostChoices + 1);
+    EXPECT_EQ(NoteChoiceCount(DispenserOfNotes({1, 2, 3, 4, 5, 6}), many), kMostChoices + 1);
 }
 
 /// Whether so many notes at most make an amount, all ways tried.
@@ -151,7 +151,7 @@ TEST(CanServe, CountsWhatNoteOfTheseValuesCanPay) {
             }
             misses += unpayable > 4 ? 1 : 0;  // a fifth of six is served by two
         }
-        Dispenser dispenser = DispenserOf(values);
+        Dispenser dispenser = DispenserOfNotes(values);
         dispenser.maxDispenseItems = limit;
         const RunDemands demands = RunsOf(runs);
         const bool can = CanServe(QuestionsFor(demands, {1, 5}), demands, dispenser);
@@ -164,7 +164,7 @@ TEST(CanServe, CountsWhatNoteOfTheseValuesCanPay) {
 
 TEST(CanServe, CountsCoinsAndHundredths) {
     const RunDemands demands = RunsOf({{7050}});
-    Dispenser dispenser = DispenserOf({50, 20, 50});
+    Dispenser dispenser = DispenserOfNotes({50, 20, 50});
     dispenser.exponent = -2;
     dispenser.cassettes[2].type = 5;
     dispenser.cassettes[2].worth = *Money::Parse("0.50");
