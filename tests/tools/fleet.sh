@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # fleet.sh DOCUMENT TOOL
 # Runs the commands of GNU parallel that the document shows. In place of ssh stands a script that runs
-# what it is given in another folder of this machine. As sshd does, it sets SHELL: GNU parallel has the
+# what it is given in another folder of this machine, one for each host: what one cleans up is its own. As sshd does, it sets SHELL: GNU parallel has the
 # other side start that, and a machine that tests need not have it set.
 set -euo pipefail
 document=$1 tool=$2
@@ -11,7 +11,7 @@ if ! command -v parallel >/dev/null || ! command -v rsync >/dev/null; then
 fi
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-mkdir "$work/here" "$work/there" "$work/bin" "$work/here/requests"
+mkdir -p "$work/here/requests" "$work/there/one" "$work/there/two" "$work/bin"
 ln -s "$tool" "$work/bin/qxmix"
 cat >"$work/bin/ssh" <<END
 #!/usr/bin/env bash
@@ -19,10 +19,11 @@ while [[ \$1 == -* ]]; do
     case \$1 in -l | -p | -o) shift ;; esac
     shift
 done
-echo "\$1" >>"$work/asked"
+host=\$1
+echo "\$host" >>"$work/asked"
 shift
 [[ \$1 == -- ]] && shift
-cd "$work/there"
+cd "$work/there/\$host"
 export SHELL=/bin/bash
 exec bash -c "\$*"
 END
@@ -48,5 +49,5 @@ cmp answers.ndjson expected
 bash -c "${commands[1]}"
 cat requests/*.answers | cmp - expected
 [ "$(sort -u "$work/asked" | tr '\n' ' ')" = "one two " ] || { echo "hosts asked:"; cat "$work/asked"; exit 1; }
-[ -z "$(ls "$work/there")" ] || { echo "left behind:"; ls "$work/there"; exit 1; }
+[ -z "$(find "$work/there" -mindepth 2)" ] || { echo "left behind:"; ls -R "$work/there"; exit 1; }
 echo "both commands answer all requests, on both hosts"
