@@ -57,6 +57,9 @@ void CompareCommand::AddOptions(CLI::App& command) {
 
 ExitStatus CompareCommand::Run(const CommonOptions& options) {
     output_.Form(options);
+    if (a_.empty()) {
+        throw InputError("A: missing; expected a file, - or a dispenser such as EUR:50x10,20x10");
+    }
     if (!table_.empty()) {
         return RunTable(options);
     }
@@ -96,9 +99,6 @@ ExitStatus CompareCommand::Run(const CommonOptions& options) {
 
 CompareQuestions CompareCommand::Prepare(const CommonOptions& options) const {
     const std::size_t libraries = options.libraries.size();
-    if (a_.empty()) {
-        throw InputError("A: missing; expected a file, - or a dispenser such as EUR:50x10,20x10");
-    }
     if (libraries > 2) {
         throw InputError("--library: given " + std::to_string(libraries) +
                          " times; expected once or twice");
