@@ -50,7 +50,7 @@ public:
         }
         const std::uint64_t lastLines = units_.limit + pair_.StepsPastZero() + 1;
         PairPoints points{};
-        std::uint32_t passed = 0;
+        std::uint32_t passed{};
         Line line = LineAt(0);
         bool isFound = FindFrom(line, firstLines, 0, points, passed);
         if (!isFound) {
@@ -72,7 +72,7 @@ public:
 private:
     // NOLINTBEGIN(bugprone-dynamic-static-initializers) taken wrongly for what is made at run time
     static constexpr std::uint64_t kWords = std::uint64_t{1} << kWordBits;
-    static constexpr std::uint64_t kToNextRun = kWords - 1;
+    static constexpr std::uint64_t kToNextRun = kWords;
     // NOLINTEND(bugprone-dynamic-static-initializers)
 
     /// One turn of the loop over the outer count.
@@ -147,7 +147,7 @@ private:
 
     /// Goes on by so many lines, but to the first line of the next run at most.
     void GoOn(Line& line, std::uint64_t step) const noexcept {
-        // Only a run that is the whole cycle has more lines than that.
+        // No run has more lines than the cycle.
         std::uint64_t rest = line.rest + std::min(step, kToNextRun) * OuterValue();
         if (rest >= kWords) {
             step = (kWords - 1 - line.rest) / OuterValue() + 1;

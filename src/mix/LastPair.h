@@ -37,7 +37,7 @@ struct UnwrappedTotals {
 struct PairPoints {
     std::int64_t inner;     ///< items of the last but one unit in the first of them
     std::uint32_t last;     ///< items of the last unit in it
-    std::uint32_t further;  ///< combinations after the first
+    std::uint32_t further;  ///< combinations after the first, as they were found
 };
 
 /// The total of one kind at an end of the innermost loop: with the most items of the last but one
@@ -177,14 +177,12 @@ public:
     void Exchange(std::uint32_t turns, PairPoints& points) const noexcept {
         points.inner -= std::int64_t{turns} * taken_;
         points.last += turns * given_;
-        points.further -= turns;
     }
 
     /// Goes back by one combination.
     void ExchangeBack(PairPoints& points) const noexcept {
         points.inner += taken_;
         points.last -= given_;
-        ++points.further;
     }
 
 private:

@@ -13,8 +13,9 @@ public:
         for (unsigned unit = units.n; unit-- > 1;) {
             largestNotes_[unit - 1] = largestNotes_[unit];
             largestCoins_[unit - 1] = largestCoins_[unit];
-            Counts& largest = units.areCoins[unit] ? largestCoins_ : largestNotes_;
-            largest[unit - 1] = std::max(largest[unit - 1], units.values[unit]);
+            std::uint32_t& largest =
+                (units.areCoins[unit] ? largestCoins_ : largestNotes_)[unit - 1];
+            largest = std::max(largest, units.values[unit]);
         }
     }
 

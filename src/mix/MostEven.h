@@ -43,7 +43,7 @@ public:
     const SearchUnits& units;
     const Evenness& evenness;
     bool isFound = false;
-    std::uint32_t best = 0;  ///< score of what was found
+    std::uint32_t best{};  ///< score of what was found
     Counts found{};
     Refusal refusal;
 

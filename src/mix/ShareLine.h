@@ -147,10 +147,10 @@ private:
     std::uint32_t fall_;  ///< of the share of the last unit but one at each step
     std::uint32_t rise_;  ///< of the share of the last one
     const Counts* head_ = nullptr;
-    std::uint32_t last_ = 0;       ///< the last step
-    std::uint32_t share_ = 0;      ///< at the head: of the last unit but one
-    std::uint32_t lastShare_ = 0;  ///< and of the last one
-    std::uint32_t before_ = 0;     ///< the share that those two follow
-    std::uint32_t first_ = 0;
-    std::uint64_t path_ = 0;  ///< the differences up to there
+    std::uint32_t last_{};       ///< the last step
+    std::uint32_t share_{};      ///< at the head: of the last unit but one
+    std::uint32_t lastShare_{};  ///< and of the last one
+    std::uint32_t before_{};     ///< the share that those two follow
+    std::uint32_t first_{};
+    std::uint64_t path_{};  ///< the differences up to there
 };

@@ -114,7 +114,7 @@ private:
     unsigned n_;
     std::int64_t mostItems_;
     std::uint32_t mostShortfall_;
-    std::int64_t atLimit_ = 0;      ///< least score to be above, by the first formula
-    std::int64_t withinLimit_ = 0;  ///< and by the second
+    std::int64_t atLimit_{};      ///< least score to be above, by the first formula
+    std::int64_t withinLimit_{};  ///< and by the second
     std::array<Free, kMaxSearchUnits> after_{};
 };

@@ -19,7 +19,7 @@ class Workshop:
     def prepare(self):
         """Builds the project and looks at it unmutated."""
         self.tree.copy({})
-        self.tree.configure(self.subject.flags)
+        self.tree.configure(self.subject.flags, "-DQXMIX_JOIN_MODULE=ON")
         tests = self.subject.tests
         if self.tree.compile(self.subject.targets(tests), seconds=FIRST_BUILD_SECONDS)[0] != 0:
             raise RuntimeError(f"the project does not build; see {self.tree.folder}")
