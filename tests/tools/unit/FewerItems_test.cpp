@@ -59,6 +59,12 @@ TEST(FewItems, ComeFromCassettesThatMayGive) {
     EXPECT_FALSE(FewItemsFor(ReadInlineDispenser("EUR:100x5:retractCassette,50x5"), 150, 2));
 }
 
+TEST(FewItems, ComeFromTheFirstOfEqualCassettes) {
+    const auto found = FewItemsFor(ReadInlineDispenser("EUR:20x5,50x5,50x5,50x5"), 70, 2);
+    ASSERT_TRUE(found);
+    EXPECT_EQ(*found, (CassetteItems{1, 1}));
+}
+
 TEST(FewItems, CountCentsByTheExponent) {
     Dispenser dispenser = ReadInlineDispenser("EUR:50x5,20x5");
     dispenser.exponent = -2;

@@ -30,6 +30,30 @@ TEST(Outcomes, HaveNamesThatProgramsReadAndAnExitStatus) {
     EXPECT_EQ(Told(Outcome::PaidInPart), "p paidInPart: paid in part, 1");
 }
 
+/// "ground letter, style": the colours of a cell, and of a terminal.
+std::string Coloured(Outcome outcome) {
+    const OutcomeRow& row = RowOf(outcome);
+    return row.htmlColour + std::string(row.whiteLetter ? " white, " : " black, ") +
+           row.terminalStyle;
+}
+
+/// Those that Okabe and Ito chose, so that everybody can tell them apart: a light ground has a
+/// black letter, a dark one a white one.
+TEST(Outcomes, HaveColoursThatCanBeToldApart) {
+    EXPECT_EQ(Coloured(Outcome::NoAnswer), "#000000 white, 1;7");
+    EXPECT_EQ(Coloured(Outcome::Crashed), "#000000 white, 1;7");
+    EXPECT_EQ(Coloured(Outcome::InvalidMixNumber), "#0072B2 white, 38;5;25");
+    EXPECT_EQ(Coloured(Outcome::Failed), "#0072B2 white, 38;5;25");
+    EXPECT_EQ(Coloured(Outcome::NotDispensable), "#E69F00 black, 38;5;214");
+    EXPECT_EQ(Coloured(Outcome::TooManyItems), "#CC79A7 black, 38;5;175");
+    EXPECT_EQ(Coloured(Outcome::TooManyUnits), "#0072B2 white, 38;5;25");
+    EXPECT_EQ(Coloured(Outcome::Overpaid), "#D55E00 black, 1;38;5;166");
+    EXPECT_EQ(Coloured(Outcome::Overdrawn), "#D55E00 black, 1;38;5;166");
+    EXPECT_EQ(Coloured(Outcome::Paid), "#56B4E9 black, 38;5;74");
+    EXPECT_EQ(Coloured(Outcome::NothingPaid), "#BBBBBB black, 38;5;250");
+    EXPECT_EQ(Coloured(Outcome::PaidInPart), "#F0E442 black, 38;5;227");
+}
+
 TEST(Outcomes, AreWorseWhenMoneyIsInDanger) {
     std::set<int> badness;
     for (const OutcomeRow& row : OutcomeTable()) {

@@ -51,6 +51,7 @@ TEST(DrainedDispenser, RoundsItemsPerWithdrawal) {
     EXPECT_EQ(tenths(3, 3, 1), 13U);
     EXPECT_EQ(tenths(3, 5, 0), 17U);
     EXPECT_EQ(tenths(4, 1, 0), 3U) << "2.5 tenths";
+    EXPECT_EQ(tenths(1, 7, 3), 100U);
 }
 
 TEST(DrainedDispenser, KeepsTheFirstRefusalAndWhatIsEmptied) {

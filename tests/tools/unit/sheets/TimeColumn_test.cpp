@@ -44,6 +44,20 @@ TEST(TimeColumn, ReadsDatesWithTheYearLast) {
     }
 }
 
+TEST(WrittenTime, HasAllItsPartsAndNoOthers) {
+    for (const char* text : {"2026--16 09:46",   "-11-16 09:46",        "2026 11 16 09:46",
+                             "2026-11/16 09:46", "2026-011-16 09:46",   "2026-11-016 09:46",
+                             "26-11-16 09:46",   "16.11.26 09:46",      "2026-11- 09:46",
+                             "2026-11-16",       "2026-11-16 9",        "2026-11-16 :46",
+                             "2026-11-16 9:4",   "2026-11-16 9:",       "2026-11-16 009:46",
+                             "2026-11-16 9:46:", "2026-11-16 9:46:5",   "2026-11-16 24:00",
+                             "2026-11-16 23:60", "2026-11-16 23:59:60", "2026-11-16 946"}) {
+        EXPECT_FALSE(ParseWrittenTime(text)) << text;
+    }
+    EXPECT_TRUE(ParseWrittenTime("2026-11-16 23:59:59"));
+    EXPECT_TRUE(ParseWrittenTime("2026-11-16 0:00"));
+}
+
 TEST(TimeColumn, ReadsBothHalvesOfTheDay) {
     EXPECT_EQ(SecondsOf({"2026-11-16 12:05 AM", "2026-11-16 12:05 PM", "2026-11-16 11:59pm"}),
               (Times{At(0, 5), At(12, 5), At(23, 59)}));

@@ -48,12 +48,8 @@ std::string LoadingText(const Dispenser& dispenser, const LintCures& cures) {
 }
 
 std::string RangeText(const LintCase& lint, const AmountRange& range) {
-    const std::string first = AmountText(lint, range.from);
-    if (range.from == range.to) {
-        return "offer " + first + " only";
-    }
-    return "offer " + first + " to " + AmountText(lint, range.to) + " in steps of " +
-           AmountText(lint, range.step);
+    return "offer " + AmountText(lint, range.from) + " to " + AmountText(lint, range.to) +
+           " in steps of " + AmountText(lint, range.step);
 }
 
 Json LoadingJson(const LintCures& cures) {

@@ -106,17 +106,24 @@ inline Answer Unpacked(const LintCase& lint, const LintAnswer& answer) {
     return AnswerOf(lint.TheDispenser(), answer.amount, answer.mix, answer.cell);
 }
 
+/// Looks at all answers of a mix, the amounts in order.
+template <typename Look>
+void ForEachAnswer(const LintCase& lint, const LintMix& mix, const Look& look) {
+    MapRowReader reader(mix.row);
+    for (std::uint64_t place = 0; place < mix.row.Size(); ++place) {
+        look(LintAnswer{lint.questions.Amount(place), mix.mix, reader.Next()});
+    }
+}
+
 /// The answers of a mix for which something holds, the amounts in order.
 template <typename Holds>
 std::vector<LintAnswer> AnswersWhere(const LintCase& lint, const LintMix& mix, const Holds& holds) {
     std::vector<LintAnswer> answers;
-    MapRowReader reader(mix.row);
-    for (std::uint64_t place = 0; place < mix.row.Size(); ++place) {
-        const LintAnswer answer{lint.questions.Amount(place), mix.mix, reader.Next()};
+    ForEachAnswer(lint, mix, [&](const LintAnswer& answer) {
         if (holds(answer)) {
             answers.push_back(answer);
         }
-    }
+    });
     return answers;
 }
 
@@ -125,13 +132,11 @@ template <typename Holds>
 std::vector<std::uint32_t>
 AmountsWhere(const LintCase& lint, const LintMix& mix, const Holds& holds) {
     std::vector<std::uint32_t> amounts;
-    MapRowReader reader(mix.row);
-    for (std::uint64_t place = 0; place < mix.row.Size(); ++place) {
-        const LintAnswer answer{lint.questions.Amount(place), mix.mix, reader.Next()};
+    ForEachAnswer(lint, mix, [&](const LintAnswer& answer) {
         if (holds(answer)) {
             amounts.push_back(answer.amount);
         }
-    }
+    });
     return amounts;
 }
 

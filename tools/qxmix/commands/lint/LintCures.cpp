@@ -70,12 +70,12 @@ std::optional<AmountRange> PaidRange(const LintCase& lint, const LintMix& mix) {
     }
     AmountRange best{0, 0, static_cast<std::uint32_t>(step)};
     AmountRange current = best;
-    AnswersWhere(lint, mix, [&](const LintAnswer& answer) {
+    ForEachAnswer(lint, mix, [&](const LintAnswer& answer) {
         const std::uint32_t amount = answer.amount;
         const bool isStep = amount >= asked.from && amount <= asked.to &&
                             (amount - asked.from) % asked.step == 0 && amount % divisor == 0;
         if (!isStep) {
-            return false;
+            return;
         }
         if (answer.cell.outcome != Outcome::Paid) {
             current.from = 0;
@@ -85,7 +85,6 @@ std::optional<AmountRange> PaidRange(const LintCase& lint, const LintMix& mix) {
             best =
                 best.from == 0 || current.to - current.from > best.to - best.from ? current : best;
         }
-        return false;
     });
     return best.from == best.to ? std::nullopt : std::make_optional(best);
 }
@@ -176,7 +175,7 @@ bool CureFinder::Cures(const Dispenser& changed,
         return false;
     }
     bool isBetter = true;
-    AnswersWhere(lint_, mix, [&](const LintAnswer& answer) {
+    ForEachAnswer(lint_, mix, [&](const LintAnswer& answer) {
         const Outcome before = answer.cell.outcome;
         if (isBetter && before == Outcome::Paid) {
             isBetter = isPaid(answer.amount);
@@ -185,7 +184,6 @@ bool CureFinder::Cures(const Dispenser& changed,
             isBetter = asked &&
                        (asked->outcome == Outcome::Paid || asked->outcome == Outcome::NothingPaid);
         }
-        return false;
     });
     return isBetter;
 }

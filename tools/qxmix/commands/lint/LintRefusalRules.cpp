@@ -93,10 +93,8 @@ std::string NoUnitText(const LintCase& lint, const LintMix& mix) {
 /// How many amounts each rule keeps from being paid.
 std::map<std::string, std::uint64_t> CountByRule(const LintCase& lint, const LintMix& mix) {
     std::map<std::string, std::uint64_t> counts;
-    AnswersWhere(lint, mix, [&](const LintAnswer& answer) {
-        ++counts[RuleBehind(lint, mix, answer)];
-        return false;
-    });
+    ForEachAnswer(lint, mix,
+                  [&](const LintAnswer& answer) { ++counts[RuleBehind(lint, mix, answer)]; });
     return counts;
 }
 

@@ -77,13 +77,12 @@ std::uint16_t HarmlessLimit(const LintMix& mix, std::uint16_t limit) {
 /// Most notes, or most coins, of what a mix pays; more than any limit if one stops it already.
 std::uint64_t MostItems(const LintCase& lint, const LintMix& mix) {
     std::uint64_t most = 0;
-    AnswersWhere(lint, mix, [&](const LintAnswer& answer) {
+    ForEachAnswer(lint, mix, [&](const LintAnswer& answer) {
         if (answer.cell.outcome == Outcome::Paid) {
             const Answer paid = Unpacked(lint, answer);
             most = std::max({most, paid.notes, paid.coins});
         }
         most = IsOverLimit(mix, answer) ? kWrap : most;
-        return false;
     });
     return most;
 }

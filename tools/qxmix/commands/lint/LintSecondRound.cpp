@@ -89,9 +89,8 @@ private:
             lint_.payers[amount];
         }
         for (const LintMix& mix : lint_.mixes) {
-            AnswersWhere(lint_, mix, [&](const LintAnswer& answer) {
+            ForEachAnswer(lint_, mix, [&](const LintAnswer& answer) {
                 note(mix.mix, answer.amount, answer.cell);
-                return false;
             });
         }
         others.mixes.clear();
@@ -109,7 +108,7 @@ private:
         const std::vector<std::uint32_t>& buttons = lint_.TheDispenser().AmountsTold().buttons;
         std::set<std::uint32_t> amounts;
         for (const LintMix& mix : lint_.mixes) {
-            AnswersWhere(lint_, mix, [&](const LintAnswer& answer) {
+            ForEachAnswer(lint_, mix, [&](const LintAnswer& answer) {
                 const Outcome outcome = answer.cell.outcome;
                 const bool isRefused =
                     outcome == Outcome::NotDispensable || outcome == Outcome::TooManyItems;
@@ -121,7 +120,6 @@ private:
                 if (isRefused || isTooMuch || isDeadButton) {
                     amounts.insert(answer.amount);
                 }
-                return false;
             });
         }
         return {amounts.begin(), amounts.end()};

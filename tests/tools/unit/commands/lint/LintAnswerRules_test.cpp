@@ -43,6 +43,28 @@ TEST(LintQX503, FindsDeadButtons) {
     EXPECT_EQ(Said(lint, "QX503"), Lines{});
 }
 
+TEST(LintQX503, SaysWhatCanBeDoneAboutAButton) {
+    LintOf lint = LintOf("EUR:50x400:low,20x400").Mixes({5}).Amounts({50});
+    lint.dispenser.amounts["EUR"].buttons = {50};
+    EXPECT_EQ(lint.Findings("QX503").front().advice,
+              "take it off, or choose mixes 1 2 3 6 7 8 10, or see QX512");
+    // No rule tells of what fails in a way of its own.
+    LintCase failed = lint.Case();
+    failed.payers.clear();
+    MapCell cell;
+    cell.outcome = Outcome::Failed;
+    failed.mixes.front().row = MapRow();
+    failed.mixes.front().row.Add(cell);
+    for (const LintFinding& finding : CheckAll(failed)) {
+        if (finding.id == "QX503") {
+            EXPECT_EQ(finding.advice, "take it off");
+        }
+        if (finding.id == "QX508") {
+            EXPECT_EQ(finding.message, "mix 5 pays nothing here: all fail");
+        }
+    }
+}
+
 TEST(LintQX504, FindsWhatTheLimitStops) {
     EXPECT_EQ(Said(LintOf("EUR:50x10,20x10").Limit(5).Amounts({30, 60, 330}), "QX504"),
               (Lines{"/maxDispenseItems: the limit of 5 stops mix 1 on 1 amount: 330"}));
@@ -117,6 +139,21 @@ TEST(LintQX508, SaysWhyAndWhatWouldHelp) {
     EXPECT_EQ(saidAndAdvised(LintOf("EUR:USD50x10").Amounts({50})),
               "no cassette serves: 50 USD is not EUR / load 50 EUR: 2000 in one more cassette "
               "would do");
+}
+
+TEST(LintQX508, SaysOfEachUnitWhyItIsPassedOver) {
+    const auto said = [](LintOf lint) {
+        const std::string message = lint.Findings("QX508").front().message;
+        return message.substr(message.find("serves: ") + 8);
+    };
+    EXPECT_EQ(said(LintOf("EUR:50x0,20x2147483648")), "50 EUR holds nothing, 20 EUR reads as "
+                                                      "negative");
+    EXPECT_EQ(said(LintOf("EUR:50x9:retractCassette,0x9")),
+              "50 EUR is retractCassette, 0 EUR is worth nothing");
+    EXPECT_EQ(said(LintOf("EUR:50x100,20x9").Mixes({6})),
+              "50 EUR counts 100, the minimum is 100, 20 EUR counts 9, the minimum is 100");
+    EXPECT_EQ(said(LintOf("EUR:50x9:low").Mixes({5})), "50 EUR is low");
+    EXPECT_EQ(said(LintOf("EUR:USD50x9:empty")), "50 USD is not EUR") << "that comes first";
 }
 
 TEST(LintQX512, FindsWhatIsRefusedThoughTheLimitAllowsIt) {

@@ -31,6 +31,19 @@ TEST(LintQX103, FindsOneNoteOfTwoTypes) {
     EXPECT_EQ(Said(LintOf("EUR:50x10,50x10,20x10:coupon,USD50x10:coupon"), "QX103"), Lines{});
 }
 
+TEST(LintQX103, TellsMoneyApartFromUnitsOfTheAmount) {
+    EXPECT_EQ(Said(LintOf("EUR:50x10,50x10:coinDispenser"), "QX103").size(), 1U);
+    EXPECT_EQ(Said(LintOf("EUR:50x10,50x10:coinDispenser").Exponent(-2), "QX103"), Lines{})
+        << "50 and 0.50";
+    EXPECT_EQ(
+        Said(LintOf("EUR:50x10:coinCylinder,50x10:coinDispenser").Exponent(-2), "QX103").size(),
+        1U);
+    EXPECT_EQ(Said(LintOf("EUR:50x10,50x10:rejectCassette"), "QX103"), Lines{}) << "not drawn from";
+    EXPECT_EQ(Said(LintOf("EUR:50x10:rejectCassette,50x10"), "QX103"), Lines{});
+    EXPECT_EQ(Said(LintOf("EUR:50x10:recycling,50x10").Mixes({1, 9}), "QX103").size(), 1U)
+        << "mix 9 draws from both";
+}
+
 TEST(LintQX104, FindsOtherCurrencies) {
     const LintOf some("EUR:50x10,USD20x10");
     EXPECT_EQ(Said(some, "QX104"),
@@ -47,8 +60,17 @@ TEST(LintQX105, FindsWhatIsNeverDrawnFrom) {
               (Lines{"/cassettes/1/count: 2147483648 reads as negative: never drawn from"}));
     EXPECT_EQ(Said(LintOf("EUR:50x200,0x200"), "QX105"),
               (Lines{"/cassettes/1/value: worth nothing: never drawn from"}));
+    EXPECT_EQ(Said(LintOf("EUR:50x0,20x200"), "QX105"), Lines{}) << "it is to be filled";
     EXPECT_EQ(Said(LintOf("EUR:50x200,20x2147483647,0x200:coupon,2x9:coinCylinder"), "QX105"),
               Lines{});
+}
+
+TEST(LintQX105, FindsCountsThatWrapWithTheRestOfTheirUnit) {
+    // 4294967295 and 11 are 10.
+    EXPECT_EQ(Said(LintOf("EUR:50x4294967295,50x11"), "QX105"),
+              (Lines{"/cassettes/0/count: 4294967295 wraps with what the others of its unit hold: "
+                     "its unit counts less"}));
+    EXPECT_EQ(Said(LintOf("EUR:50x4294967295,50x11,20x9"), "QX105").size(), 1U);
 }
 
 TEST(LintQX105, KnowsThatMixNineIsDifferent) {

@@ -45,6 +45,14 @@ TEST(LintQX401, FindsWhatIsOverdrawn) {
     EXPECT_EQ(found.front().amounts->first[0]["why"], nullptr) << "nobody asked";
 }
 
+TEST(LintQX401, AdvisesAnotherMixWhereThereIsOne) {
+    LintCase lint = LintOf("EUR:100x400,50x400,20x400").Mixes({4}).Amounts({10}).Case();
+    const auto advice = [&lint] { return CheckAll(lint).front().advice; };
+    EXPECT_EQ(advice(), "choose another mix, or check what is paid before money moves");
+    lint.slow = Milliseconds(-1);  // whatever answers is too slow
+    EXPECT_EQ(advice(), "check what is paid before money moves");
+}
+
 TEST(LintQX401, LeavesExactAnswersAlone) {
     EXPECT_EQ(Said(LintOf("EUR:100x400,50x400,20x400").Mixes({4}).Amounts({100, 120}), "QX401"),
               Lines{});
@@ -66,6 +74,12 @@ TEST(LintQX403, FindsASecondUnitThatHoldsNearlyEverything) {
     EXPECT_EQ(Said(lint, "QX403"),
               (Lines{"/cassettes/1/count: 214748365 is at least 214748364: amounts that cannot be "
                      "made may never be answered"}));
+    // Beside 5 times 858993459, which is worth 4294967295, it comes second without wrapping.
+    const auto second = [](const char* dispenser) {
+        return Said(LintOf(dispenser).Mixes({4}).Amounts({20}), "QX403").size();
+    };
+    EXPECT_EQ(second("EUR:5x858993459,20x214748364"), 1U);
+    EXPECT_EQ(second("EUR:5x858993459,20x214748363"), 0U);
     EXPECT_EQ(Said(LintOf(lint).Mixes({1}), "QX403"), Lines{});
     EXPECT_EQ(Said(LintOf("EUR:50x10,20x9").Mixes({4}).Amounts({20}), "QX403"), Lines{});
     EXPECT_EQ(Said(LintOf("EUR:50x10,20x214748365,10x9").Mixes({4}).Amounts({20}), "QX403"),

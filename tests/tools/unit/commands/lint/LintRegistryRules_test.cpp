@@ -17,6 +17,17 @@ TEST(LintQX301, FindsAMinimumThatIsNoText) {
     EXPECT_EQ(Said(LintOf("EUR:50x10").Minimum("abc"), "QX301").size(), 1U);
 }
 
+TEST(LintRegistry, TellsOfEachValueUnderItsOwnRule) {
+    LintOf lint("EUR:50x10");
+    lint.dispenser.registry = {{kTraceLevel, kRegSz, TextBytes("3")},
+                               {kCstMinimum4Mix6, kRegDword, DwordBytes(250)}};
+    Lines ids;
+    for (const LintFinding& finding : CheckAll(lint.Case())) {
+        ids.push_back(finding.id);
+    }
+    EXPECT_EQ(ids, (Lines{"QX301", "QX303"}));
+}
+
 TEST(LintQX302, FindsAMinimumThatLeavesNothing) {
     EXPECT_EQ(Said(LintOf("EUR:50x250,20x90").Minimum("250").Mixes({1, 6}), "QX302"),
               (Lines{"/registry/CSTMinimum4Mix6: the minimum 250 is not below the largest unit, "
