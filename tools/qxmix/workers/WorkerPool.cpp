@@ -95,11 +95,11 @@ bool WorkerPool::Wait(ChannelEnd other, Clock::time_point until) const {
 void WorkerPool::TakeReplies(const Sink& sink) {
     for (Place& place : places_) {
         while (place.task) {
-            std::optional<Reply> reply = ReplyOf(place);
+            const std::optional<Reply> reply = ReplyOf(place);
             if (!reply) {
                 break;
             }
-            File(place, std::move(*reply), sink);
+            File(place, *reply, sink);
         }
     }
 }
@@ -109,12 +109,12 @@ void WorkerPool::GiveUp(const Sink& sink) {
         if (place.task) {
             Reply reply = place.worker->GiveUp();
             reply.item = place.mark->item;
-            File(place, std::move(reply), sink);
+            File(place, reply, sink);
         }
     }
 }
 
-void WorkerPool::File(Place& place, Reply reply, const Sink& sink) {
+void WorkerPool::File(Place& place, const Reply& reply, const Sink& sink) {
     if (!reply.isLast) {
         sink(*place.task, reply);
         return;

@@ -79,7 +79,7 @@ private:
     void Employ(Place& place);
     std::optional<Reply> ReplyOf(Place& place);
     static bool HasMissed(Place& place, Clock::time_point now);
-    static void File(Place& place, Reply reply, const Sink& sink);
+    static void File(Place& place, const Reply& reply, const Sink& sink);
 
     OpenOrder order_;
     TraceSink trace_;

@@ -1,6 +1,9 @@
 #include "LintOf.h"
 #include "commands/lint/LintCures.h"
 #include "json/Json.h"
+#include "mixes/MixTraits.h"
+
+#include <algorithm>
 
 namespace qxmix {
 namespace {
@@ -25,6 +28,16 @@ std::string PaidRange(const LintOf& of) {
                  : "none";
 }
 
+std::vector<std::uint16_t> AllBut(const std::vector<std::uint16_t>& without) {
+    std::vector<std::uint16_t> mixes = AllMixes();
+    mixes.erase(std::remove_if(mixes.begin(), mixes.end(),
+                               [&without](std::uint16_t mix) {
+                                   return std::count(without.begin(), without.end(), mix) != 0;
+                               }),
+                mixes.end());
+    return mixes;
+}
+
 // Mix 5 passes over what is low, and so has no 50 here; 30 is neither 20 nor 50.
 const char* const kLowFifties = "EUR:50x2500:low,20x2500";
 
@@ -33,7 +46,7 @@ TEST(LintCures, NameTheMixesThatPayAll) {
     const LintCase asked = lint.Case();
     const LintCures& cures = asked.mixes.front().forRefused;
     EXPECT_EQ(cures.count, 2U) << "100 is five times 20";
-    EXPECT_EQ(cures.payers, (std::vector<std::uint16_t>{1, 2, 3, 6, 7, 8, 10}))
+    EXPECT_EQ(cures.payers, AllBut({4, 5, 9}))
         << "4 and 9 are not to be trusted with other amounts";
     EXPECT_EQ(cures.bestPayer, 0U);
 }
@@ -48,8 +61,7 @@ TEST(LintCures, NameTheMixThatPaysMostWhereNonePaysAll) {
 
 TEST(LintCures, NeverNameAMixThatAnotherRuleWarnsOf) {
     const LintOf lint = LintOf(kLowFifties).Mixes({5}).Amounts({50, 70}).Limit(65535);
-    EXPECT_EQ(lint.Case().mixes.front().forRefused.payers,
-              (std::vector<std::uint16_t>{1, 3, 6, 8, 10}))
+    EXPECT_EQ(lint.Case().mixes.front().forRefused.payers, AllBut({2, 4, 5, 7, 9}))
         << "the evenness of 2 and 7 may wrap under this limit";
 }
 
