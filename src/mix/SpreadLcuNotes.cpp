@@ -36,7 +36,7 @@ bool GiveOne(const PhysicalCashUnit& cassette, MixResult& result) noexcept {
 
 void DealInTurn(const LogicalCashUnit& unit, std::uint32_t items, MixResult& result) noexcept {
     const unsigned cassettes = unit.usNumPhysicalCUs;
-    std::uint32_t before = 0;
+    std::uint32_t before{};
     do {
         before = items;
         for (unsigned index = 0; index < cassettes && items != 0; ++index) {

@@ -10,7 +10,7 @@ PROJECT = Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(PROJECT / "tools" / "mutate"))
 from operators import mutants_of  # noqa: E402
 from subjects import MODULE  # noqa: E402
-from switchboard import Switchboard  # noqa: E402
+from switchboard import Switchboard, examples_in  # noqa: E402
 
 FILE = "src/mix/Verdict.h"
 TEXT = "{\n    a = 1;\n    b = 0;\n\n\n\n\n\n    c = 0;\n}\n"
@@ -46,10 +46,31 @@ class PutAside(unittest.TestCase):
     def test_none_where_another_file_is_wrong(self):
         self.assertEqual(self.wrong_in("/a/src/mix/Other.h:3:1: error: y\n"), set())
 
+    def test_counts_tell_of_other_places_alone(self):
+        text = "{\n    a = b + F(c - 1);\n    d = c;\n}\n"
+        mutants = mutants_of(FILE, text)
+        board = Switchboard(PROJECT, Path(self.folder.name) / "other", MODULE, mutants)
+        board.texts[FILE] = text
+        board._sources()
+        number = {mutant.describe().partition(": ")[2]: place for place, mutant in enumerate(mutants)}
+        outer, inner, other = (number[name] for name in ("+ -> -", "- -> +", "d = c -> (removed)"))
+        self.assertTrue(board._is_within(inner, outer))
+        self.assertFalse(board._is_within(outer, inner))
+        self.assertFalse(board._is_within(other, outer))
+        self.assertLessEqual({outer, other}, set(board._first_of_regions()))
+
     def test_the_next_run_knows_them(self):
         self.board._put_aside({1})
         again = Switchboard(PROJECT, Path(self.folder.name) / "tree", MODULE, mutants_of(FILE, TEXT))
         self.assertEqual(set(range(again.count)) - set(again.mutants), {1})
+
+
+class Examples(unittest.TestCase):
+    def test_are_called_by_their_file_and_line(self):
+        with tempfile.TemporaryDirectory() as folder:
+            (Path(folder) / "b.txt").write_text("# $ qxmix\n\n$ qxmix types   [exit 0]\nx\n$ qxmix mix \\\n")
+            (Path(folder) / "a.txt").write_text("$ qxmix mix   [exit 2]\n")
+            self.assertEqual(examples_in(Path(folder)), ["a.txt:1", "b.txt:3", "b.txt:5"])
 
 
 if __name__ == "__main__":

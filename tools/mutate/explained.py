@@ -43,13 +43,13 @@ def read(path):
 
 def reason_for(explanation, kind, is_counted):
     """Why a survivor survives: a kind of explanation; "unexplained"; or "misjudged", when it is said to
-    change the amount of work and none is seen to change, or the other way round.
+    change the amount of work and none is seen to change.
 
     kind: survived or work; is_counted: as what the instruction counts show, which are a test of their own.
     """
     if explanation is None:
         return "work" if kind == "work" and is_counted else "unexplained"
-    return explanation.kind if (explanation.kind == "work") == (kind == "work") else "misjudged"
+    return "misjudged" if explanation.kind == "work" and kind != "work" else explanation.kind
 
 
 def out_of_date(explained, mutants, kinds):

@@ -20,6 +20,7 @@ PASSED = "passed"
 OPEN = "open"
 # Passes all quick tests, and meanwhile comes to other places of the code, or more or less often.
 OTHER_WORK = "other work"
+NO_SWITCH = "no switch"
 FLAGS = "-O1 -w -fmax-errors=0"
 
 
@@ -76,7 +77,9 @@ class Switchboard:
             does_other_work |= any(counts[other] != self.reached[test][other]
                                    for other in self.steady.get(test, ())
                                    if not self._is_within(other, number))
-        return (PASSED if tests else OPEN), (OTHER_WORK if does_other_work else "")
+        if not tests:
+            return OPEN, "" if number in self.mutants else NO_SWITCH
+        return PASSED, OTHER_WORK if does_other_work else ""
 
     def _counted(self, run):
         """What `run` returns for the settings that it is given, and how often it came to each mutant."""

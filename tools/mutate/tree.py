@@ -95,7 +95,7 @@ class Tree:
     def run(self, command, settings=None, seconds=BUILD_SECONDS, processor_seconds=None):
         """The exit status and what was printed; a command that takes too long counts as failed."""
         def limit():
-            os.setpgid(0, 0)  # and no session: a session has a share of the processor like all others together
+            os.setpgid(0, 0)  # no session: each has a share of the processor of its own
             resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
             if processor_seconds:
                 most = math.ceil(processor_seconds)

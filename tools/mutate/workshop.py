@@ -32,7 +32,7 @@ class Workshop:
         """What becomes of a mutant: (kind, detail); kind is killed, work (only the instruction
         counts notice), survived, same (the same program) or broken (does not compile).
 
-        @param tests                those that have not been run with it, all of the subject's or the long ones
+        @param tests  those that have not been run with it, all of the subject's or the long ones
         @param counts_instructions  of one that survives"""
         text = (self.tree.folder / mutant.file).read_text()
         self.tree.write(mutant.file, mutant.apply(text).encode())
