@@ -15,6 +15,7 @@ from operators import mutants_of  # noqa: E402
 from switches import HEADER, REACHED, SWITCH, Places, with_switches  # noqa: E402
 
 PROGRAM = """#include <cstdio>
+#include <optional>
 // a < b
 struct Sum {
     explicit Sum(int start) : total_(start - 1) {}
@@ -42,6 +43,10 @@ int main() {
             continue;
         }
         sum.Add(Twice(value, unsigned{6} + 1));
+        const std::optional<int> none = value == 9 ? std::optional<int>() : std::optional<int>(value);
+        if (!none) {
+            sum.Add(5);
+        }
     }
     std::printf("%d %s\\n", sum.total_, "end");
     return sum.total_ > 40;

@@ -156,7 +156,9 @@ def _write(name, text, regions, order, start, end):
 
 def _switch(name, text, region, numbered, inside):
     def changed(mutant):
-        return text[region.start:mutant.start] + mutant.after + text[mutant.end:region.end]
+        # Without its "!" an optional value would make the other side of the switch one, too.
+        after = "!!" if (mutant.before, mutant.after) == ("!", "") else mutant.after
+        return text[region.start:mutant.start] + after + text[mutant.end:region.end]
 
     line = text.count("\n", 0, region.start) + 1
     back = f'\n#line {line} "{name}"\n'
