@@ -126,7 +126,7 @@ def main():
     count_conditions(options.conditions, rows[2])
     count_lines(options.platform, rows[3], rows[4])
     if options.tool:
-        rows.append(row("tool", "line", 90))
+        rows.append(row("tool", "line", 97))
         count_lines(options.tool, rows[-1], None)
 
     for count in rows:
