@@ -255,6 +255,37 @@ TEST(DispenserReader, CountsCharactersNotBytes) {
               "f.json: /cassettes/0/label: 41 characters; expected text of at most 40 characters");
 }
 
+TEST(DispenserReader, AcceptsFindingsByTheirIdWithAReason) {
+    const auto error = [](const std::string& accepted) {
+        return ErrorText([&] {
+            DispenserOf(
+                R"({"currency":"EUR","cassettes":[{"value":1,"count":1}],"lint":{"accept":)" +
+                accepted + "}}");
+        });
+    };
+    EXPECT_EQ(error(R"({"QX205":"why","QX901":"so"})"), "accepted");
+    for (const char* const id : {"QX20", "QX2055", "QY205", "XX205", "QX20a", "QXa05", "qx205"}) {
+        EXPECT_EQ(error("{\"" + std::string(id) + "\":\"why\"}"),
+                  "f.json: /lint/accept/" + std::string(id) +
+                      ": no id of a finding; expected one such as QX205");
+    }
+    EXPECT_EQ(error(R"({"QX205":""})"),
+              "f.json: /lint/accept/QX205: empty; expected the reason why it is accepted");
+    EXPECT_EQ(error("7"), "f.json: /lint/accept: 7 is not allowed; expected an object");
+    EXPECT_NE(error(R"({"QX205":7})"), "accepted");
+}
+
+TEST(DispenserReader, TellsAnInlineDispenserInSmallLetters) {
+    const auto error = [](const std::string& name) {
+        return ErrorText([&name] { OpenDispenser(name); });
+    };
+    EXPECT_EQ(error("eur:50x10"),
+              "eur:50x10: \"eur\" is not allowed; expected three capital letters such as EUR");
+    for (const char* const name : {"eur:x10", "eur:50", "eur50x10", "50x10:", "eur:"}) {
+        EXPECT_EQ(error(name), std::string(name) + ": cannot be opened: No such file or directory");
+    }
+}
+
 TEST(DispenserReader, NamesTheFileThatIsNotThere) {
     EXPECT_EQ(ErrorText([] { OpenDispenser("/no/such.json"); }),
               "/no/such.json: cannot be opened: No such file or directory");

@@ -22,6 +22,7 @@ TEST(TextBytes, AreUtf16) {
     EXPECT_EQ(TextBytes("\xE0\xA0\x80\xEF\xBF\xBF"), std::string("\0\x08\xFF\xFF\0\0", 6));
     EXPECT_EQ(TextBytes("\xF0\x90\x80\x80"), std::string("\0\xD8\0\xDC\0\0", 6));
     EXPECT_EQ(TextBytes("\xF0\x9F\x98\x80"), std::string("\x3D\xD8\0\xDE\0\0", 6));
+    EXPECT_EQ(TextBytes("1\xF0\x9F\x98\x80"), std::string("1\0\x3D\xD8\0\xDE\0\0", 8));
 }
 
 TEST(StoredText, IsPlainTextAlone) {

@@ -119,6 +119,8 @@ TEST(WrittenTime, TellsHowFarItIsFromUtc) {
     EXPECT_EQ(offsetOf(""), std::nullopt);
     EXPECT_EQ(offsetOf("Z"), 0);
     EXPECT_EQ(offsetOf("+14:00"), 14 * kSecondsInHour);
+    EXPECT_EQ(offsetOf("+1400"), 14 * kSecondsInHour);
+    EXPECT_EQ(offsetOf("-14"), -14 * kSecondsInHour);
     EXPECT_EQ(offsetOf("-0159"), -kSecondsInHour - 59 * kSecondsInMinute);
     for (const char* refused : {"+15:00", "+01:60", "+1:00", "+010", "01:00", "+01:", "+01:0"}) {
         EXPECT_EQ(offsetOf(refused), -1) << refused;
