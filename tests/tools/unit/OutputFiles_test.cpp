@@ -2,6 +2,7 @@
 
 #include "ErrorText.h"
 #include "SystemCalls.h"
+#include "TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -17,29 +18,23 @@ namespace fs = std::filesystem;
 
 class OutputFilesTest : public testing::Test {
 protected:
-    OutputFilesTest() {
-        std::string name = (fs::temp_directory_path() / "qxmix-XXXXXX").string();
-        folder_ = mkdtemp(name.data());
-    }
-    ~OutputFilesTest() override { fs::remove_all(folder_); }
-
-    std::string Path(const std::string& name) const { return (folder_ / name).string(); }
+    std::string Path(const std::string& name) const { return folder_.Name(name); }
 
     std::string Content(const std::string& name) const {
-        std::ifstream file(folder_ / name, std::ios::binary);
+        std::ifstream file(Path(name), std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};
     }
 
     void Write(const std::string& name, const std::string& content) const {
-        std::ofstream(folder_ / name, std::ios::binary) << content;
+        std::ofstream(Path(name), std::ios::binary) << content;
     }
 
     std::size_t FileCount() const {
         return static_cast<std::size_t>(
-            std::distance(fs::directory_iterator(folder_), fs::directory_iterator()));
+            std::distance(fs::directory_iterator(folder_.Path()), fs::directory_iterator()));
     }
 
-    fs::path folder_;
+    const TemporaryFolder folder_;
 };
 
 TEST_F(OutputFilesTest, AreOnDiskBeforeTheyTakeTheirPlace) {
@@ -72,7 +67,7 @@ TEST_F(OutputFilesTest, AreWrittenUnderNamesThatNobodyCanForesee) {
     files.Add(Path("a"), "first");
     files.Add(Path("b"), "second");
     std::vector<std::string> names;
-    for (const auto& entry : fs::directory_iterator(folder_)) {
+    for (const auto& entry : fs::directory_iterator(folder_.Path())) {
         names.push_back(entry.path().filename().string());
     }
     ASSERT_EQ(names.size(), 2U);
@@ -81,13 +76,13 @@ TEST_F(OutputFilesTest, AreWrittenUnderNamesThatNobodyCanForesee) {
 }
 
 TEST_F(OutputFilesTest, StayInTheFolderThatWasMeant) {
-    fs::create_directory(folder_ / "shared");
-    fs::create_directory(folder_ / "private");
+    fs::create_directory(Path("shared"));
+    fs::create_directory(Path("private"));
     Write("private/a", "private");
     OutputFiles files;
     files.Add(Path("shared/a"), "new");
-    fs::rename(folder_ / "shared", folder_ / "moved");
-    fs::create_directory_symlink("private", folder_ / "shared");
+    fs::rename(Path("shared"), Path("moved"));
+    fs::create_directory_symlink("private", Path("shared"));
     files.Commit();
     EXPECT_EQ(Content("private/a"), "private");
     EXPECT_EQ(Content("moved/a"), "new");

@@ -1,6 +1,7 @@
 #include "demand/DemandFile.h"
 
 #include "ErrorText.h"
+#include "TemporaryFolder.h"
 #include "demand/DemandOptions.h"
 #include "dispenser/InlineDispenser.h"
 
@@ -13,8 +14,6 @@ namespace {
 
 class DemandFiles : public ::testing::Test {
 protected:
-    ~DemandFiles() override { std::remove(name_.c_str()); }
-
     DemandFile Read(const std::string& text,
                     const SheetOptions& sheet = RecordedSheet(),
                     std::optional<std::uint32_t> resample = std::nullopt) const {
@@ -32,7 +31,8 @@ protected:
         return error.rfind(name_ + ": ", 0) == 0 ? error.substr(name_.size() + 2) : error;
     }
 
-    const std::string name_ = ::testing::TempDir() + "qxmix-demand.json";
+    const TemporaryFolder folder_;
+    const std::string name_ = folder_.Name("demand.json");
 };
 
 /// A pattern in which one field is another; an empty one is left out.

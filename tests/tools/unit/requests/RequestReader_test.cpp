@@ -1,6 +1,7 @@
 #include "requests/RequestReader.h"
 
 #include "ErrorText.h"
+#include "TemporaryFolder.h"
 #include "json/Json.h"
 #include "requests/Request.h"
 #include "text/Hex.h"
@@ -68,7 +69,8 @@ TEST(RequestReader, NamesAFileOnlyWhereItMayReadOne) {
             ErrorOfRequest((R"({"amount":10,"dispenser":")" + std::string(name) + "\"}").c_str()),
             "line 7: /dispenser: \"" + std::string(name) + "\"" + expected);
     }
-    const std::string file = ::testing::TempDir() + "qxmix-request.json";
+    const TemporaryFolder folder;
+    const std::string file = folder.Name("euro.json");
     std::ofstream(file) << R"({"currency":"EUR","cassettes":[{"value":50,"count":9}]})";
     RequestReader reader(AskOptions(), Milliseconds(2000));
     const Json json = {{"amount", 10}, {"dispenser", file}};
@@ -133,8 +135,6 @@ TEST(RequestId, IsTextOrAWholeNumberOrNotThere) {
 /// Bytes in a file, read as a captured request.
 class RawRequest : public ::testing::Test {
 protected:
-    ~RawRequest() override { std::remove(name_.c_str()); }
-
     MixRequest Read(const std::string& bytes) const {
         std::ofstream(name_, std::ios::binary) << bytes;
         return ReadRawRequest(name_);
@@ -152,7 +152,8 @@ protected:
         return asked.ulAmount;
     }
 
-    const std::string name_ = ::testing::TempDir() + "qxmix-raw-request";
+    const TemporaryFolder folder_;
+    const std::string name_ = folder_.Name("request.bin");
 };
 
 TEST_F(RawRequest, IsReadAsItWasAsked) {

@@ -1,37 +1,27 @@
 #include "tables/MixTableFile.h"
 
 #include "ErrorText.h"
+#include "TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
 #include <fstream>
 
 namespace qxmix {
 namespace {
 
-namespace fs = std::filesystem;
-
 /// What becomes of a file with this content.
 class MixTableReader : public testing::Test {
 protected:
-    MixTableReader() {
-        std::string name = (fs::temp_directory_path() / "qxmix-XXXXXX").string();
-        folder_ = mkdtemp(name.data());
-    }
-    ~MixTableReader() override { fs::remove_all(folder_); }
-
     MixTable TableOf(const std::string& content) const {
-        const fs::path path = folder_ / "table";
-        std::ofstream(path, std::ios::binary) << content;
-        return OpenMixTable(path.string());
+        std::ofstream(name_, std::ios::binary) << content;
+        return OpenMixTable(name_);
     }
 
     /// What it says behind the file's name.
     std::string Error(const std::string& content) const {
         const std::string error = ErrorText([&] { TableOf(content); });
-        return error == "accepted" ? error : error.substr((folder_ / "table").string().size());
+        return error == "accepted" ? error : error.substr(name_.size());
     }
 
     std::string ErrorOfRow(const std::string& row) const {
@@ -39,7 +29,8 @@ protected:
     }
 
 private:
-    fs::path folder_;
+    const TemporaryFolder folder_;
+    const std::string name_ = folder_.Name("table");
 };
 
 /// "70: 1 1".

@@ -1,6 +1,7 @@
 #include "commands/lint/LintAccept.h"
 
 #include "ErrorText.h"
+#include "TemporaryFolder.h"
 #include "findings/RuleTexts.h"
 
 #include <gtest/gtest.h>
@@ -50,8 +51,6 @@ TEST(LintAccept, TellsOfWhatIsAcceptedInVain) {
 
 class Baseline : public ::testing::Test {
 protected:
-    ~Baseline() override { std::remove(name_.c_str()); }
-
     LintBaseline Read(const std::string& answer, bool isMany = false) const {
         std::ofstream(name_) << answer;
         return LintBaseline(name_, isMany);
@@ -75,7 +74,8 @@ protected:
         return text;
     }
 
-    const std::string name_ = ::testing::TempDir() + "qxmix-baseline.json";
+    const TemporaryFolder folder_;
+    const std::string name_ = folder_.Name("baseline.json");
 };
 
 TEST_F(Baseline, OfNoFileAcceptsNothing) {
