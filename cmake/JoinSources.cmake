@@ -14,7 +14,7 @@ set(qxmix_joined_folders
     # unit tests
     "unit/commands/batch unit/commands/map unit/commands/replay unit/commands/simulate"
     "unit/commands/explain unit/commands/fill"
-    "unit/requests unit/sheets unit/sweeps unit/tables")
+    "unit/demand unit/requests unit/sheets unit/sweeps unit/tables")
 
 function(qxmix_join_sources target)
   set_target_properties(${target} PROPERTIES UNITY_BUILD ${QXMIX_JOIN_SOURCES}
