@@ -6,7 +6,7 @@
 /// The last combination of a search that was over the limit. A search that then succeeds with
 /// another one leaves its code in the registry; the codes of earlier ones are overwritten anyway.
 struct Refusal {
-    bool isThere{};
+    bool isThere = false;
     Counts combination{};
 
     void Remember(const Counts& refused) noexcept {
