@@ -77,15 +77,8 @@ private:
     LintCase Linted(const Dispenser& dispenser,
                     const std::vector<std::uint16_t>& mixes,
                     const AmountRange& range) {
-        LintQuestions questions;
-        questions.map.dispenser = dispenser;
-        questions.map.mixes = mixes;
-        questions.map.from = range.from;
-        questions.map.to = range.to;
-        questions.map.step = range.step;
+        LintQuestions questions = QuestionsOf(dispenser, mixes, range, kPatience, kPatience);
         questions.map.listed = AmountsAndButtons(questions.map);
-        questions.map.deadline = kPatience;
-        questions.slow = kPatience;
         questions.registry = registry_;
         questions.currencies = currencies_;
         return AskLint(questions, {QXMIX_MODULE, registry_}, asker_, nullptr,

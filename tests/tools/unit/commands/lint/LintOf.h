@@ -13,6 +13,25 @@
 
 namespace qxmix {
 
+/// A range of amounts asked of mixes.
+///
+/// @param slow  what a mix may take for an amount before it is told to be slow.
+inline LintQuestions QuestionsOf(const Dispenser& dispenser,
+                                 const std::vector<std::uint16_t>& mixes,
+                                 const AmountRange& range,
+                                 Milliseconds deadline,
+                                 Milliseconds slow) {
+    LintQuestions questions;
+    questions.map.dispenser = dispenser;
+    questions.map.mixes = mixes;
+    questions.map.from = range.from;
+    questions.map.to = range.to;
+    questions.map.step = range.step;
+    questions.map.deadline = deadline;
+    questions.slow = slow;
+    return questions;
+}
+
 /// A dispenser that the tests of the rules look at; what a test does not say is as it should be.
 struct LintOf {
     explicit LintOf(const char* inlined) : dispenser(ReadInlineDispenser(inlined)) {}
@@ -99,14 +118,7 @@ struct LintOf {
 
 private:
     LintQuestions Questions() const {
-        LintQuestions questions;
-        questions.map.dispenser = dispenser;
-        questions.map.mixes = mixes;
-        questions.map.from = range.from;
-        questions.map.to = range.to;
-        questions.map.step = range.step;
-        questions.map.deadline = deadline;
-        questions.slow = slow;
+        LintQuestions questions = QuestionsOf(dispenser, mixes, range, deadline, slow);
         questions.registry = registry.empty() ? RegistryOf(dispenser.registry) : registry;
         questions.registryFile = registryFile;
         questions.isRangeNamed = isRangeNamed;
