@@ -250,6 +250,25 @@ def check_slow_input(tool, checks):
     process.stderr.close()
 
 
+def check_growing(tool, checks):
+    """What somebody appends meanwhile is no part of it; a line that was begun is read whole."""
+    # So long that they are not all read while the first one hangs.
+    lines = [json.dumps({"id": number, "dispenser": "EUR:1x2000", "amount": 5 if number else HANG})
+             + " " * 100000 + "\n" for number in range(30)]
+    path = tool.folder / "growing.ndjson"
+    for cut in (0, 50, 100):
+        whole = "".join(lines)
+        path.write_text(whole[:len(whole) - cut])
+        with open(path, "a", encoding="ascii") as stream, open(path, "rb") as read:
+            process = tool.start_reading(FAKE + ["--deadline", "500ms", "--jobs", "1"], path.name,
+                                         stdin=read)
+            stream.write(whole[len(whole) - cut:] + 9 * lines[1])
+        output, errors = process.communicate(timeout=60)
+        checks.equal(f"a file that grows, {cut} bytes of a line came later",
+                     ([answer.get("id") for answer in answers_of(output)], errors),
+                     (list(range(30)), b""))
+
+
 def check_interrupt(tool, checks):
     process = tool.start(FAKE + ["--deadline", "60s", "--jobs", "1"], stdin=subprocess.PIPE)
     process.stdin.write(stream({"id": 1, "dispenser": "EUR:1x9", "amount": 5}))
@@ -345,4 +364,4 @@ def check_many(tool, checks):
 
 run_parts(check_against_mix, check_forms, check_bad_lines, check_named_files, check_odd_lines,
           check_ends, check_deadlines, check_registry, check_trace, check_slow_input,
-          check_interrupt, check_interrupted_blocks, check_many)
+          check_growing, check_interrupt, check_interrupted_blocks, check_many)

@@ -181,11 +181,11 @@ def check_growing(tool, checks):
     is_over = threading.Event()
 
     def grow():
-        # Slower than what is read, which would have no end otherwise.
+        # No more than a dispenser's file may hold.
         with open(growing, "ab", buffering=0) as file, open(trace, "ab", buffering=0) as lines:
             while not is_over.wait(0.0005) and file.tell() < 15 * 1000000:
                 file.write(b" " * 1024)
-                lines.write(line)
+                lines.write(20 * line)
 
     grower = threading.Thread(target=grow)
     grower.start()

@@ -200,6 +200,25 @@ def check_odd_files(tool, checks):
                  (2, "qxmix: /dev/zero:1: more than 268435456 bytes; expected a line end\n"))
 
 
+def check_growing(tool, checks):
+    """What somebody appends meanwhile is left for the next time; a line that was begun is read whole."""
+    hanging = json.dumps({"request": request(HANG, ONES), "answer": {"outcome": "noAnswer"}}) + "\n"
+    good = json.dumps({"request": request(5, ONES), "answer": {"paid": "5"}}) + "\n"
+    words = ["replay", "--library", "fake.so", "--deadline", "500ms", "--json"]
+    path = tool.folder / "trace.ndjson"
+    for name, place in (("a trace", "trace.ndjson"), ("standard input", "-")):
+        for beginning, rest in ((hanging + good, ""), (hanging + good[:20], good[20:])):
+            path.write_text(beginning)
+            with open(path, "a", encoding="utf-8") as trace, open(path, "rb") as read:
+                process = tool.start_reading(words + [place], path.name, stdin=read)
+                trace.write(rest + 9 * good)
+            output, errors = process.communicate(timeout=60)
+            result = json.loads(output)["result"]
+            checks.equal(f"{name} that grows behind {beginning[-8:]}",
+                         (result["requests"], result["same"], result["badLines"], errors),
+                         (2, 2, [], b""))
+
+
 def check_libraries(tool, checks):
     write(tool, {"id": 1, "request": request(50, ONES, maxDispenseItems=100)},
           {"id": 2, "request": request(CRASH, ONES, maxDispenseItems=2000)})
@@ -262,4 +281,4 @@ def check_interrupt(tool, checks):
 
 run_parts(check_recorded, check_recorded_side_by_side, check_recorded_behind_another,
           check_named_files, check_record_behind_an_open_line, check_fields, check_bad_lines, check_bad_among_good,
-          check_odd_files, check_libraries, check_registry, check_many, check_interrupt)
+          check_odd_files, check_growing, check_libraries, check_registry, check_many, check_interrupt)

@@ -76,6 +76,18 @@ class Tool:
         output, errors = process.communicate(stdin, timeout=120)
         return process.returncode, output.decode(), errors.decode()
 
+    def start_reading(self, words, file, **options):
+        """Starts the tool; it has begun to read a file of its folder then."""
+        process = self.start(words, **options)
+        opened, end = pathlib.Path(f"/proc/{process.pid}/fd"), time.monotonic() + 60
+        while process.poll() is None and time.monotonic() < end:
+            for link in opened.iterdir():
+                about = (opened.parent / "fdinfo" / link.name).read_text().split()  # pos: 0 ...
+                if about[1] != "0" and os.path.samefile(link, self.folder / file):
+                    return process
+            time.sleep(0.01)
+        return process
+
     def interrupt(self, words, seconds):
         """Runs the tool and sends Ctrl-C after a time: exit status and both streams as bytes."""
         process = self.start(words)

@@ -161,6 +161,7 @@ set(qxmix_shared_sources
     files/InputFile.cpp
     files/LineCount.cpp
     files/LineFile.cpp
+    files/LinesThere.cpp
     files/Output.cpp
     files/OutputForm.cpp
     files/WritableFile.cpp

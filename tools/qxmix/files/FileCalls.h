@@ -25,6 +25,9 @@ int SynchroniseFile(int descriptor);
 /// locks is no reason not to write.
 void LockFile(int descriptor);
 
+/// What a regular file still holds behind the place where it is read; of anything else less than 0.
+std::int64_t BytesAhead(int descriptor);
+
 std::int64_t SizeOfFile(int descriptor);
 int CutFile(int descriptor, std::int64_t size);
 int CloseFile(int descriptor);

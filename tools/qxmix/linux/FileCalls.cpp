@@ -2,6 +2,7 @@
 
 #include "FileModes.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
@@ -42,6 +43,15 @@ int SynchroniseFile(int descriptor) {
 void LockFile(int descriptor) {
     while (flock(descriptor, LOCK_EX) != 0 && errno == EINTR) {
     }
+}
+
+std::int64_t BytesAhead(int descriptor) {
+    struct stat state {};
+    if (fstat(descriptor, &state) != 0 || !S_ISREG(state.st_mode)) {
+        return -1;
+    }
+    const off_t place = lseek(descriptor, 0, SEEK_CUR);
+    return place < 0 ? -1 : std::max<std::int64_t>(state.st_size - place, 0);
 }
 
 std::int64_t SizeOfFile(int descriptor) {

@@ -49,6 +49,15 @@ void LockFile(int descriptor) {
                0, &place);
 }
 
+std::int64_t BytesAhead(int descriptor) {
+    struct _stat64 state {};
+    if (_fstat64(descriptor, &state) != 0 || (state.st_mode & _S_IFREG) == 0) {
+        return -1;
+    }
+    const std::int64_t place = _telli64(descriptor);
+    return place < 0 ? -1 : std::max<std::int64_t>(state.st_size - place, 0);
+}
+
 std::int64_t SizeOfFile(int descriptor) {
     return _lseeki64(descriptor, 0, SEEK_END);
 }

@@ -33,7 +33,7 @@ public:
     BatchRun(const BatchSetting& setting, std::size_t jobs)
         : deadline_(setting.deadline), mostAhead_(kBlocksAhead * jobs),
           pool_(setting.order, jobs, nullptr, BatchJob(setting)),
-          cutter_(setting.traces ? 1 : kMostLines), buffer_(kReadSize, '\0') {}
+          cutter_(setting.traces ? 1 : kMostLines, LinesThere::In("-")), buffer_(kReadSize, '\0') {}
 
     void Run(BatchSummary& summary, const ProgressListener& listen) {
         HandOut();
@@ -120,7 +120,8 @@ private:
         }
         if (size > 0) {
             cutter_.Add(buffer_.data(), static_cast<std::size_t>(size));
-        } else if (size == 0) {
+        }
+        if (size == 0 || cutter_.IsOver()) {
             cutter_.End();
             isAtEnd_ = true;
         }

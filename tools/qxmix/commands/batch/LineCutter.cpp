@@ -16,10 +16,11 @@ constexpr std::size_t kFullBlock = std::size_t{256} << 10U;
 
 void LineCutter::Add(const char* bytes, std::size_t size) {
     const char* const end = bytes + size;
-    while (bytes != end) {
+    while (bytes != end && !IsOver()) {
         const char* const lineEnd = std::find(bytes, end, '\n');
         const auto more = static_cast<std::size_t>(lineEnd - bytes);
         begun_.append(bytes, std::min(more, kLongestLine + 1 - begun_.size()));
+        there_.Pass(lineEnd == end ? more : more + 1);
         if (lineEnd == end) {
             return;
         }

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "BatchBlock.h"
+#include "files/LinesThere.h"
 
 namespace qxmix {
 
@@ -14,9 +15,14 @@ namespace qxmix {
 class LineCutter {
 public:
     /// @param mostLines  of a block.
-    explicit LineCutter(std::size_t mostLines) : mostLines_(mostLines) {}
+    /// @param there      lines of the stream; what comes behind them is passed over.
+    explicit LineCutter(std::size_t mostLines, LinesThere there = {})
+        : mostLines_(mostLines), there_(there) {}
 
     void Add(const char* bytes, std::size_t size);
+
+    /// Whether all lines are there; a stream that has no known end tells by ending.
+    bool IsOver() const { return begun_.empty() && !there_.HasNext(); }
 
     /// What stands behind the last line end is a line, too.
     void End();
@@ -26,6 +32,7 @@ public:
 
 private:
     std::size_t mostLines_;
+    LinesThere there_;       // lines that are not begun yet
     std::string whole_;      // lines that are whole
     std::size_t taken_ = 0;  // bytes of them that are in blocks already
     std::string begun_;      // the line that is not whole yet

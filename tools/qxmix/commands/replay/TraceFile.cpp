@@ -14,8 +14,8 @@ TraceFile::TraceFile(const std::string& name,
                      bool needsAnswers,
                      std::optional<Milliseconds> deadline)
     : name_(name == "-" ? "standard input" : name), needsAnswers_(needsAnswers),
-      lines_(name == "-" ? std::cin : file_), buffer_(kLongestLine + 2),
-      reader_(AskOptions{}, deadline) {
+      lines_(name == "-" ? std::cin : file_), there_(LinesThere::In(name)),
+      buffer_(kLongestLine + 2), reader_(AskOptions{}, deadline) {
     if (name != "-") {
         errno = 0;
         file_.open(name, std::ios::binary);
@@ -48,8 +48,12 @@ std::optional<TraceLine> TraceFile::Next() {
 }
 
 std::optional<std::string> TraceFile::NextText() {
+    if (!there_.HasNext()) {
+        return std::nullopt;
+    }
     lines_.getline(buffer_.data(), static_cast<std::streamsize>(buffer_.size()));
     const auto size = static_cast<std::size_t>(lines_.gcount());
+    there_.Pass(size);
     if (lines_.bad()) {
         throw InputError(name_ + ": cannot be read: " + std::strerror(errno));
     }
@@ -69,7 +73,9 @@ std::optional<std::string> TraceFile::NextText() {
 void TraceFile::PassOverRest() {
     lines_.clear();
     lines_.ignore(static_cast<std::streamsize>(kLargestInput), '\n');
-    if (static_cast<std::size_t>(lines_.gcount()) == kLargestInput) {
+    const auto size = static_cast<std::size_t>(lines_.gcount());
+    there_.Pass(size);
+    if (size == kLargestInput) {
         throw InputError(name_ + ":" + std::to_string(number_) + ": more than " +
                          std::to_string(kLargestInput) + " bytes; expected a line end");
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "RecordedLine.h"
+#include "files/LinesThere.h"
 
 #include <fstream>
 #include <optional>
@@ -33,6 +34,7 @@ private:
     bool needsAnswers_;
     std::ifstream file_;
     std::istream& lines_;
+    LinesThere there_;
     std::vector<char> buffer_;  // the line being read
     std::uint64_t number_ = 0;
     bool hasLines_ = false;

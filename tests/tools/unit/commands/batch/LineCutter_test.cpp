@@ -42,6 +42,29 @@ TEST(LineCutter, TakesTheLastLineWithoutItsEnd) {
     EXPECT_FALSE(cutter.Next());
 }
 
+TEST(LineCutter, PassesOverLinesThatBeginBehindTheEnd) {
+    for (const std::size_t known : {3U, 4U}) {  // within a line, and at its end
+        LineCutter cutter(10, LinesThere(known));
+        Add(cutter, "a\nb");
+        EXPECT_FALSE(cutter.IsOver());
+        Add(cutter, "\nc\nd");
+        EXPECT_TRUE(cutter.IsOver());
+        cutter.End();
+        EXPECT_EQ(cutter.Next()->lines, "a\nb\n");
+        EXPECT_FALSE(cutter.Next());
+    }
+}
+
+TEST(LineCutter, WaitsForTheRestOfALineThatTheEndCuts) {
+    LineCutter cutter(10, LinesThere(1));
+    Add(cutter, "a");
+    EXPECT_FALSE(cutter.IsOver());
+    Add(cutter, "b\nc\n");
+    EXPECT_TRUE(cutter.IsOver());
+    EXPECT_EQ(cutter.Next()->lines, "ab\n");
+    EXPECT_TRUE(LineCutter(10, LinesThere(0)).IsOver());
+}
+
 TEST(LineCutter, CutsAnEndlessLine) {
     LineCutter cutter(10);
     const std::string part(100000, 'x');
