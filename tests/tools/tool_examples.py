@@ -5,7 +5,7 @@ An example begins with a line "$ qxmix ... [exit N]", which may go on after a ba
 What follows, up to the next example, is the text it prints: lines that begin with "qxmix: " on
 standard error, all others on standard output. Lines that begin with "#" are remarks. "< FILE" at the
 end of a command is its standard input; in a line of JSON "..." stands for any text.
-QXMIX_EXAMPLE=lint.txt:12 runs that one alone.
+QXMIX_EXAMPLE=lint.txt:12 runs that one alone; several have commas between them.
 """
 
 import os
@@ -56,10 +56,10 @@ def fill_in(expected, output):
 def main():
     arguments = parse_arguments()
     checks = Checks()
-    only = os.environ.get("QXMIX_EXAMPLE")
+    chosen = os.environ.get("QXMIX_EXAMPLE", "").split(",")
     for path in sorted(pathlib.Path(HERE / "examples").glob("*.txt")):
         for number, words, expected_status, lines in read_examples(path):
-            if only not in (None, f"{path.name}:{number}"):
+            if chosen != [""] and f"{path.name}:{number}" not in chosen:
                 continue
             name = f"{path.name}:{number}: qxmix {' '.join(words)}"
             with Tool(arguments) as tool:

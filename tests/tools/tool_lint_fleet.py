@@ -104,6 +104,20 @@ def check_lists(tool, checks):
                      [2, "", f"qxmix: {complaint}\n"])
 
 
+def check_input(tool, checks):
+    """A fleet's answer tells what was asked of all of them."""
+    names = ["EUR:50x10,20x10", "EUR:50x10"]
+    plain = {"dispensers": 2, "mixes": None, "from": None, "to": None, "step": None, "slow": "20ms"}
+    deadline = lint_json(tool, *names)[1]["input"]["deadline"]
+    for words, told in (
+            ([], {}), (["--mix", "3"], {"mixes": "3"}), (["--mixes", "1,3"], {"mixes": "1,3"}),
+            (["--from", "50"], {"from": "50"}), (["--to", "60"], {"to": "60"}),
+            (["--step", "50"], {"step": 50}), (["--slow", "1s"], {"slow": "1s"}),
+            (["--deadline", "90ms"], {"deadline": "90ms"})):
+        checks.equal(f"{words}: in the input", lint_json(tool, *names, *words)[1]["input"],
+                     {**plain, "deadline": deadline, **told})
+
+
 def check_bad_files(tool, checks):
     names = ["bad.json", "examples/trouble.json", "syntax.json", "nowhere.json"]
     status, fleet, errors = lint_json(tool, *names)
@@ -149,5 +163,5 @@ def check_interruption(tool, checks):
 
 
 if __name__ == "__main__":
-    run_parts(check_against_single_runs, check_lists, check_bad_files, check_broken_module,
+    run_parts(check_against_single_runs, check_lists, check_input, check_bad_files, check_broken_module,
               check_interruption)

@@ -80,6 +80,6 @@ TOOL = Subject(
     "qxmix", "bin/qxmix", ("-DQXMIX_TOOLS=ON", "-DQXMIX_JOIN_SOURCES=OFF"), "-O1", (
         Test("tool tests", ("bin/tool_tests", *STOP), target="tool_tests", suites="googletest", tries=2),
         script("tool_examples", suites="examples"),
-        script("tool_lint_forms"), script("tool_lint_fleet")))
+        script("tool_lint_forms"), script("tool_lint_options"), script("tool_lint_fleet")))
 
 SUBJECTS = (MODULE, TOOL)

@@ -22,6 +22,8 @@ OPEN = "open"
 OTHER_WORK = "other work"
 NO_SWITCH = "no switch"
 FLAGS = "-O1 -w -fmax-errors=0"
+# So many command lines are one run of their script: to start it takes longer than most of them do.
+EXAMPLES_TOGETHER = 20
 
 
 class Switchboard:
@@ -67,7 +69,8 @@ class Switchboard:
         """What becomes of a mutant: killed, by which test; passed, when all quick tests that come to it
         pass, and whether by other work; or open, when none comes to it: perhaps it has no switch where it
         matters."""
-        tests = [test for test in self.tests if number in self.mutants and self.reached[test][number]]
+        tests = self._together([test for test in self.tests
+                                if number in self.mutants and self.reached[test][number]])
         does_other_work = False
         for test in tests:
             passes, counts = self._counted(lambda settings, test=test: self.tree.passes(
@@ -80,6 +83,18 @@ class Switchboard:
         if not tests:
             return OPEN, "" if number in self.mutants else NO_SWITCH
         return PASSED, OTHER_WORK if does_other_work else ""
+
+    def _together(self, tests):
+        """The tests, with one for several examples."""
+        examples = [test for test in tests if test.suites == "examples"]
+        joined = {}  # by the first of them
+        for start in range(0, len(examples), EXAMPLES_TOGETHER):
+            group = examples[start:start + EXAMPLES_TOGETHER]
+            names = ",".join(test.settings["QXMIX_EXAMPLE"] for test in group)
+            joined[group[0]] = replace(group[0], name=names,
+                                       settings={**group[0].settings, "QXMIX_EXAMPLE": names})
+            self.tree.seconds[joined[group[0]]] = sum(self.tree.seconds[test] for test in group)
+        return [joined.get(test, test) for test in tests if test in joined or test not in examples]
 
     def _counted(self, run):
         """What `run` returns for the settings that it is given, and how often it came to each mutant."""

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+
 namespace qxmix {
 namespace {
 
@@ -134,6 +136,25 @@ TEST(DemandCalendar, NamesWeeksOnlyWhereThereAreSeveral) {
     EXPECT_EQ(dated.Text(86400 + 60), "2027-01-01 00:01");
     EXPECT_EQ(dated.ShortText(86400 + 60), "01-01 00:01");
     EXPECT_EQ(dated.FirstDayText(), "2026-12-31");
+    EXPECT_EQ(week.FirstDayText(), "");
+    EXPECT_EQ(week.ShortText(86400), "Tue 00:00");
+    EXPECT_EQ(longer.ShortText(13 * 86400 + 86399), "w2 Sun 23:59");
+    const DemandCalendar early(DayNumber({33, 2, 3}), 2);
+    EXPECT_EQ(early.Text(9 * 3600 + 7 * 60), "0033-02-03 09:07");
+}
+
+TEST(DemandCalendar, KnowsTheWeekdayOfEachDay) {
+    const DemandCalendar weeks(std::nullopt, 14);
+    const DemandCalendar monday(DayNumber({2026, 11, 16}), 14);
+    const DemandCalendar thursday(DayNumber({1970, 1, 1}), 14);
+    const DemandCalendar before(DayNumber({1969, 12, 22}), 14);  // a Monday
+    for (std::int64_t day = 0; day < 14; ++day) {
+        const auto place = static_cast<std::size_t>(day % 7);
+        EXPECT_EQ(weeks.WeekdayOf(day), place);
+        EXPECT_EQ(monday.WeekdayOf(day), place);
+        EXPECT_EQ(thursday.WeekdayOf(day), (place + 3) % 7);
+        EXPECT_EQ(before.WeekdayOf(day), place);
+    }
 }
 
 /// The times of the withdrawals and what was noted.
@@ -220,6 +241,48 @@ TEST(RecordedDemand, SaysWhatIsWrongAndWhere) {
     EXPECT_EQ(ErrorText([] { Recorded("time,amount\n"); }),
               "list.csv: no withdrawals; expected the columns time,amount,currency and a line for "
               "each, or JSON");
+    EXPECT_EQ(ErrorText([] { Recorded("time,money\n2026-01-01 10:00,1\n"); }),
+              "list.csv:1: no column amount in time, money; expected it, or --columns amount=NAME");
+    EXPECT_EQ(ErrorText([] { Recorded("when,amount\n2026-01-01 10:00,1\n"); }),
+              "list.csv:1: no column time in when, amount; expected it, or --columns time=NAME");
+    EXPECT_EQ(ErrorText([] { Recorded("time,amount\n2026-01-01 10:00,1,2\n"); }),
+              "list.csv:2: 3 columns; expected 2");
+}
+
+TEST(RecordedDemand, TellsTheFirstRowThatIsLate) {
+    const auto note = [](const char* rows) {
+        const Read read = TimesAndNotes(std::string("time,amount\n") + rows);
+        return read.second.empty() ? "" : read.second.front();
+    };
+    EXPECT_EQ(note("Mon 10:00,1\nMon 10:00,2\nMon 10:01,3\n"), "") << "at the same time";
+    EXPECT_EQ(note("Mon 10:00,1\nMon 09:59,2\n"),
+              "QX701 list.csv:3: 1 row stands below a later one; all were sorted by time");
+    EXPECT_EQ(note("Mon 10:00,1\nMon 09:00,2\nMon 09:30,3\nMon 11:00,4\nMon 08:00,5\n"),
+              "QX701 list.csv:3: 3 rows stand below a later one; all were sorted by time")
+        << "of all before it the latest counts";
+}
+
+TEST(RecordedDemand, CountsFromTheMidnightBeforeItsFirstRow) {
+    for (const char* const day : {"1970-01-01", "1969-12-31", "2026-11-16"}) {
+        for (const auto& [time, seconds] :
+             std::map<std::string, std::int64_t>{{"00:00:00", 0}, {"23:59:59", 86399}}) {
+            const Demand demand =
+                Recorded("time,amount\n" + std::string(day) + " " + time + ",1\n");
+            EXPECT_EQ(demand.withdrawals.front().time, seconds) << day << time;
+            EXPECT_EQ(demand.calendar.FirstDayText(), day);
+        }
+    }
+}
+
+TEST(RecordedDemand, KnowsEachCurrencyByItsPlace) {
+    const Demand demand = Recorded("time,amount,currency\nMon 10:00,1,USD\nMon 10:01,2,CHF\n"
+                                   "Mon 10:02,3,USD\nMon 10:03,4,EUR\nMon 10:04,5,\n");
+    EXPECT_EQ(demand.currencies, (std::vector<std::string>{"EUR", "USD", "CHF"}));
+    std::vector<std::size_t> places;
+    for (const Withdrawal& withdrawal : demand.withdrawals) {
+        places.push_back(withdrawal.currency);
+    }
+    EXPECT_EQ(places, (std::vector<std::size_t>{1, 2, 1, 0, 0}));
 }
 
 }  // namespace

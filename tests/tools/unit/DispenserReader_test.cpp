@@ -281,6 +281,8 @@ TEST(DispenserReader, TellsAnInlineDispenserInSmallLetters) {
     };
     EXPECT_EQ(error("eur:50x10"),
               "eur:50x10: \"eur\" is not allowed; expected three capital letters such as EUR");
+    EXPECT_EQ(error("Euro:5x1,2x1"),
+              "Euro:5x1,2x1: \"Euro\" is not allowed; expected three capital letters such as EUR");
     for (const char* const name : {"eur:x10", "eur:50", "eur50x10", "50x10:", "eur:"}) {
         EXPECT_EQ(error(name), std::string(name) + ": cannot be opened: No such file or directory");
     }

@@ -80,6 +80,41 @@ TEST(InlineDispenser, IsCutInErrorsWhereItWouldFillTheLine) {
     EXPECT_EQ(
         ErrorText([] { ReadInlineDispenser("EUR:" + std::string(100, '1') + "y"); }).substr(0, 45),
         "EUR:" + std::string(33, '1') + "...: /ca");
+    const auto place = [](std::size_t size) {
+        const std::string text = "EUR:" + std::string(size - 4, 'y');
+        return ErrorText([&text] { ReadInlineDispenser(text); }).substr(0, 45);
+    };
+    EXPECT_EQ(place(40), "EUR:" + std::string(36, 'y') + ": /ca") << "as it stands";
+    EXPECT_EQ(place(41), "EUR:" + std::string(33, 'y') + "...: /ca");
+}
+
+TEST(InlineDispenser, TakesACurrencyBeforeAValueAlone) {
+    const Dispenser dispenser = ReadInlineDispenser("EUR:USD5x1,7x2");
+    EXPECT_EQ(dispenser.cassettes[0].currency, "USD");
+    EXPECT_EQ(dispenser.cassettes[0].value, 5U);
+    EXPECT_EQ(dispenser.cassettes[0].count, 1U);
+    EXPECT_EQ(dispenser.cassettes[1].currency, "EUR");
+    EXPECT_EQ(dispenser.cassettes[1].position, 1);
+    EXPECT_EQ(ErrorText([] { ReadInlineDispenser("EUR:USDx1"); }),
+              "EUR:USDx1: /cassettes/0/value: \"\" is not allowed; expected 0 to 4294967295");
+    EXPECT_EQ(ErrorText([] { ReadInlineDispenser("EUR:1x1,2x2:x:y"); }).substr(0, 29),
+              "EUR:1x1,2x2:x:y: /cassettes/1");
+}
+
+TEST(InlineDispenser, TakesSixCassettesAndEveryNameOnce) {
+    EXPECT_EQ(ReadInlineDispenser("EUR:1x1,1x1,1x1,1x1,1x1,1x1").cassettes.size(), 6U);
+    const auto error = [](const char* text) {
+        return ErrorText([text] { ReadInlineDispenser(text); });
+    };
+    EXPECT_EQ(error("EUR:1x1:coupon:low"), "accepted");
+    EXPECT_EQ(error("EUR:1x1:low:coupon"), "accepted");
+    EXPECT_EQ(error("EUR:1x1:low:coupon:low"),
+              "EUR:1x1:low:coupon:low: /cassettes/0: status given twice; expected once");
+    EXPECT_EQ(error("EUR:1x1:coupon:low:recycling"),
+              "EUR:1x1:coupon:low:recycling: /cassettes/0: type given twice; expected once");
+    EXPECT_EQ(error("EUR:1x1:copuon"),
+              "EUR:1x1:copuon: /cassettes/0: unknown status or type \"copuon\"; did you mean "
+              "\"coupon\"?");
 }
 
 }  // namespace

@@ -67,6 +67,61 @@ TEST(Money, ShortensForPeopleWhatNobodyCanRead) {
     EXPECT_EQ(MoneyOf(longest).Text(), longest);
 }
 
+TEST(Money, IsShortenedFromFortyOneCharactersOn) {
+    EXPECT_EQ(ReadableText(MoneyOf(std::string(40, '7'))), std::string(40, '7'));
+    EXPECT_EQ(ReadableText(MoneyOf(std::string(41, '7'))), std::string(40, '7') + "...e1");
+    EXPECT_EQ(ReadableText(MoneyOf(std::string(40, '7') + "0")), std::string(40, '7') + "e1");
+    EXPECT_EQ(ReadableText(Money(), 38), "0." + std::string(38, '0'));
+    EXPECT_EQ(ReadableText(Money(), 39), "0") << "41 characters";
+    EXPECT_EQ(ReadableText(MoneyOf("7"), 39), "7e0");
+    EXPECT_EQ(ReadableText(MoneyOf("7"), 40), "7e0");
+    const std::string both = std::string(30, '7') + "." + std::string(9, '3');
+    EXPECT_EQ(ReadableText(MoneyOf(both)), both);
+    EXPECT_EQ(ReadableText(MoneyOf(both + "3")), std::string(30, '7') + "3333333333e-10");
+    EXPECT_EQ(ReadableText(MoneyOf(both + "33")), std::string(30, '7') + "3333333333...e-10");
+    EXPECT_EQ(ReadableText(Money::Of(105, -41)), "105e-41");
+}
+
+TEST(Money, CountsInAUnitWhereThatIsExact) {
+    const auto in = [](const char* text, int exponent) {
+        const auto count = MoneyOf(text).In(exponent);
+        return count ? std::to_string(*count) : "none";
+    };
+    EXPECT_EQ(in("280", 0), "280");
+    EXPECT_EQ(in("280", 1), "28");
+    EXPECT_EQ(in("280", 2), "none");
+    EXPECT_EQ(in("280", -2), "28000");
+    EXPECT_EQ(in("70.5", -1), "705");
+    EXPECT_EQ(in("70.5", -2), "7050");
+    EXPECT_EQ(in("70.5", 0), "none");
+    EXPECT_EQ(in("0", 3), "0");
+    EXPECT_EQ(in("0", -3), "0");
+    EXPECT_EQ(in("0.1", 5), "none");
+    EXPECT_EQ(in("1000", 3), "1");
+    EXPECT_EQ(in("1000", 4), "none");
+    EXPECT_EQ(in("4294967295", 0), "4294967295");
+    EXPECT_EQ(in("4294967296", 0), "none");
+    EXPECT_EQ(in("42949672.95", -2), "4294967295");
+    EXPECT_EQ(in("42949672.96", -2), "none");
+    EXPECT_EQ(in("42949672950", 1), "4294967295");
+    EXPECT_EQ(in("42949672960", 1), "none");
+    EXPECT_EQ(in("99999999999999999999999", 0), "none");
+}
+
+TEST(Money, ComparesDigitByDigitFromTheHighest) {
+    const std::vector<const char*> rising = {"0",   "0.09", "0.1",  "0.11", "0.9", "1",  "1.01",
+                                             "9.9", "10",   "10.5", "11",   "99",  "100"};
+    for (std::size_t left = 0; left < rising.size(); ++left) {
+        for (std::size_t right = 0; right < rising.size(); ++right) {
+            const Money one = MoneyOf(rising[left]);
+            const Money other = MoneyOf(rising[right]);
+            EXPECT_EQ(one < other, left < right) << rising[left] << " " << rising[right];
+            EXPECT_EQ(one > other, left > right) << rising[left] << " " << rising[right];
+            EXPECT_EQ(one == other, left == right) << rising[left] << " " << rising[right];
+        }
+    }
+}
+
 TEST(Money, ComparesByValueWhateverTheDecimals) {
     EXPECT_TRUE(MoneyOf("70.50") == MoneyOf("70.5"));
     EXPECT_TRUE(MoneyOf("9") < MoneyOf("10"));

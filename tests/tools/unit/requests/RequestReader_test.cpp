@@ -86,6 +86,30 @@ TEST(RequestReader, NamesAFileOnlyWhereItMayReadOne) {
     }
 }
 
+TEST(RequestReader, ForgetsFilesWhenTheyAreTooMany) {
+    const TemporaryFolder folder;
+    RequestReader reader(AskOptions(), Milliseconds(2000));
+    const auto write = [&folder](const std::string& name, int value, std::size_t blanks) {
+        std::ofstream(folder.Name(name)) << R"({"currency":"EUR","cassettes":[{"value":)" << value
+                                         << R"(,"count":9}]})" << std::string(blanks, ' ');
+    };
+    const auto value = [&](const std::string& name) {
+        const Json json = {{"amount", 10}, {"dispenser", folder.Name(name)}};
+        return reader.Read(json, kHere).dispenser.cassettes.front().value;
+    };
+    write("first", 50, 0);
+    EXPECT_EQ(value("first"), 50U);
+    write("first", 20, 0);
+    for (int file = 1; file < 1000; ++file) {
+        write(std::to_string(file), 5, 0);
+        EXPECT_EQ(value(std::to_string(file)), 5U);
+    }
+    EXPECT_EQ(value("first"), 50U) << "one of a thousand";
+    write("last", 5, 0);
+    EXPECT_EQ(value("last"), 5U);
+    EXPECT_EQ(value("first"), 20U);
+}
+
 TEST(RequestReader, TellsWhereADispenserIsWrong) {
     EXPECT_EQ(ErrorOfRequest(R"({"amount":10,"dispenser":"EUR:50x"})").substr(0, 19),
               "line 7: /dispenser:");

@@ -62,6 +62,10 @@ TEST(AmountColumn, LetsTheColumnDecideWhatOneMarkIs) {
     EXPECT_EQ(AmountsOf({"1.000", "1,000,000"}), (Amounts{1, 1000000}));
     EXPECT_EQ(AmountsOf({"1'000", "20.000"}), (Amounts{1000, 20}));
     EXPECT_EQ(AmountsOf({"0.000", "20.000"}), (Amounts{0, 20}));
+    EXPECT_EQ(AmountsOf({"1.000", "5"}), (Amounts{1000, 5}));
+    EXPECT_EQ(AmountsOf({"1.000", "500"}), (Amounts{1000, 500}));
+    EXPECT_EQ(AmountsOf({"5", "1.000", "500"}, -2), (Amounts{5, 1000, 500}));
+    EXPECT_EQ(AmountsOf({"1,000", "20.00"}, -2), (Amounts{100000, 2000}));
 }
 
 TEST(AmountColumn, GuessesNothing) {
@@ -127,9 +131,13 @@ TEST(AmountColumn, ReadsUnitsUnlessOneHasDecimals) {
 }
 
 TEST(AmountColumn, RefusesWhatIsNoAmount) {
-    for (const char* text : {"", "-50", "+50", "50 EUR", "50.", ".50", "1,,234", "1,23",
-                             "12,3456.00", "1,234'567", "1.234.56", "1'23", "1,234.567.890",
-                             "1,2345,678", "1e3", "1 2", "12345,678,901", "0x10", "\xD9\xA1"}) {
+    for (const char* text :
+         {"",         "-50",           "+50",           "50 EUR",     "50.",
+          ".50",      "1,,234",        "1,23",          "12,3456.00", "1,234'567",
+          "1.234.56", "1'23",          "1,234.567.890", "1,2345,678", "1e3",
+          "1 2",      "12345,678,901", "0x10",          "\xD9\xA1",   "1'23.50",
+          "12'34,5",  "1 23.5",        "1234'567",      "1'2345",     "123,45,678",
+          "1,23,4567"}) {
         const std::string error = ErrorOfAmounts({text});
         EXPECT_NE(error, "accepted") << text;
     }

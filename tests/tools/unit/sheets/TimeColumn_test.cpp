@@ -51,11 +51,19 @@ TEST(WrittenTime, HasAllItsPartsAndNoOthers) {
                              "2026-11-16",       "2026-11-16 9",        "2026-11-16 :46",
                              "2026-11-16 9:4",   "2026-11-16 9:",       "2026-11-16 009:46",
                              "2026-11-16 9:46:", "2026-11-16 9:46:5",   "2026-11-16 24:00",
-                             "2026-11-16 23:60", "2026-11-16 23:59:60", "2026-11-16 946"}) {
+                             "2026-11-16 23:60", "2026-11-16 23:59:60", "2026-11-16 946",
+                             "2026-11-16 9:046", "2026-11-16 9:46:005", "20261-1-16 9:46",
+                             "2026-11-16 9-46",  "2026-11-169:46",      "w 10:00",
+                             "w0 10:00",         "w0001 Mon 10:00",     "w1 10:00",
+                             "w1Mon 10:00",      "100.11.2026 9:46",    "16.11.20261 9:46"}) {
         EXPECT_FALSE(ParseWrittenTime(text)) << text;
     }
     EXPECT_TRUE(ParseWrittenTime("2026-11-16 23:59:59"));
     EXPECT_TRUE(ParseWrittenTime("2026-11-16 0:00"));
+    EXPECT_TRUE(ParseWrittenTime("2026-11-16, 0:00"));
+    EXPECT_TRUE(ParseWrittenTime("w999 Mon 0:00"));
+    EXPECT_TRUE(ParseWrittenTime("99.1.2026 0:00"))
+        << "no day of any month, but in the form of one";
 }
 
 TEST(TimeColumn, ReadsBothHalvesOfTheDay) {
@@ -121,8 +129,14 @@ TEST(WrittenTime, TellsHowFarItIsFromUtc) {
     EXPECT_EQ(offsetOf("+14:00"), 14 * kSecondsInHour);
     EXPECT_EQ(offsetOf("+1400"), 14 * kSecondsInHour);
     EXPECT_EQ(offsetOf("-14"), -14 * kSecondsInHour);
+    EXPECT_EQ(offsetOf("+00"), 0);
+    EXPECT_EQ(offsetOf("+00:59"), 59 * kSecondsInMinute);
+    EXPECT_EQ(offsetOf(" Z"), 0);
+    EXPECT_EQ(offsetOf("  -00:01"), -kSecondsInMinute);
     EXPECT_EQ(offsetOf("-0159"), -kSecondsInHour - 59 * kSecondsInMinute);
-    for (const char* refused : {"+15:00", "+01:60", "+1:00", "+010", "01:00", "+01:", "+01:0"}) {
+    for (const char* refused : {"+15:00", "+01:60",  "+1:00",    "+010",  "01:00", "+01:", "+01:0",
+                                "+00005", "+01:005", "+0100:00", "+0160", "+1500", "+15",  "+1",
+                                "+",      "Z0",      "+01Z",     "ZZ",    "+-01",  "0100"}) {
         EXPECT_EQ(offsetOf(refused), -1) << refused;
     }
 }

@@ -27,6 +27,32 @@ TEST(LintQX501, NamesTheRuleThatIsBehindIt) {
               "mend QX102; until then book what the remainder leaves");
 }
 
+TEST(LintQX501, NamesTheRuleOfEachStatus) {
+    const auto advice = [](const std::string& dispenser, std::uint32_t amount) {
+        const auto found = LintOf(dispenser.c_str()).Amounts({amount}).Findings("QX501");
+        return found.empty() ? "" : found.front().advice;
+    };
+    const std::string rest = "; until then book what the remainder leaves";
+    for (const auto& [status, rule] :
+         std::map<std::string, std::string>{{"full", "QX201"},
+                                            {"high", "QX201"},
+                                            {"empty", "QX203"},
+                                            {"inoperative", "QX203"},
+                                            {"missing", "QX203"},
+                                            {"noValue", "QX203"},
+                                            {"noReference", "QX203"},
+                                            {"manipulated", "QX202"}}) {
+        EXPECT_EQ(advice("EUR:20x30:" + status + ",20x1", 60), "mend " + rule + rest) << status;
+    }
+    EXPECT_EQ(advice("EUR:20x3,20x30:full", 200), "mend QX201" + rest);
+    EXPECT_EQ(advice("EUR:20x3:low,20x30:high", 200), "mend QX201" + rest) << "what is low gives";
+    EXPECT_EQ(advice("EUR:20x3:full,20x0:empty,20x5:missing", 60), "mend QX201" + rest)
+        << "what is empty and no first cassette does not count";
+    EXPECT_EQ(advice("EUR:20x0:empty,20x5:full,20x9:empty", 60), "mend QX201" + rest)
+        << "a first cassette of no items does not either";
+    EXPECT_EQ(advice("EUR:20x9:empty,20x5:full", 200), "mend QX201 QX203" + rest) << "both";
+}
+
 TEST(LintQX502, FindsAmountsBelowTheSmallestNote) {
     const LintOf lint = LintOf("EUR:50x400,20x400").Amounts({10, 19, 20, 30});
     EXPECT_EQ(Said(lint, "QX502"),
@@ -84,6 +110,18 @@ TEST(LintQX505, FindsSearchesThatEndAtTheLimit) {
     EXPECT_EQ(Said(LintOf("EUR:10x100,2x100").Limit(8).Mixes({2}).Amounts({96}), "QX505"), Lines{})
         << "no coins";
     EXPECT_EQ(Said(LintOf(lint).Mixes({1}), "QX505"), Lines{}) << "another search";
+    EXPECT_EQ(Said(LintOf(lint).Mixes({7}).Minimum("0"), "QX505").size(), 1U);
+    EXPECT_EQ(Said(LintOf(lint).Limit(9), "QX505"), Lines{}) << "within the limit";
+    EXPECT_EQ(Said(LintOf("EUR:10x100,2x100:coinDispenser,500x9").Limit(8).Mixes({2}).Amounts({96}),
+                   "QX505"),
+              Lines{})
+        << "three units";
+    EXPECT_EQ(
+        Said(
+            LintOf("EUR:10x100:coinCylinder,2x100:coinDispenser").Limit(8).Mixes({2}).Amounts({96}),
+            "QX505"),
+        Lines{})
+        << "coins alone";
 }
 
 TEST(LintQX506, FindsCodesLeftByASuccess) {

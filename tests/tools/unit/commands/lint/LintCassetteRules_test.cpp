@@ -12,8 +12,27 @@ TEST(LintQX101, FindsPositionsThatAreNotThePlace) {
     EXPECT_EQ(Said(LintOf("EUR:50x10,20x10").Position(1, 5), "QX101"),
               (Lines{"/cassettes/1/position: items go to slot 5, the remainder does not count "
                      "them"}));
+    EXPECT_EQ(Said(LintOf("EUR:50x10,20x10").Position(1, 2), "QX101"),
+              (Lines{"/cassettes/1/position: items go to slot 2, the remainder does not count "
+                     "them"}));
     EXPECT_EQ(Said(LintOf("EUR:50x10,20x10"), "QX101"), Lines{});
     EXPECT_EQ(Said(LintOf("EUR:50x10,20x10").Position(1, 6), "QX101"), Lines{}) << "QX102";
+}
+
+TEST(LintQX101, AdvisesToSortThePositionsThatCanBeSorted) {
+    const auto advice = [](std::uint16_t first, std::uint16_t second) {
+        return LintOf("EUR:50x10,20x10")
+            .Position(0, first)
+            .Position(1, second)
+            .Findings("QX101")
+            .front()
+            .advice;
+    };
+    EXPECT_EQ(advice(1, 0), "list cassettes by position");
+    EXPECT_EQ(advice(1, 1), "use 0 to 5 once each, from 0 on");
+    EXPECT_EQ(advice(1, 2), "use 0 to 5 once each, from 0 on");
+    EXPECT_EQ(advice(0, 2), "use 0 to 5 once each, from 0 on");
+    EXPECT_EQ(advice(2, 0), "use 0 to 5 once each, from 0 on");
 }
 
 TEST(LintQX102, FindsPositionsThatAreNoneAndThoseUsedTwice) {
@@ -22,6 +41,14 @@ TEST(LintQX102, FindsPositionsThatAreNoneAndThoseUsedTwice) {
     EXPECT_EQ(Said(LintOf("EUR:50x10,20x10").Position(1, 0), "QX102"),
               (Lines{"/cassettes/1/position: slot 0 is written twice, the later replaces"}));
     EXPECT_EQ(Said(LintOf("EUR:50x10,20x10").Position(1, 5), "QX102"), Lines{});
+    EXPECT_EQ(Said(LintOf("EUR:50x10,20x10").Position(0, 65535), "QX102"),
+              (Lines{"/cassettes/0/position: there is no slot 65535: it never receives an item"}));
+    EXPECT_EQ(Said(LintOf("EUR:50x10,20x10,10x10").Position(0, 6).Position(1, 6), "QX102"),
+              (Lines{"/cassettes/0/position: there is no slot 6: it never receives an item",
+                     "/cassettes/1/position: there is no slot 6: it never receives an item"}));
+    EXPECT_EQ(Said(LintOf("EUR:50x10,20x10,10x10").Position(1, 0).Position(2, 0), "QX102"),
+              (Lines{"/cassettes/1/position: slot 0 is written twice, the later replaces",
+                     "/cassettes/2/position: slot 0 is written twice, the later replaces"}));
 }
 
 TEST(LintQX103, FindsOneNoteOfTwoTypes) {
@@ -29,6 +56,23 @@ TEST(LintQX103, FindsOneNoteOfTwoTypes) {
               (Lines{"/cassettes/1/type: 50 EUR is coupon here, billCassette in cassette 0: two "
                      "units instead of one"}));
     EXPECT_EQ(Said(LintOf("EUR:50x10,50x10,20x10:coupon,USD50x10:coupon"), "QX103"), Lines{});
+}
+
+TEST(LintQX103, TakesWhatDiffersInAnythingElseForAnotherNote) {
+    const auto said = [](const char* dispenser) { return Said(LintOf(dispenser), "QX103"); };
+    EXPECT_EQ(said("EUR:50x10,20x10,50x10:coupon"),
+              (Lines{"/cassettes/2/type: 50 EUR is coupon here, billCassette in cassette 0: two "
+                     "units instead of one"}));
+    EXPECT_EQ(said("EUR:50x10,50x10,50x10:coupon,50x10:coupon"),
+              (Lines{"/cassettes/2/type: 50 EUR is coupon here, billCassette in cassette 0: two "
+                     "units instead of one",
+                     "/cassettes/3/type: 50 EUR is coupon here, billCassette in cassette 0: two "
+                     "units instead of one"}));
+    EXPECT_EQ(said("EUR:50x10,USD50x10:coupon"), Lines{}) << "currency";
+    EXPECT_EQ(said("EUR:50x10,20x10:coupon"), Lines{}) << "value";
+    LintOf worth("EUR:50x10,50x10:coupon");
+    worth.dispenser.cassettes[1].worth = Money::Parse("49");
+    EXPECT_EQ(Said(worth, "QX103"), Lines{}) << "worth";
 }
 
 TEST(LintQX103, TellsMoneyApartFromUnitsOfTheAmount) {
@@ -71,6 +115,11 @@ TEST(LintQX105, FindsCountsThatWrapWithTheRestOfTheirUnit) {
               (Lines{"/cassettes/0/count: 4294967295 wraps with what the others of its unit hold: "
                      "its unit counts less"}));
     EXPECT_EQ(Said(LintOf("EUR:50x4294967295,50x11,20x9"), "QX105").size(), 1U);
+    EXPECT_EQ(Said(LintOf("EUR:50x9,20x4294967295,20x11"), "QX105"),
+              (Lines{"/cassettes/1/count: 4294967295 wraps with what the others of its unit hold: "
+                     "its unit counts less"}));
+    EXPECT_EQ(Said(LintOf("EUR:50x2147483647,50x11"), "QX105"), Lines{})
+        << "none of them reads as negative by itself";
 }
 
 TEST(LintQX105, KnowsThatMixNineIsDifferent) {

@@ -67,6 +67,31 @@ TEST(LintQX402, FindsMissedDeadlinesAndProvesThem) {
     EXPECT_EQ(Said(LintOf(kFourNotes).Mixes({4}).Amounts({50}), "QX402"), Lines{});
 }
 
+TEST(LintQX402, SaysHowManyOfTheMissedAreProved) {
+    LintCase lint = LintOf("EUR:50x10,20x10").Mixes({4}).Amounts({50, 60, 70}).Case();
+    const auto said = [&lint](const std::vector<int>& deadlines) {
+        lint.mixes.front().row = MapRow();
+        for (const int deadline : deadlines) {
+            MapCell cell;
+            cell.deadline = Milliseconds(deadline);
+            lint.mixes.front().row.Add(cell);
+        }
+        for (const LintFinding& finding : CheckAll(lint)) {
+            if (finding.id == "QX402") {
+                return finding.message;
+            }
+        }
+        return std::string();
+    };
+    EXPECT_EQ(said({0, 0, 0}), "mix 4 never answers on 3 amounts: 50, 60, 70");
+    EXPECT_EQ(said({9, 9, 9}), "mix 4 gives no answer on 3 amounts: 50, 60, 70");
+    EXPECT_EQ(said({9, 0, 9}), "mix 4 gives no answer on 3 amounts, 1 proved: 50, 60, 70");
+    EXPECT_EQ(said({0, 0, 9}), "mix 4 gives no answer on 3 amounts, 2 proved: 50, 60, 70");
+    EXPECT_EQ(said({9, 0}),
+              "mix 4 gives no answer on 2 amounts, 1 proved, given up at the last: 50, 60");
+    EXPECT_EQ(said({0}), "mix 4 never answers on 1 amount, given up at the last: 50");
+}
+
 TEST(LintQX403, FindsASecondUnitThatHoldsNearlyEverything) {
     // 4294967295 / 20 is 214748364; one note more, and what the unit is worth wraps to 4, so that
     // it comes second.
@@ -94,6 +119,14 @@ TEST(LintQX404, WarnsOfMixesThatAreCleanByLuck) {
     EXPECT_EQ(Said(LintOf("EUR:50x10").Mixes({4}), "QX404"), Lines{}) << "one unit";
     EXPECT_EQ(Said(LintOf("EUR:50x10,20x10").Mixes({4}).Amounts({30}), "QX404"), Lines{})
         << "QX401 tells more";
+    EXPECT_EQ(Said(LintOf(kFourNotes).Mixes({4}).Amounts({50, 60}), "QX404"), Lines{})
+        << "QX402 does";
+    EXPECT_EQ(Said(LintOf(kFourNotes).Mixes({4}).Amounts({50}), "QX404").size(), 1U);
+    EXPECT_EQ(Said(LintOf("EUR:50x9,20x9,10x9,5x9,2x9").Mixes({4}).Amounts({50}), "QX404").size(),
+              1U);
+    EXPECT_EQ(Said(LintOf("EUR:50x9,20x9,10x9,5x9,2x9,1x9").Mixes({4}).Amounts({50}), "QX404"),
+              Lines{})
+        << "six are not searched";
 }
 
 TEST(LintQX405, WarnsOfPartialAmounts) {
