@@ -1,7 +1,9 @@
 #pragma once
 
 #include "LastPair.h"
+#include "PairRests.h"
 #include "Refusal.h"
+#include "RestsBackwards.h"
 
 #include <utility>
 
@@ -158,23 +160,23 @@ private:
 
     /// Remembers the last combination on the lines before this one. None of them was accepted, so
     /// it is one over the limit.
-    void RememberLastBefore(Line line, Refusal& refusal) const noexcept {
-        std::uint64_t step = 1;
-        while (step <= line.number) {
-            line = {line.number - step, Wrap(line.rest - step * OuterValue())};
-            const std::uint64_t toPreviousRun = line.rest / OuterValue() + 1;
+    void RememberLastBefore(const Line& line, Refusal& refusal) const noexcept {
+        if (line.number == 0) {
+            return;
+        }
+        const PairRests rests(units_, pair_.Divisor());
+        const RestsBackwards<kWordBits> lines(OuterValue(), rests.Distance());
+        const std::uint32_t rest = Wrap(std::uint64_t{line.rest} - OuterValue());
+        std::uint64_t nearest = line.number;
+        for (std::uint64_t series = 0; series < rests.Number(); ++series) {
+            nearest = lines.LinesTo(rests.Series(series), rest, nearest);
+        }
+        if (nearest < line.number) {
+            const Line last = LineAt(line.number - 1 - nearest);
             PairPoints points{};
-            if (line.rest >= reach_) {
-                step = (line.rest - reach_) / OuterValue() + 1;
-            } else if (line.rest % pair_.Divisor() != 0) {
-                step = std::min(LinesSinceDivisible(line.rest), toPreviousRun);
-            } else if (pair_.FindPoints(line.rest, points)) {
-                pair_.Exchange(points.further, points);
-                refusal.Remember(CombinationOf(line, points));
-                return;
-            } else {
-                step = std::min(std::uint64_t{stride_}, toPreviousRun);
-            }
+            pair_.FindPoints(last.rest, points);
+            pair_.Exchange(points.further, points);
+            refusal.Remember(CombinationOf(last, points));
         }
     }
 
@@ -187,14 +189,6 @@ private:
         }
         const std::uint64_t over = rest / stepDivisor_ % stride_;
         return (stride_ - over) * stepFactor_ % stride_;
-    }
-
-    /// The same backwards: how many lines ago it was.
-    std::uint64_t LinesSinceDivisible(std::uint32_t rest) const noexcept {
-        if (rest % stepDivisor_ != 0) {
-            return kToNextRun;
-        }
-        return std::uint64_t{rest / stepDivisor_ % stride_} * stepFactor_ % stride_;
     }
 
     /// After how many lines the total that the outer unit is part of can first lie within the limit

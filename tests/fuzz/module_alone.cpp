@@ -40,12 +40,9 @@ private:
     std::uint64_t calculations_ = 0;
 };
 
-/// Amounts, values and counts that no search takes long with; all else stays as it came. An
-/// exponent of -8 once made values of billions of these: to decide that nothing pays them took
-/// seconds.
+/// Amounts, values and counts that no search takes long with; all else stays as it came.
 void Tame(MixRequest& request) {
     constexpr std::uint32_t most = 0xFFF;
-    request.sExponent = static_cast<std::int16_t>(request.sExponent % 3);
     request.ulAmount = request.ulAmount & most;
     request.usMaxDispenseItems = static_cast<std::uint16_t>(request.usMaxDispenseItems & 0x3FU);
     for (PhysicalCashUnit& cassette : request.aPhysicalCUs) {

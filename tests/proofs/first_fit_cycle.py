@@ -60,17 +60,13 @@ claims.prove("only a run of the whole cycle has so many lines",
 
 # Lines of a run: the outer value is g o, the divisor of the last two g s, a rest g times a number,
 # and o f = 1 + s t.
-g, o, s, f, t, over, missing, turns, whole = integers("g o s f t over missing turns whole")
+g, o, s, f, t, missing, turns, whole = integers("g o s f t missing turns whole")
 k, quotient = integers("k quotient")
 claims.prove_identity("LinesToDivisible lines on the divisor divides the rest: missing f - s turns",
                       (s * whole - missing) + (missing * f - s * turns) * o
                       - s * (whole + missing * t - turns * o),
                       missing * (f * o - 1 - s * t))
-claims.prove_identity("LinesSinceDivisible lines ago it did: over f - s turns",
-                      (s * whole + over) - (over * f - s * turns) * o
-                      - s * (whole + turns * o - over * t),
-                      -over * (f * o - 1 - s * t))
-claims.prove_identity("and only as many whole strides before or after, so every stride once",
+claims.prove_identity("and only as many whole strides after, so every stride once",
                       k - missing * f - s * (f * (quotient - whole) - k * t),
                       f * (k * o - missing - s * (quotient - whole)) - k * (f * o - 1 - s * t))
 claims.prove_identity("it is never 0 lines: missing f = s turns makes missing a multiple of s",
@@ -82,16 +78,6 @@ claims.prove_identity("no line of a run is divided where g does not divide its r
 claims.prove("a residue times the factor stays within 64 bits", missing * f < 2**64,
              [0 <= missing, missing < WORD, 0 <= f, f < WORD, grows(missing, f, WORD),
               grows(WORD, missing, WORD)])
-
-# RememberLastBefore
-reach, back = integers("reach back")
-claims.prove("from a dead line so many lines back is the first below the reach",
-             (rest - step * outer < reach) == (step >= back + 1),
-             [1 <= outer, reach <= rest, is_quotient(back, rest - reach, outer),
-              grows(outer, step, back), grows(outer, back + 1, step)])
-claims.prove("and so many back the previous run", (rest - step * outer < 0) == (step >= back + 1),
-             [1 <= outer, 0 <= rest, is_quotient(back, rest, outer), grows(outer, step, back),
-              grows(outer, back + 1, step)])
 
 # LinesOffLimit. Of the rest the last but one unit pays `paid`, the last one the others; p and q are
 # the items of the kind for each currency unit that they pay: 1 / value, or 0 for another kind.

@@ -36,6 +36,19 @@ TEST(DecideFirstFit, FindsWhatTheLoopsRefuseLastBeforeTheyRepeat) {
         {13, 1, 1073741817, 13, 11});
 }
 
+TEST(DecideFirstFit, FindsWhatIsRefusedLastFarFromTheEndsOfTheCycle) {
+    ExpectNever(Table().Bill(2071890431, 1).Bill(1173667, 4).Bill(1187, 1).Amount(1).Limit(0),
+                {486699822, 4, 1});
+    ExpectNever(Table()
+                    .Bill(176, 7)
+                    .Bill(1041157637, 1)
+                    .Bill(607530713, 0)
+                    .Bill(189114068, 2)
+                    .Amount(13949)
+                    .Limit(5),
+                {7, 3336961417, 0, 0});
+}
+
 void ExpectFound(const Table& table, const Counts& found) {
     const FirstFitDecision decision = Decide(table);
     EXPECT_EQ(Ending::Found, decision.ending);
