@@ -20,7 +20,7 @@ inline float SingleOf(std::uint32_t value) noexcept {
 /// Taken from the bits of the number, because processors and compilers disagree on conversions that
 /// do not fit.
 inline std::uint32_t TruncateToU32(double value) noexcept {
-    std::uint64_t bits = 0;
+    std::uint64_t bits{};
     static_assert(sizeof(bits) == sizeof(value));
     std::memcpy(&bits, &value, sizeof(bits));
     constexpr int kMantissaBits = 52;

@@ -78,6 +78,18 @@ TEST(DecideFirstFit, RemembersTheLastRefusedOfTwoUnitsThatFallShort) {
     EXPECT_EQ((Counts{3, 1}), Decide(table).refusal.combination);
 }
 
+TEST(DecideFirstFit, GoesOnToTheStepOnWhichNothingIsTaken) {
+    const Table table = Table().Bill(2, 1).Bill(4, 1).Amount(3).Limit(0).Partial();
+    ExpectFound(table, {0, 0});
+    EXPECT_EQ((Counts{1, 0}), Decide(table).refusal.combination);
+}
+
+TEST(DecideFirstFit, GoesOnToTheLineOnWhichCoinsOfTheOuterUnitAreWithinTheLimit) {
+    const Table table = Table().Coin(10, 5).Bill(20, 0).Bill(40, 3).Amount(60).Limit(2);
+    ExpectFound(table, {2, 0, 1});
+    EXPECT_EQ((Counts{4, 0xFFFFFFFB, 3}), Decide(table).refusal.combination);
+}
+
 TEST(DecideFirstFit, TellsWhereNothingAtAllIsRefused) {
     // All values are even, and so is every rest that has wrapped.
     const FirstFitDecision decision =
