@@ -80,6 +80,16 @@ TEST(DrawDemand, DrawsTheSameFromTheSameSeed) {
     EXPECT_TRUE(isOther);
 }
 
+TEST(DrawDemand, SaysWhatItDrew) {
+    DemandPattern pattern = Pattern();
+    const Demand week = DrawDemand(pattern, 7, "USD");
+    EXPECT_EQ(week.currencies, std::vector<std::string>{"USD"});
+    EXPECT_EQ(week.seed, 7U);
+    EXPECT_EQ(week.calendar.Text(0), "Mon 00:00");
+    pattern.days = 8;
+    EXPECT_EQ(DrawDemand(pattern, 7, "USD").calendar.Text(0), "w1 Mon 00:00");
+}
+
 TEST(DrawDemand, DrawsOnlyWhatHasWeight) {
     for (const Withdrawal& withdrawal : DrawDemand(Pattern(), 1, "EUR").withdrawals) {
         const std::int64_t hour = withdrawal.time / 3600 % 24;

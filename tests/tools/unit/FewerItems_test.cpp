@@ -59,6 +59,19 @@ TEST(FewItems, ComeFromCassettesThatMayGive) {
     EXPECT_FALSE(FewItemsFor(ReadInlineDispenser("EUR:100x5:retractCassette,50x5"), 150, 2));
 }
 
+TEST(FewItems, AreOfWhatAnAmountCanName) {
+    EXPECT_TRUE(FewItemsFor(ReadInlineDispenser("EUR:5x5:coinCylinder,2x5:coinDispenser"), 7, 2));
+    Dispenser halves = ReadInlineDispenser("EUR:50x5:coinDispenser,20x5");
+    halves.cassettes[0].worth = Money::Parse("0.5");
+    EXPECT_FALSE(FewItemsFor(halves, 1, 9)) << "two halves";
+    EXPECT_TRUE(FewItemsFor(halves, 20, 1));
+    halves.exponent = -1;
+    EXPECT_TRUE(FewItemsFor(halves, 10, 2));
+    EXPECT_FALSE(FewItemsFor(ReadInlineDispenser("EUR:0x5,20x5"), 30, 9));
+    EXPECT_TRUE(FewItemsFor(ReadInlineDispenser("EUR:0x5,20x5"), 40, 2));
+    EXPECT_FALSE(FewItemsFor(ReadInlineDispenser("EUR:0x5"), 40, 2));
+}
+
 TEST(FewItems, ComeFromTheFirstOfEqualCassettes) {
     const auto found = FewItemsFor(ReadInlineDispenser("EUR:20x5,50x5,50x5,50x5"), 70, 2);
     ASSERT_TRUE(found);

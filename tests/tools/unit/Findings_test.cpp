@@ -48,6 +48,10 @@ TEST(Findings, BreakACommandAsShellsTakeIt) {
     finding.advice = "qxmix " + std::string(50, 'a') + " " + std::string(20, 'b');
     EXPECT_EQ(Text(finding), "error QX123  wrong\n      do     qxmix " + std::string(50, 'a') +
                                  " \\\n" + std::string(15, ' ') + std::string(20, 'b') + "\n");
+    finding.advice = "try qxmix " + std::string(50, 'a') + " " + std::string(20, 'b');
+    EXPECT_EQ(Text(finding), "error QX123  wrong\n      do     try qxmix " + std::string(50, 'a') +
+                                 "\n" + std::string(13, ' ') + std::string(20, 'b') + "\n")
+        << "that is no command";
     finding.advice = std::string(66, 'a') + " " + std::string(20, 'b');
     EXPECT_EQ(Text(finding), "error QX123  wrong\n      do     " + std::string(66, 'a') + "\n" +
                                  std::string(13, ' ') + std::string(20, 'b') + "\n");

@@ -81,6 +81,17 @@ TEST(Judgement, IsOverdrawnWithItemsFromASlotThatNoCassetteHas) {
     EXPECT_EQ(OutcomeOf("EUR:50x2", 100, Answered(0, {2, 0, 0, 0, 0, 1})), Outcome::Overdrawn);
 }
 
+TEST(Judgement, CountsItemsOfSlotsThatNoCassetteHasAsNotes) {
+    const Answer answer = Judge(ReadInlineDispenser("EUR:50x9,2x9:coinDispenser"), 100,
+                                Answered(0, {1, 2, 3, 0, 4, 5}));
+    EXPECT_EQ(answer.notes, 13U);
+    EXPECT_EQ(answer.coins, 2U);
+    EXPECT_FALSE(answer.isHeld);
+    EXPECT_EQ(answer.paid.Text(), "54");
+    EXPECT_TRUE(Judge(ReadInlineDispenser("EUR:50x9"), 50, Answered(0, {9})).isHeld);
+    EXPECT_FALSE(Judge(ReadInlineDispenser("EUR:50x9"), 50, Answered(0, {10})).isHeld);
+}
+
 TEST(Judgement, TellsNothingFromSomething) {
     EXPECT_EQ(OutcomeOf(50, 0, {}), Outcome::NothingPaid);
     EXPECT_EQ(OutcomeOf(50, 0, {0, 1}), Outcome::PaidInPart);

@@ -81,6 +81,16 @@ TEST(RecordedDays, DrawsTheSameFromTheSameSeedOnEveryMachine) {
     EXPECT_NE(DatesOf(days.Draw(1)), DatesOf(days.Draw(2)));
 }
 
+TEST(RecordedDays, CountsTheDaysThatItDraws) {
+    RecordedDays days = Days(FourWeeks(), 7);
+    const Demand week = days.Draw(3);
+    EXPECT_EQ(week.seed, 3U);
+    EXPECT_EQ(week.currencies, std::vector<std::string>{"EUR"});
+    EXPECT_EQ(week.calendar.Text(0), "Mon 00:00") << "of no date";
+    days.SetDays(8);
+    EXPECT_EQ(days.Draw(3).calendar.Text(0), "w1 Mon 00:00");
+}
+
 TEST(RecordedDays, KnowsHowMuchItDraws) {
     RecordedDays days = Days(FourWeeks(), 7);
     for (const std::uint32_t count : {7U, 1U, 30U}) {

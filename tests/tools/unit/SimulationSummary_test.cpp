@@ -87,6 +87,8 @@ TEST(DrainedDispenser, IsGivenUpForAnswersThatMayYetComeAlone) {
         drained.Add({}, Step(Outcome::NoAnswer), Money());
     }
     EXPECT_TRUE(drained.IsGivenUp());
+    EXPECT_TRUE(drained.Summary().isGivenUp);
+    EXPECT_FALSE(DrainedDispenser(Before()).Summary().isGivenUp);
     EXPECT_EQ(drained.Summary().misses, kMissesToGiveUp);
 }
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+
 namespace qxmix {
 namespace {
 
@@ -33,6 +35,25 @@ TEST(StoredText, IsPlainTextAlone) {
     EXPECT_EQ(TextIn(std::string("1\0\0A", 4)), std::nullopt) << "U+4100";
     EXPECT_EQ(TextIn(std::string("1\0002", 3)), std::nullopt) << "half a character";
     EXPECT_EQ(TextIn(TextBytes("12"), kRegDword), std::nullopt);
+}
+
+TEST(StoredValueText, NamesTheTypesOfARegistry) {
+    for (const auto& [type, name] : std::map<std::uint32_t, const char*>{{0, "REG_NONE"},
+                                                                         {1, "REG_SZ"},
+                                                                         {2, "REG_EXPAND_SZ"},
+                                                                         {3, "REG_BINARY"},
+                                                                         {4, "REG_DWORD"},
+                                                                         {5, "type 5"},
+                                                                         {6, "type 6"},
+                                                                         {7, "REG_MULTI_SZ"},
+                                                                         {8, "type 8"}}) {
+        EXPECT_EQ(StoredValueText({kTraceLevel, type, "\x01\xFF\xFF"}),
+                  std::string(name) + " 01 ff ff");
+    }
+    EXPECT_EQ(StoredValueText({kTraceLevel, kRegDword, std::string(5, '\0')}),
+              "REG_DWORD 00 00 00 00 00");
+    EXPECT_EQ(StoredValueText({kTraceLevel, kRegDword, DwordBytes(0)}), "REG_DWORD 0");
+    EXPECT_EQ(StoredValueText({kTraceLevel, kRegDword, DwordBytes(1)}), "REG_DWORD 1");
 }
 
 TEST(StoredValueText, TellsTheTypeWithTextNumberOrBytes) {

@@ -48,7 +48,6 @@ std::vector<std::uint32_t> AmountColumn::Amounts(const BadRow& passOver) {
                 std::any_of(rows_.begin(), rows_.end(),
                             [this](const Row& row) { return HasDecimals(row.amount); });
     std::vector<std::uint32_t> amounts;
-    amounts.reserve(rows_.size());
     for (const Row& row : rows_) {
         try {
             amounts.push_back(AmountOf(row.amount, row.line));

@@ -86,15 +86,13 @@ std::string GivenSheetOption(const SheetOptions& options) {
 }
 
 std::string SheetWords(const SheetOptions& options) {
-    std::string words;
-    if (!options.columnsGiven.empty()) {
-        words += " --columns " + ShellWord(options.columnsGiven);
+    const std::string columns =
+        options.columnsGiven.empty() ? "" : " --columns " + ShellWord(options.columnsGiven);
+    if (!options.dates) {
+        return columns;
     }
-    if (options.dates) {
-        words += std::string(" --dates ") +
-                 (*options.dates == DateOrder::DayFirst ? kDayFirst : kMonthFirst);
-    }
-    return words;
+    return columns + " --dates " +
+           (*options.dates == DateOrder::DayFirst ? kDayFirst : kMonthFirst);
 }
 
 }  // namespace qxmix

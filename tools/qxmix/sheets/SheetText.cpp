@@ -47,7 +47,6 @@ std::string FromUtf16(std::string bytes, Encoding encoding) {
 
 std::string FromWindows(std::string_view bytes) {
     std::u16string text;
-    text.reserve(bytes.size());
     std::transform(bytes.begin(), bytes.end(), std::back_inserter(text),
                    [](char byte) { return FromWindows1252(static_cast<std::uint8_t>(byte)); });
     return EncodeUtf8(text);

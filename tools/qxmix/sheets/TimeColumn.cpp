@@ -50,7 +50,6 @@ std::vector<std::int64_t> TimeColumn::Seconds() const {
                                    "--dates mdy, or a row that decides it");
     }
     std::vector<std::int64_t> seconds;
-    seconds.reserve(readings_.size());
     for (const Readings& readings : readings_) {
         seconds.push_back(order_ == DateOrder::MonthFirst ? readings.monthFirst
                                                           : readings.dayFirst);

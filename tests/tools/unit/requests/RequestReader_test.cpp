@@ -192,6 +192,7 @@ TEST_F(RawRequest, IsReadAsItWasAsked) {
 TEST_F(RawRequest, ThatCameBackHasTheAmountThatWasAsked) {
     EXPECT_EQ(AmountBefore(1, 2, 300), 3U);
     EXPECT_EQ(AmountBefore(10, 2, 0), 0U);
+    EXPECT_EQ(AmountBefore(kLastMix, 2, 300), 3U);
     EXPECT_EQ(AmountBefore(1, 0, 305), 305U);
     EXPECT_EQ(AmountBefore(1, -2, 300), 300U);
     EXPECT_EQ(AmountBefore(0, 2, 305), 305U) << "no mix has scaled it";

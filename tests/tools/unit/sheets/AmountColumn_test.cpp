@@ -50,7 +50,11 @@ TEST(AmountColumn, ReadsThousandsAndDecimalsThatAreNone) {
         EXPECT_EQ(AmountsOf({text}), Amounts{1234}) << text;
     }
     EXPECT_EQ(AmountsOf({"1,234,567", "50"}), (Amounts{1234567, 50}));
+    EXPECT_EQ(AmountsOf({"123,456,789"}), Amounts{123456789});
+    EXPECT_EQ(AmountsOf({"12,345,678"}), Amounts{12345678});
+    EXPECT_EQ(AmountsOf({"123'456"}), Amounts{123456});
     EXPECT_EQ(AmountsOf({"12,34,567.00"}), Amounts{1234567}) << "as in India";
+    EXPECT_EQ(AmountsOf({"1,23,456"}), Amounts{123456});
     EXPECT_EQ(AmountsOf({"0", "4,294,967,295"}), (Amounts{0, 4294967295}));
 }
 

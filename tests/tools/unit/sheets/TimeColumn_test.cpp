@@ -30,9 +30,9 @@ std::int64_t At(std::int64_t hour, std::int64_t minute, std::int64_t second = 0)
 }
 
 TEST(TimeColumn, ReadsDatesWithTheYearFirst) {
-    for (const char* text :
-         {"2026-11-16 09:46", "2026-11-16T09:46", "2026-11-16T09:46:00", "2026-11-16 9:46:00.999",
-          "2026/11/16 9:46", "2026-11-16  9:46 AM", "2026-11-16, 09:46:00,5"}) {
+    for (const char* text : {"2026-11-16 09:46", "2026-11-16T09:46", "2026-11-16  09:46",
+                             "2026-11-16T09:46:00", "2026-11-16 9:46:00.999", "2026/11/16 9:46",
+                             "2026-11-16  9:46 AM", "2026-11-16, 09:46:00,5"}) {
         EXPECT_EQ(SecondsOf({text}), Times{At(9, 46)}) << text;
     }
 }
@@ -41,6 +41,16 @@ TEST(TimeColumn, ReadsDatesWithTheYearLast) {
     for (const char* text : {"16.11.2026 9:46", "16.11.2026 09:46:00", "11/16/2026 9:46",
                              "16/11/2026 09:46", "16-11-2026 9:46", "11/16/2026, 9:46:00 am"}) {
         EXPECT_EQ(SecondsOf({text}), Times{At(9, 46)}) << text;
+    }
+}
+
+TEST(TimeColumn, TakesDaysAndMonthsOfOneDigit) {
+    const std::int64_t day = *DayNumber({2026, 1, 6}) * kSecondsInDay;
+    for (const char* text : {"2026-1-6 00:00", "2026-01-6 0:00", "2026-1-06 0:00"}) {
+        EXPECT_EQ(SecondsOf({text}), Times{day}) << text;
+    }
+    for (const char* text : {"6.1.2026 00:00", "06.1.2026 0:00", "6.01.2026 0:00"}) {
+        EXPECT_EQ(SecondsOf({text}, DateOrder::DayFirst), Times{day}) << text;
     }
 }
 

@@ -75,6 +75,28 @@ TEST_F(MixTableReader, TakesATableWithoutNumberNameAndRows) {
               ": /mixRows: 3 is not allowed; expected a list of rows");
 }
 
+TEST_F(MixTableReader, HoldsNumberAndNameToTheirSize) {
+    const auto errorOf = [this](const std::string& field) {
+        return Error("{" + field + R"(,"mixHeader":[5],"mixRows":[]})");
+    };
+    EXPECT_EQ(errorOf(R"("mixNumber":65535)"), "accepted");
+    EXPECT_EQ(errorOf(R"("mixNumber":65536)"),
+              ": /mixNumber: 65536 is not allowed; expected 0 to 65535");
+    EXPECT_EQ(errorOf("\"name\":\"" + std::string(1024, 'a') + "\""), "accepted");
+    EXPECT_EQ(errorOf("\"name\":\"" + std::string(1025, 'a') + "\""),
+              ": /name: 1025 characters; expected text of at most 1024 characters");
+    EXPECT_EQ(errorOf(R"("naem":"a")"), ": /naem: unknown field; did you mean \"name\"?");
+    EXPECT_EQ(Error(R"({"mixHeader":[5],"mixRows":[{"amount":5,"mixture":[1],"x":1}]})"),
+              ": /mixRows/0/x: unknown field; expected one of: amount, mixture");
+    EXPECT_EQ(Error(R"({"mixHeader":[5],"mixRows":[{"amount":5,"mixture":1}]})"),
+              ": /mixRows/0/mixture: 1 is not allowed; expected a list of the number of each note");
+    EXPECT_EQ(Error(R"({"mixRows":[]})"),
+              ": /mixHeader: missing; expected a list of what each note is worth");
+    EXPECT_EQ(Error(R"({"mixHeader":[5]})"), ": /mixRows: missing; expected a list of rows");
+    EXPECT_EQ(Error("amount\n5\n"), ":1: a column without a heading, or amount alone; expected "
+                                    "amount and then what each note is worth");
+}
+
 TEST_F(MixTableReader, WantsEachNoteOnce) {
     const auto errorOf = [this](const std::string& header) {
         return Error(R"({"mixHeader":)" + header + R"(,"mixRows":[]})");

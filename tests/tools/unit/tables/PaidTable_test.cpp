@@ -54,6 +54,9 @@ TEST(PaidTable, HasARowForEachAmountThatIsPaidExactly) {
     EXPECT_EQ(table.rows[1].counts, (std::vector<std::uint16_t>{1, 3}));
     EXPECT_EQ(TextOf(table.NotesOf(table.rows[1], questions.dispenser)), "1x50 3x20");
 
+    answers.rows[0] = MapRow();
+    answers.rows[0].Add(Cell(Outcome::Paid, {0, 2, 0}));
+    EXPECT_EQ(PaidTable(questions, answers).rows[0].counts, (std::vector<std::uint16_t>{2, 0}));
     questions.dispenser.name = "Hall";
     EXPECT_EQ(PaidTable(questions, answers).name, "Hall, mix 3");
 }

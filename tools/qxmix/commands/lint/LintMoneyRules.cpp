@@ -16,7 +16,7 @@ std::string UnitText(const Dispenser& dispenser) {
     return ReadableText(AskedMoney(dispenser, 1)) + " " + dispenser.currency;
 }
 
-/// Whether a number scaled by a power of ten is beyond 32 bits.
+/// Whether a number scaled by a power of ten is beyond 32 bits; by a negative one it never is.
 bool Wraps(std::uint32_t number, int power) {
     return Money::Of(number, power) > Money::Of(UINT32_MAX, 0);
 }
@@ -69,14 +69,13 @@ void CheckWrappedAmounts(const LintCase& lint, LintReport& report) {
     const Dispenser& dispenser = lint.TheDispenser();
     const int exponent = dispenser.exponent;
     const std::uint32_t most = *AmountsWithDefaults(dispenser).max;
-    if (exponent > 0 && Wraps(most, exponent)) {
+    if (Wraps(most, exponent)) {
         report.Add(AmountsPointer(dispenser) + "/max",
                    WrapText(most, exponent) + ": another amount is paid");
     }
     for (std::size_t index = 0; index < dispenser.cassettes.size(); ++index) {
         const Cassette& cassette = dispenser.cassettes[index];
-        if (exponent < 0 && !IsCoin(cassette) && Wraps(cassette.value, -exponent) &&
-            lint.TellsOf(cassette)) {
+        if (!IsCoin(cassette) && Wraps(cassette.value, -exponent) && lint.TellsOf(cassette)) {
             report.Add(CassettePointer(index, "value"),
                        WrapText(cassette.value, -exponent) + ": another amount is paid",
                        MixesWhere(lint, Rescales));

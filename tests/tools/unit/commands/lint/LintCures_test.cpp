@@ -148,6 +148,8 @@ TEST(LintCures, OfferTheLongestStretchThatIsPaid) {
     EXPECT_EQ(range("EUR:50x400,20x400", {10, 200, 5}), "40 to 200 in 10");
     EXPECT_EQ(range("EUR:50x400,20x400", {5, 205, 20}), "none") << "no step ends in 0";
     EXPECT_EQ(range("EUR:50x400,20x400", {50, 200, 25}), "50 to 200 in 50") << "75 is refused";
+    EXPECT_EQ(range("EUR:50x400,20x400", {30, 210, 40}), "70 to 190 in 40");
+    EXPECT_EQ(range("EUR:50x400,20x400", {40, 190, 75}), "40 to 190 in 150") << "115 is no step";
     EXPECT_EQ(range("EUR:30x2,20x2", {10, 100, 10}), "20 to 80 in 10") << "100 stands alone";
     EXPECT_EQ(range("EUR:10x1,30x9", {10, 100, 10}), "30 to 40 in 10") << "the first of those";
     EXPECT_EQ(range("EUR:10x1,40x9,50x1", {10, 110, 10}), "40 to 60 in 10")

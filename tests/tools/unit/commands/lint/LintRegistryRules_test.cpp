@@ -60,5 +60,13 @@ TEST(LintQX305, FindsACodeLeftBefore) {
         << "what is asked comes later";
 }
 
+TEST(LintQX306, FindsAValueThatIsStoredElsewhere) {
+    LintOf lint("EUR:50x10");
+    lint.registry = "REGEDIT4\n\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\ATM\\ErrorCode]\n\n"
+                    "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Other]\n\"TraceLevel\"=dword:00000001\n";
+    EXPECT_EQ(Said(lint, "QX306").size(), 1U);
+    EXPECT_EQ(Said(LintOf("EUR:50x10"), "QX306"), Lines{});
+}
+
 }  // namespace
 }  // namespace qxmix

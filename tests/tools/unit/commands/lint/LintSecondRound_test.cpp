@@ -57,6 +57,52 @@ TEST(LintSecondRound, KeepsTheAnswersOfTheMixesThatWereNotAsked) {
     }
 }
 
+TEST(LintCase, HasWhatWasAsked) {
+    LintOf lint = LintOf(kThreeNotes).Mixes({3, 1}).Amounts({30, 50});
+    lint.registryFile = "device.reg";
+    lint.isRangeNamed = false;
+    lint.slow = Milliseconds(77);
+    lint.currencies = {"EUR", "USD"};
+    const LintCase asked = lint.Case();
+    EXPECT_EQ(asked.registryFile, "device.reg");
+    EXPECT_NE(asked.registry, "");
+    EXPECT_FALSE(asked.isRangeNamed);
+    EXPECT_EQ(asked.slow, Milliseconds(77));
+    EXPECT_EQ(asked.currencies, (std::vector<std::string>{"EUR", "USD"}));
+    EXPECT_EQ(asked.amountCount, 2U);
+    EXPECT_TRUE(asked.isComplete);
+    EXPECT_EQ(asked.taken.minimum, 100U);
+    EXPECT_EQ(asked.lastCode, "971A2") << "30 is refused";
+    EXPECT_EQ(LintOf(lint).Amounts({50}).Case().lastCode, "");
+    EXPECT_EQ(asked.mixes.front().mix, 1) << "in their order";
+}
+
+TEST(LintCase, AsksTheStepsAndTheButtonsBetweenThem) {
+    MapQuestions range;
+    range.dispenser = ReadInlineDispenser("EUR:50x9");
+    range.from = 10;
+    range.to = 30;
+    range.step = 10;
+    EXPECT_EQ(AmountsAndButtons(range), (Amounts32{10, 20, 30}));
+    range.dispenser.amounts["EUR"].buttons = {40, 20, 5};
+    EXPECT_EQ(AmountsAndButtons(range), (Amounts32{5, 10, 20, 30, 40}));
+}
+
+TEST(LintCase, KnowsWhatLiesBelowTheSmallestNote) {
+    const LintCase asked = LintOf(kThreeNotes).Case();
+    EXPECT_TRUE(IsBelowSmallest(asked.mixes.front(), 19));
+    EXPECT_FALSE(IsBelowSmallest(asked.mixes.front(), 20));
+    const LintCase none = LintOf("EUR:USD5x9").Case();
+    EXPECT_FALSE(IsBelowSmallest(none.mixes.front(), 1)) << "there is none";
+}
+
+TEST(LintCase, IsGivenUpWhereAMixHasFewerAnswers) {
+    LintCase asked = LintOf(kThreeNotes).Amounts({50, 100}).Case();
+    EXPECT_FALSE(asked.IsGivenUp(asked.mixes.front()));
+    asked.amountCount = 3;
+    EXPECT_TRUE(asked.IsGivenUp(asked.mixes.front()));
+}
+
 TEST(LintSecondRound, KnowsWhatTheLimitAloneStops) {
     const LintCase lint =
         LintOf("EUR:50x10,20x10").Limit(5).Mixes({3}).Amounts({30, 60, 330, 2000}).Case();
