@@ -42,6 +42,10 @@ def check_one_and_many(tool, checks):
                  asked["format"])
     checks.check("several currencies have another", several["format"] !=
                  one["format"], several["format"])
+    findings = json.loads(tool.run(["lint", "EUR:50x1,20x1,USD50x1,USD20x1", "--from", "30",
+                                    "--to", "30", "--mix", "1", "--json"])[1])["result"]["findings"]
+    checks.equal("and what is found is told of each", [
+        finding["currency"] for finding in findings if finding["id"] == "QX512"], ["EUR", "USD"])
     checks.equal("complete", [answer["complete"] for answer in (one, several, asked, many)],
                  [True] * 4)
     checks.equal("the exit status is told", [answer["exitStatus"] for answer in (one, many)], [

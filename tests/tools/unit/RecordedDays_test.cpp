@@ -156,6 +156,14 @@ TEST(RecordedDays, RefusesMoreThanADemandMayHave) {
     EXPECT_EQ(ErrorOfDays(rows, 3500),
               "list.csv: up to 1001000 withdrawals in 3500 days are too many; expected at most "
               "1000000");
+    std::string two;
+    for (const char* const week : {"w1", "w2"}) {
+        for (int row = 0; row < 2000; ++row) {
+            two += week + std::string(" Mon 09:00,20\n");
+        }
+    }
+    EXPECT_EQ(ErrorOfDays(two, 3500), "accepted") << "500 Mondays are a million";
+    EXPECT_NE(ErrorOfDays(two, 3501), "accepted");
 }
 
 }  // namespace

@@ -64,6 +64,17 @@ TEST(Request, OfAnyBytesGivesADispenserOfAtMostSixCassettes) {
     EXPECT_EQ(dispenser.cassettes.size(), 6U);
     EXPECT_FALSE(dispenser.partial);
     EXPECT_EQ(dispenser.currency, "???");
+    request.cCurrencyID = {{'~', '!', ' '}};
+    EXPECT_EQ(DispenserOfRequest(request, Dispenser{}).currency, "~!?");
+    request.cCurrencyID = {{'\x7f', 'A', 'z'}};
+    EXPECT_EQ(DispenserOfRequest(request, Dispenser{}).currency, "?Az");
+    for (const unsigned count : {0U, 5U, 6U, 7U}) {
+        request.usNumPhysicalCUs = static_cast<std::uint16_t>(count);
+        EXPECT_EQ(DispenserOfRequest(request, Dispenser{}).cassettes.size(),
+                  std::min<std::size_t>(count, 6));
+    }
+    request.bAllowPartial = 1U;
+    EXPECT_TRUE(DispenserOfRequest(request, Dispenser{}).partial);
 }
 
 }  // namespace

@@ -66,6 +66,9 @@ TEST(AmountColumn, LetsTheColumnDecideWhatOneMarkIs) {
     EXPECT_EQ(AmountsOf({"1.000", "1,000,000"}), (Amounts{1, 1000000}));
     EXPECT_EQ(AmountsOf({"1'000", "20.000"}), (Amounts{1000, 20}));
     EXPECT_EQ(AmountsOf({"0.000", "20.000"}), (Amounts{0, 20}));
+    EXPECT_EQ(AmountsOf({"1'234'567", "50,00"}), (Amounts{1234567, 50}));
+    EXPECT_EQ(AmountsOf({"1'234'567", "50.00"}), (Amounts{1234567, 50}));
+    EXPECT_EQ(AmountsOf({"1.234.567", "50,00"}), (Amounts{1234567, 50}));
     EXPECT_EQ(AmountsOf({"1.000", "5"}), (Amounts{1000, 5}));
     EXPECT_EQ(AmountsOf({"1.000", "500"}), (Amounts{1000, 500}));
     EXPECT_EQ(AmountsOf({"5", "1.000", "500"}, -2), (Amounts{5, 1000, 500}));
@@ -81,6 +84,15 @@ TEST(AmountColumn, GuessesNothing) {
     EXPECT_EQ(ErrorOfAmounts({"1,234.00", "50,00"}),
               "list.csv:3: amount: 50,00 has a comma before decimals; expected a point as in line "
               "2 (1,234.00)");
+}
+
+TEST(AmountColumn, TakesAMarkThatPartsThousandsForNoDecimals) {
+    EXPECT_EQ(ErrorOfAmounts({"1,234,567", "50,00"}),
+              "list.csv:3: amount: 50,00 has a comma before decimals; expected a point as in line "
+              "2 (1,234,567)");
+    EXPECT_EQ(ErrorOfAmounts({"1.234.567", "50.00"}),
+              "list.csv:3: amount: 50.00 has a point before decimals; expected a comma as in line "
+              "2 (1.234.567)");
 }
 
 TEST(AmountColumn, TakesNoMarksWithinAGroup) {

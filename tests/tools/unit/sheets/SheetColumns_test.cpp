@@ -80,6 +80,9 @@ TEST(SheetColumns, SaysWhatIsMissing) {
     EXPECT_EQ(ErrorOfColumns("a,b,c,d,e,f,g,h,i,j\n"),
               "list.csv:1: no column time in a, b, c, d, e, f, g, h and 2 more; expected it, or "
               "--columns time=NAME");
+    EXPECT_EQ(HeadingList({"a", "b", "c", "d", "e", "f", "g", "h"}), "a, b, c, d, e, f, g, h");
+    EXPECT_EQ(HeadingList({"a", "b", "c", "d", "e", "f", "g", "h", "i"}),
+              "a, b, c, d, e, f, g, h and 1 more");
     EXPECT_EQ(ErrorOfColumns("time,Time,amount\n"),
               "list.csv:1: column time given twice; expected once");
     EXPECT_EQ(ErrorOfColumns("time,amount,curency\n"),

@@ -64,6 +64,10 @@ TEST(SheetReader, CountsLinesWithinQuotes) {
 TEST(SheetReader, SaysWhereQuotesAreWrong) {
     EXPECT_EQ(ErrorOfSheet("a\nb, \"c\nd\n"),
               "list.csv:2:4: a quote that is never closed; expected another behind the text");
+    EXPECT_EQ(ErrorOfSheet("a\n\"b"),
+              "list.csv:2:1: a quote that is never closed; expected another behind the text");
+    EXPECT_EQ(ErrorOfSheet("\"a\nb"),
+              "list.csv:1:1: a quote that is never closed; expected another behind the text");
     EXPECT_EQ(ErrorOfSheet("\"a\" b\n"), "list.csv:1:5: text behind a closing quote; expected two "
                                          "quotes for one in a text");
     EXPECT_EQ(ErrorOfSheet("\"a\nb\"c"), "list.csv:2:3: text behind a closing quote; expected two "

@@ -207,6 +207,20 @@ TEST(LintQX512, FindsWhatIsRefusedThoughTheLimitAllowsIt) {
     EXPECT_EQ(Said(LintOf(lint).Amounts({40, 50, 4100}), "QX512"), Lines{}) << "below, over";
 }
 
+TEST(LintQX512, TellsProgramsWhatWouldHelp) {
+    const LintOf lint = LintOf("EUR:100x500,50x500").Amounts({40, 50, 60});
+    const Json refused = lint.Findings("QX512").front().cures;
+    ASSERT_EQ(refused.size(), 1U);
+    EXPECT_EQ(refused[0]["loading"]["cassette"]["value"], 20);
+    const Json over =
+        LintOf("EUR:50x10,20x10").Limit(5).Amounts({30, 60, 330}).Findings("QX504").front().cures;
+    ASSERT_FALSE(over.empty());
+    EXPECT_EQ(over[0], Json({{"maxDispenseItems", 9}}));
+    const Json none = LintOf("USD:20x0:empty").Amounts({20, 40}).Findings("QX508").front().cures;
+    ASSERT_FALSE(none.empty());
+    EXPECT_EQ(none[0]["loading"]["paid"], 2);
+}
+
 TEST(LintQX512, IsANoteWhereNobodyNamedTheAmounts) {
     LintOf lint = LintOf("EUR:100x500,50x500").Amounts({60});
     lint.isRangeNamed = false;

@@ -33,6 +33,11 @@ TEST(LintQX302, FindsAMinimumThatLeavesNothing) {
               (Lines{"/registry/CSTMinimum4Mix6: the minimum 250 is not below the largest unit, "
                      "250: nothing is left (mix 6)"}));
     EXPECT_EQ(Said(LintOf("EUR:50x250").Minimum("249").Mixes({6}), "QX302"), Lines{});
+    EXPECT_EQ(Said(LintOf("EUR:20x90,50x120,10x7,5x9000:rejectCassette").Minimum("250").Mixes({6}),
+                   "QX302"),
+              (Lines{"/registry/CSTMinimum4Mix6: the minimum 250 is not below the largest unit, "
+                     "120: nothing is left"}))
+        << "of those that it would draw from";
     EXPECT_EQ(Said(LintOf("EUR:50x250").Minimum("-1").Mixes({9}), "QX302").size(), 1U);
     EXPECT_EQ(Said(LintOf("EUR:50x10").Mixes({1, 5}), "QX302"), Lines{}) << "not read";
 }

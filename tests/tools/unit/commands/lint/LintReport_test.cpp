@@ -196,6 +196,20 @@ TEST(LintReport, ListsAsManyAnswersAsFit) {
     }
     EXPECT_TRUE(wasCut);
     EXPECT_FALSE(wasWhole) << "20 amounts are too long for a line and a half";
+    const auto lastIs = [](const std::string& last) {
+        const auto found = Found([&](const LintCase& lint, LintReport& report) {
+            LintAnswersText text;
+            text.before = std::string(31, 'a');
+            text.tell = [&](const LintAnswer& answer) {
+                return answer.amount == 40 ? last : std::to_string(answer.amount);
+            };
+            report.AddAnswers(lint.mixes[0], {{10, 1, {}}, {20, 1, {}}, {30, 1, {}}, {40, 1, {}}},
+                              text);
+        });
+        return found.front().message.substr(46);
+    };
+    EXPECT_EQ(lastIs("abc"), "10, 20, 30, abc") << "15 columns, which are left";
+    EXPECT_EQ(lastIs("abcd"), "10, 20, 30, ...");
     const auto four = [](std::size_t size) {
         return AboutAnswers(4, false, std::string(size, 'a')).message.substr(size + 15);
     };

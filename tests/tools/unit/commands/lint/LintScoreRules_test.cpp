@@ -82,6 +82,18 @@ TEST(LintAdvisable, NoMixThatWasSlowOrTookTooMuchAnywhere) {
     EXPECT_TRUE(answer(Outcome::Paid, 20));
     EXPECT_FALSE(answer(Outcome::Paid, 21));
     EXPECT_TRUE(answer(Outcome::Paid, 0));
+    for (const Outcome one : {Outcome::Overpaid, Outcome::Overdrawn, Outcome::NoAnswer}) {
+        for (const Outcome other : {Outcome::Overdrawn, Outcome::NoAnswer, Outcome::Crashed}) {
+            MapCell cell;
+            cell.outcome = one;
+            lint.mixes.front().row = MapRow();
+            lint.mixes.front().row.Add(cell);
+            cell.outcome = other;
+            lint.mixes.front().row.Add(cell);
+            EXPECT_FALSE(IsAdvisable(lint, 1)) << "one of each";
+        }
+    }
+    EXPECT_TRUE(answer(Outcome::Paid, 0));
     lint.payers[30].dangerous.insert(2);
     EXPECT_TRUE(IsAdvisable(lint, 1));
     EXPECT_FALSE(IsAdvisable(lint, 2)) << "although it was not asked at first";
