@@ -16,9 +16,14 @@ set(qxmix_joined_folders
     "unit/commands/explain unit/commands/fill"
     "unit/demand unit/requests unit/sheets unit/sweeps unit/tables")
 
+# GCC looks through its memory for what it may use again, a sixth of the time of what is so large; it
+# takes 850 MB instead of 660 where it does not.
+set(qxmix_joined_options "$<$<CXX_COMPILER_ID:GNU>:--param=ggc-min-heapsize=1048576>")
+
 function(qxmix_join_sources target)
   set_target_properties(${target} PROPERTIES UNITY_BUILD ${QXMIX_JOIN_SOURCES}
                                              UNITY_BUILD_MODE GROUP)
+  target_compile_options(${target} PRIVATE ${qxmix_joined_options})
   get_target_property(sources ${target} SOURCES)
   foreach(source IN LISTS sources)
     if(NOT IS_ABSOLUTE ${source}) # what is generated, and what is another part's, stays alone
