@@ -3,14 +3,16 @@
 
 import sys
 import tempfile
+import time
 import unittest
 from pathlib import Path
 
 PROJECT = Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(PROJECT / "tools" / "mutate"))
 from operators import mutants_of  # noqa: E402
-from subjects import MODULE  # noqa: E402
-from switchboard import Switchboard, examples_in  # noqa: E402
+from subjects import MODULE, TOOL, Test  # noqa: E402
+from switchboard import EXAMPLES_TOGETHER, Switchboard, examples_in  # noqa: E402
+from tree import Tree  # noqa: E402
 
 FILE = "src/mix/Verdict.h"
 TEXT = "{\n    a = 1;\n    b = 0;\n\n\n\n\n\n    c = 0;\n}\n"
@@ -71,6 +73,37 @@ class Examples(unittest.TestCase):
             (Path(folder) / "b.txt").write_text("# $ qxmix\n\n$ qxmix types   [exit 0]\nx\n$ qxmix mix \\\n")
             (Path(folder) / "a.txt").write_text("$ qxmix mix   [exit 2]\n")
             self.assertEqual(examples_in(Path(folder)), ["a.txt:1", "b.txt:3", "b.txt:5"])
+
+
+class Runs(unittest.TestCase):
+    def test_leave_nothing_behind(self):
+        with tempfile.TemporaryDirectory() as folder:
+            tree = Tree(PROJECT, folder, MODULE)
+            command = "sleep 600 >/dev/null 2>&1 & echo $!; exit 3"
+            status, output = tree.run(["sh", "-c", command])
+            self.assertEqual(status, 3)
+            for _ in range(100):
+                state = Path(f"/proc/{int(output)}/stat")
+                if not state.exists() or state.read_text().rpartition(") ")[2].startswith("Z"):
+                    return
+                time.sleep(0.05)
+            self.fail("it goes on")
+
+
+class SeveralExamples(unittest.TestCase):
+    def test_are_one_run_in_their_order(self):
+        with tempfile.TemporaryDirectory() as folder:
+            board = Switchboard(PROJECT, Path(folder) / "tree", TOOL, [])
+            tests = [Test(name, ("x",), {"QXMIX_EXAMPLE": name}, suites="examples")
+                     for name in map(str, range(EXAMPLES_TOGETHER + 2))]
+            board.tree.seconds = {test: 2 for test in tests}
+            other = Test("other", ("y",))
+            joined = board._together([other, *tests])
+            self.assertEqual([test.name for test in joined], [
+                "other", ",".join(test.name for test in tests[:-2]), f"{tests[-2].name},{tests[-1].name}"])
+            self.assertEqual(joined[2].settings["QXMIX_EXAMPLE"], joined[2].name)
+            self.assertEqual([board.tree.seconds[test] for test in joined[1:]],
+                             [2 * EXAMPLES_TOGETHER, 4])
 
 
 if __name__ == "__main__":

@@ -107,6 +107,15 @@ class Tree:
             try:
                 output = process.communicate(timeout=seconds)[0]
             except subprocess.TimeoutExpired:
-                os.killpg(process.pid, signal.SIGKILL)  # what it has started holds its output open
+                end_all_of(process)  # what it has started holds its output open
                 return -1, ""
+            end_all_of(process)  # a script that ends itself leaves a program that never does
             return process.returncode, output.decode(errors="replace")
+
+
+def end_all_of(process):
+    """Ends what is left of a process and of all that it has started."""
+    try:
+        os.killpg(process.pid, signal.SIGKILL)
+    except ProcessLookupError:
+        pass

@@ -38,7 +38,10 @@ TEST(MixTraits, AreThoseOfEachMix) {
 TEST(MixTraits, OfNumbersThatNoMixHasAreNone) {
     for (const int mix : {0, kLastMix + 1, UINT16_MAX}) {
         const MixTraits& traits = Traits(static_cast<std::uint16_t>(mix));
-        EXPECT_FALSE(traits.keepsMinimum || traits.rescalesNotes || traits.isFirstFit) << mix;
+        EXPECT_FALSE(traits.keepsMinimum || traits.passesOverLow || traits.rescalesNotes ||
+                     traits.isFirstFit || traits.comparesShares || traits.comparesEvenness ||
+                     traits.stopsAtLimit || traits.refusesInSilence)
+            << mix;
         EXPECT_EQ(traits.mostUnits, 0U) << mix;
     }
 }

@@ -41,6 +41,18 @@ TEST(SheetColumns, FindsTheSeparatorByTheHeadings) {
     EXPECT_EQ(FirstRow("sep=;\ntime;amount\n1;2"), expected);
 }
 
+TEST(SheetColumns, FindsTheSeparatorThatPartsMostWhereNoHeadingIsWanted) {
+    const auto error = [](const std::string& headings) {
+        return ErrorOfColumns("x" + headings + "\n").substr(12);
+    };
+    const std::string rest = "; expected it, or --columns time=NAME";
+    EXPECT_EQ(error("a,b;c;d"), "no column time in xa,b, c, d" + rest);
+    EXPECT_EQ(error("a,b,c;d"), "no column time in xa, b, c;d" + rest);
+    EXPECT_EQ(error("a,b;c"), "no column time in xa, b;c" + rest) << "of two the comma";
+    EXPECT_EQ(FirstRow("time;amount;b,c,d,e\n1;2;x"), (Lines{"1", "2", ""}))
+        << "unless another one finds more that is wanted";
+}
+
 TEST(SheetColumns, TakesColumnsInAnyOrderBesideOthers) {
     EXPECT_EQ(FirstRow("card,Currency, AMOUNT,,time\nx,USD,2,y,1"), (Lines{"1", "2", "USD"}));
     EXPECT_EQ(FindColumns("list.csv", "card,amount,time,,\"a\nb\"\n", kWanted).others,
