@@ -25,6 +25,43 @@ std::string ErrorOfAmountsOf(const std::string& amounts) {
     return ErrorText([&amounts] { WithAmounts(amounts); });
 }
 
+/// "10 to 500 in 10": what is asked of a dispenser whose file names no amounts.
+std::string Defaults(const char* inlined, int exponent) {
+    Dispenser dispenser = ReadInlineDispenser(inlined);
+    dispenser.exponent = static_cast<std::int16_t>(exponent);
+    const Amounts amounts = AmountsWithDefaults(dispenser);
+    return std::to_string(*amounts.min) + " to " + std::to_string(*amounts.max) + " in " +
+           std::to_string(*amounts.step);
+}
+
+TEST(AmountsWithDefaults, GoInStepsOfWhatValuesHaveInCommonToTenTimesTheLargest) {
+    EXPECT_EQ(Defaults("EUR:50x1,20x1", 0), "10 to 500 in 10");
+    EXPECT_EQ(Defaults("EUR:50x1,USD200x1,20x1", 0), "10 to 500 in 10");
+    EXPECT_EQ(Defaults("EUR:50x1,20x1", -1), "100 to 5000 in 100");
+    EXPECT_EQ(Defaults("EUR:50x1,20x1", 1), "1 to 50 in 1");
+    EXPECT_EQ(Defaults("EUR:50x1,20x1", 2), "1 to 5 in 1");
+    EXPECT_EQ(Defaults("EUR:50x1,20x1", 3), "1 to 1 in 1") << "one at least";
+    EXPECT_EQ(Defaults("EUR:0x1", 0), "1 to 1 in 1");
+    EXPECT_EQ(Defaults("EUR:USD50x1", 0), "1 to 1 in 1");
+}
+
+TEST(AmountsWithDefaults, LeaveCoinsTheirValue) {
+    for (const char* const coin : {"coinCylinder", "coinDispenser"}) {
+        EXPECT_EQ(Defaults(("CHF:50x1:" + std::string(coin)).c_str(), -2), "50 to 500 in 50");
+        EXPECT_EQ(Defaults(("CHF:50x1:" + std::string(coin)).c_str(), 1), "5 to 50 in 5");
+    }
+    for (const char* const note : {"billCassette", "coupon", "retractCassette", "recycling"}) {
+        EXPECT_EQ(Defaults(("CHF:50x1:" + std::string(note)).c_str(), -2), "5000 to 50000 in 5000");
+    }
+}
+
+TEST(AmountsWithDefaults, AreHeldToTheLargestAmount) {
+    EXPECT_EQ(Defaults("EUR:4294967295x1", 0), "4294967295 to 4294967295 in 4294967295");
+    EXPECT_EQ(Defaults("EUR:429496729x1", 0), "429496729 to 4294967290 in 429496729");
+    EXPECT_EQ(Defaults("EUR:50x1", -9), "4294967295 to 4294967295 in 4294967295");
+    EXPECT_EQ(Defaults("EUR:50x1", -32768), "4294967295 to 4294967295 in 4294967295");
+}
+
 TEST(AmountsByCurrency, AreReadForEach) {
     const Dispenser dispenser =
         WithAmounts(R"({"EUR":{"min":50,"buttons":[100]},"USD":{"max":80,"step":20}})");
