@@ -259,4 +259,10 @@ TEST(CalcEqualEmptying, GoesOnBelowTheAmountForWrappedSharesThatThePlainLoopsMee
         Chosen({2, 1, 10}));
 }
 
+TEST(CalcEqualEmptying, FallsShortByWhatTheValuesDivide) {
+    const Table table = Table().Bill(30, 9).Bill(14, 9).Bill(4, 9).Partial();
+    EXPECT_EQ(Pay(Table(table).Amount(2)), Chosen({0, 0, 0}));
+    EXPECT_EQ(Pay(Table(table).Amount(6)), Chosen({0, 0, 1}));
+}
+
 }  // namespace

@@ -90,6 +90,22 @@ TEST(DecideFirstFit, GoesOnToTheLineOnWhichCoinsOfTheOuterUnitAreWithinTheLimit)
     EXPECT_EQ((Counts{4, 0xFFFFFFFB, 3}), Decide(table).refusal.combination);
 }
 
+TEST(DecideFirstFit, GoesOnToTheLineOnWhichMoreThanTheLastUnitHoldsIsPaid) {
+    const Table table = Table().Bill(10, 50).Bill(20, 9).Bill(50, 1).Amount(300).Limit(20);
+    ExpectFound(table, {13, 6, 1});
+    EXPECT_EQ((Counts{14, 8, 0}), Decide(table).refusal.combination);
+}
+
+TEST(DecideFirstFit, EndsWithTwoUnitsWhereAllThatFallShortAreOverTheLimit) {
+    // Four items are over the limit by four steps. Two steps on the second unit is short, and four
+    // steps on what is left to it has wrapped.
+    EXPECT_EQ(
+        Ending::Failed,
+        Decide(
+            Table().Bill(0x3FFFFFFF, 2).Bill(0x40000000, 2).Amount(0xFFFFFFFF).Limit(0).Partial())
+            .ending);
+}
+
 TEST(DecideFirstFit, TellsWhereNothingAtAllIsRefused) {
     // All values are even, and so is every rest that has wrapped.
     const FirstFitDecision decision =

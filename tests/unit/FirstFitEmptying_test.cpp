@@ -124,4 +124,20 @@ TEST(CalcFirstFitEmptying, RunsLoopsThatStartAt2To31) {
               kNotDispensed);
 }
 
+/// Three times 2^28 from values of 5 and of 2 times 2^27: what is left to the second may wrap, so
+/// that the loops themselves run. They come to (1, 0), (0, 3) which is exact, (-1, 5), (-2, 8)
+/// which is exact too, (-3, 10), (-4, 13), and then the second is short.
+Table MoneyThatWraps() {
+    return Table().Bill(0x28000000, 1).Bill(0x10000000, 13).Amount(0x30000000);
+}
+
+TEST(CalcFirstFitEmptying, RunsTheLoopsOverMoneyThatWraps) {
+    EXPECT_EQ(Pay(MoneyThatWraps()), Chosen({0, 3}));
+    EXPECT_EQ(Pay(MoneyThatWraps().Limit(3)), Chosen({0, 3}));
+    EXPECT_EQ(Pay(MoneyThatWraps().Limit(3).Partial()), Chosen({0, 3}));
+    EXPECT_EQ(Pay(MoneyThatWraps().Limit(2)), kNotDispensed);
+    EXPECT_EQ(Pay(MoneyThatWraps().Limit(2).Partial()), Chosen({1, 0}, "971A3"));
+    EXPECT_EQ(Pay(MoneyThatWraps().Limit(0).Partial()), kNotDispensed);
+}
+
 }  // namespace
