@@ -33,22 +33,30 @@ std::string ErrorFrom(const Json& json) {
     return ErrorText([&json] { DispenserFrom(json); });
 }
 
-/// The pointers to all that holds nothing further, and to all that does.
-void Collect(const Json& json,
-             const std::string& pointer,
-             std::vector<std::string>& leaves,
-             std::vector<std::string>& objects) {
+/// Pointers to places of a file.
+struct Places {
+    std::vector<std::string> leaves;   ///< what holds nothing further
+    std::vector<std::string> objects;  ///< what holds fields
+};
+
+void Collect(const Json& json, const std::string& pointer, Places& places) {
     if (json.is_object()) {
-        objects.push_back(pointer);
+        places.objects.push_back(pointer);
     }
     for (const auto& field : json.items()) {
         const std::string below = pointer + "/" + field.key();
         if (field.value().is_structured()) {
-            Collect(field.value(), below, leaves, objects);
+            Collect(field.value(), below, places);
         } else {
-            leaves.push_back(below);
+            places.leaves.push_back(below);
         }
     }
+}
+
+Places PlacesOfAll() {
+    Places places;
+    Collect(WholeDispenser(), "", places);
+    return places;
 }
 
 TEST(DispenserFields, AreAllRead) {
@@ -62,9 +70,7 @@ TEST(DispenserFields, AreAllRead) {
 }
 
 TEST(DispenserFields, AreRefusedAtTheirPlace) {
-    std::vector<std::string> leaves;
-    std::vector<std::string> objects;
-    Collect(WholeDispenser(), "", leaves, objects);
+    const std::vector<std::string> leaves = PlacesOfAll().leaves;
     EXPECT_EQ(leaves.size(), 34U);
     for (const std::string& leaf : leaves) {
         Json wrong = WholeDispenser();
@@ -74,9 +80,7 @@ TEST(DispenserFields, AreRefusedAtTheirPlace) {
 }
 
 TEST(DispenserFields, HaveNoOthersBesideThem) {
-    std::vector<std::string> leaves;
-    std::vector<std::string> objects;
-    Collect(WholeDispenser(), "", leaves, objects);
+    const std::vector<std::string> objects = PlacesOfAll().objects;
     EXPECT_EQ(objects.size(), 10U);
     for (const std::string& object : objects) {
         Json wrong = WholeDispenser();
