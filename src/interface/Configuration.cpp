@@ -15,7 +15,7 @@ constexpr unsigned kTextCharacters = 64;
 /// @param size  room for them.
 LONG QueryBytes(HKEY key, const PlatformChar* name, void* bytes, DWORD size) noexcept {
     // Nothing reads the type, but older systems refuse a call that names no place for it.
-    DWORD type = 0;
+    DWORD type{};
     return RegQueryValueExW(key, name, nullptr, &type, static_cast<std::uint8_t*>(bytes), &size);
 }
 

@@ -11,7 +11,8 @@ from pathlib import Path
 FIRST_BUILD_SECONDS = 7200
 BUILD_SECONDS = 600
 # A test may take so many times the processor time that it took without a mutant, and never less
-# than one second: the load of the machine does not count. What waits instead of working has the clock.
+# than one second: the load of the machine does not count. What waits instead of working has the clock; what
+# would work if the machine let it has not.
 PATIENCE = 10
 LEAST_SECONDS = 1
 WAIT_SECONDS = 30
@@ -104,13 +105,28 @@ class Tree:
         with subprocess.Popen(command, cwd=self.folder, env={**os.environ, **(settings or {})},
                               stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
                               preexec_fn=limit) as process:
-            try:
-                output = process.communicate(timeout=seconds)[0]
-            except subprocess.TimeoutExpired:
-                end_all_of(process)  # what it has started holds its output open
-                return -1, ""
+            output = None
+            while output is None:
+                try:
+                    output = process.communicate(timeout=seconds)[0]
+                except subprocess.TimeoutExpired:
+                    if not processor_seconds or not wants_to_work(process.pid):
+                        end_all_of(process)  # what it has started holds its output open
+                        return -1, ""
             end_all_of(process)  # a script that ends itself leaves a program that never does
             return process.returncode, output.decode(errors="replace")
+
+
+def wants_to_work(group):
+    """Whether a process of this group works, or waits for nothing but a processor: its limit ends it."""
+    for stat in Path("/proc").glob("[0-9]*/stat"):
+        try:
+            state, _, its_group = stat.read_text().rpartition(")")[2].split()[:3]
+        except OSError:  # it has ended meanwhile
+            continue
+        if int(its_group) == group and state == "R":
+            return True
+    return False
 
 
 def end_all_of(process):
