@@ -59,12 +59,9 @@ private:
         return {{std::int64_t{most} - fewer, left / value, 0}, left % value};
     }
 
-    /// On purpose only less than the amount: what is unpaid may exceed it where the first count has
-    /// run past 0, and what is paid then wraps.
-    bool IsShort(const Step& step) const noexcept {
-        return step.unpaid != 0 && step.unpaid <= units_.amount;
-    }
-
+    /// Short of the amount is every step that leaves something unpaid, never more than the amount:
+    /// where the first count has run past 0 and the total has not, the second unit has as many
+    /// items at least, each worth more.
     bool FindShort(Counts& found, Refusal& refusal) const noexcept {
         std::uint32_t fewer = 0;
         for (;;) {
@@ -78,18 +75,18 @@ private:
             if (off == kForEver) {
                 return false;
             }
-            if (off == 0 && IsShort(step)) {
+            if (off == 0) {  // and not exact: that would have been found before
                 found = CombinationOf(step.taken);
                 break;
             }
             // This may lead past the step at which the last unit is short, and what is left may
             // wrap there: once, to so little that the total is below 0. That ends the search too.
-            fewer += std::max(off, 1U);
+            fewer += off;
         }
         // All before it that fall short are over the limit.
         while (fewer-- != 0) {
             const Step step = StepAt(fewer);
-            if (IsShort(step)) {
+            if (step.unpaid != 0) {
                 refusal.Remember(CombinationOf(step.taken));
                 break;
             }

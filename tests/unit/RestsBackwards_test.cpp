@@ -65,6 +65,10 @@ TEST(RestsBackwards, FindsNothingOddAmongEvenRests) {
     const RestsBackwards<32> even(0x80000002, 500);
     EXPECT_EQ(77U, even.LinesTo({1, 1000000}, 2000, 77));
     EXPECT_EQ(0U, even.LinesTo({0, 1000000}, 2000, 77));
+    // The value is a power of two, forwards or backwards: the one way or the other becomes nothing.
+    const std::uint64_t cycle = std::uint64_t{1} << 32U;
+    EXPECT_EQ(cycle, RestsBackwards<32>(4, 1).LinesTo({2, 1}, 1, cycle));
+    EXPECT_EQ(cycle, RestsBackwards<32>(0xFFFFFFFC, 1).LinesTo({2, 1}, 1, cycle));
 }
 
 }  // namespace
