@@ -65,7 +65,7 @@ void CMixAlgorithm::ReadCstMinimum4Mix6() noexcept {
     ulCstMinimum4Mix6 = kDefaultCstMinimum4Mix6;
     HKEY key = nullptr;
     PlatformChar noClass[] = TEXT("");
-    DWORD disposition = 0;  // unread, but older systems want a place for it
+    DWORD disposition{};  // unread, but older systems want a place for it
     if (RegCreateKeyExW(HKEY_LOCAL_MACHINE, TEXT("SOFTWARE\\ATM\\DevInfo\\CDM\\"), 0, noClass, 0,
                         KEY_ALL_ACCESS, nullptr, &key, &disposition) == ERROR_SUCCESS) {
         u16le text[kTextCharacters] = {};

@@ -26,7 +26,7 @@ public:
         : distance_(distance), common_(std::min(PowerOfTwoIn(value), PowerOfTwoIn(distance))),
           stride_(PowerOfTwoIn(distance) / common_),
           inverse_(InverseOf(distance / PowerOfTwoIn(distance))), step_(value / common_ * inverse_),
-          strideFactor_(InverseOf(step_ | 1U)), circle_(kWords / PowerOfTwoIn(distance)) {}
+          strideFactor_(InverseOf(step_)), circle_(kWords / PowerOfTwoIn(distance)) {}
 
     /// How many lines before this one a rest lies in the series; `most` where there is none on so
     /// many lines.

@@ -56,7 +56,7 @@ private:
         const std::uint32_t left =
             units_.amount - units_.values[0] * most + units_.values[0] * fewer;
         const std::uint32_t value = units_.values[1];
-        return {{std::int64_t{most} - fewer, left / value, 0}, left % value};
+        return {{std::int64_t{most} - fewer, left / value, {}}, left % value};
     }
 
     /// Short of the amount is every step that leaves something unpaid, never more than the amount:

@@ -207,6 +207,16 @@ TEST(ShareBound, IsAboveJustWhereNoSumComesTo2To32) {
     EXPECT_GT(above, kDraws / 10);
 }
 
+TEST(ShareBound, LeavesToBeTriedWhatHasAShareOf2To31) {
+    const SearchUnits units =
+        Table().Bill(500, 100).Bill(200, 100).Bill(100, 100).Bill(50, 100).Bill(20, 40).Units();
+    const Shares shares(units);
+    const ShareBound bound(units, shares, 1);
+    // Of 4,000,000,000: the two differences beside it come to less than 2^32, the wrapped ones too.
+    EXPECT_TRUE(bound.IsAbove(0, ChosenUpTo(2, shares, {0, 53, 0}), 2, 0));
+    EXPECT_FALSE(bound.IsAbove(0, ChosenUpTo(2, shares, {0, 54, 0}), 2, 0));
+}
+
 /// A line of combinations, and what is found on it by trying all.
 struct Line {
     SearchUnits units;
