@@ -47,9 +47,9 @@ public:
     }
 
 private:
-    // NOLINTNEXTLINE(bugprone-dynamic-static-initializers) taken wrongly for what is made at run
-    // time
+    // NOLINTBEGIN(bugprone-dynamic-static-initializers) taken wrongly for what is made at run time
     static constexpr std::uint64_t kWords = std::uint64_t{1} << kWordBits;
+    // NOLINTEND(bugprone-dynamic-static-initializers)
 
     /// A distance round the circle, and after how many turns a number has gone it.
     struct Way {
@@ -72,43 +72,57 @@ private:
         return inverse;
     }
 
+    /// A number that falls round the circle.
+    struct Fall {
+        std::uint32_t place;
+        std::uint64_t turns;  ///< gone so far
+        Way down;
+        Way up;
+
+        /// Makes the way down shorter by ways up, until the number can go it.
+        void ShortenDown() noexcept {
+            const std::uint32_t ways = down.distance / up.distance;
+            const std::uint32_t before =
+                place >= down.distance ? 0 : (down.distance - place - 1) / up.distance + 1;
+            if (before < ways) {
+                place -= down.distance - before * up.distance;
+                turns += down.turns + before * up.turns;
+            }
+            down.distance -= ways * up.distance;
+            down.turns += ways * up.turns;
+        }
+
+        /// Makes the way up shorter by ways down, and goes down to what is left, or below `number`.
+        void ShortenUp(std::uint64_t number) noexcept {
+            const std::uint32_t ways = up.distance / down.distance;
+            up.distance -= ways * down.distance;
+            up.turns += ways * down.turns;
+            const std::uint64_t end = std::max(number, std::uint64_t{down.distance} + up.distance);
+            if (place >= end) {
+                const auto gone = static_cast<std::uint32_t>((place - end) / down.distance + 1);
+                place -= gone * down.distance;
+                turns += gone * down.turns;
+            }
+        }
+    };
+
     /// After how many turns of step_ backwards round the circle a number is first below `number`;
     /// `most` or more where that takes longer, or never happens.
     std::uint64_t
     TurnsBelow(std::uint64_t number, std::uint32_t place, std::uint64_t most) const noexcept {
         const auto step = static_cast<std::uint32_t>(step_ & (circle_ - 1));
-        Way down{step, 1};
-        Way up{static_cast<std::uint32_t>(circle_ - step), 1};
-        std::uint64_t turns = 0;
-        while (place >= number && turns < most) {
-            if (down.distance == 0 || up.distance == 0) {
+        Fall fall{place, 0, {step, 1}, {static_cast<std::uint32_t>(circle_ - step), 1}};
+        while (fall.place >= number && fall.turns < most) {
+            if (fall.down.distance == 0 || fall.up.distance == 0) {
                 return most;
             }
-            if (down.distance >= up.distance) {
-                // The way down becomes shorter by ways up, until what is here can go it.
-                const std::uint32_t ways = down.distance / up.distance;
-                const std::uint32_t before =
-                    place >= down.distance ? 0 : (down.distance - place - 1) / up.distance + 1;
-                if (before < ways) {
-                    place -= down.distance - before * up.distance;
-                    turns += down.turns + before * up.turns;
-                }
-                down.distance -= ways * up.distance;
-                down.turns += ways * up.turns;
+            if (fall.down.distance >= fall.up.distance) {
+                fall.ShortenDown();
             } else {
-                const std::uint32_t ways = up.distance / down.distance;
-                up.distance -= ways * down.distance;
-                up.turns += ways * down.turns;
-                const std::uint64_t end =
-                    std::max(number, std::uint64_t{down.distance} + up.distance);
-                if (place >= end) {
-                    const auto gone = static_cast<std::uint32_t>((place - end) / down.distance + 1);
-                    place -= gone * down.distance;
-                    turns += gone * down.turns;
-                }
+                fall.ShortenUp(number);
             }
         }
-        return turns;
+        return fall.turns;
     }
 
     std::uint32_t distance_;
