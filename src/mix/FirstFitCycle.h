@@ -166,7 +166,7 @@ private:
         }
         const PairRests rests(units_, pair_.Divisor());
         const RestsBackwards<kWordBits> lines(OuterValue(), rests.Distance());
-        const std::uint32_t rest = Wrap(std::uint64_t{line.rest} - OuterValue());
+        const std::uint32_t rest = LineAt(line.number - 1).rest;
         std::uint64_t nearest = line.number;
         for (std::uint64_t series = 0; series < rests.Number(); ++series) {
             nearest = lines.LinesTo(rests.Series(series), rest, nearest);

@@ -7,7 +7,7 @@
 /// 0 too: for each count of the one unit a series over those of the other.
 ///
 /// Counts of the last unit that leave the same residue to the other pay the same series, the larger
-/// one more of it. So there are few series the one way or the other: about 2^16 at most, since all
+/// one more of it. So there are few series the one way or the other: fewer than 2^17, since all
 /// that the last unit holds is worth less than 2^32.
 class PairRests {
 public:

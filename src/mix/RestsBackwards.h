@@ -19,9 +19,8 @@ struct RestSeries {
 template <unsigned kWordBits>
 class RestsBackwards {
 public:
-    /// @param value     by which the rest falls from line to line backwards; not 0, nor is the
-    /// next.
-    /// @param distance  of the series that are asked for.
+    /// @param value     by which the rest falls from line to line backwards, not 0.
+    /// @param distance  of the series that are asked for, not 0.
     RestsBackwards(std::uint32_t value, std::uint32_t distance) noexcept
         : distance_(distance), common_(std::min(PowerOfTwoIn(value), PowerOfTwoIn(distance))),
           stride_(PowerOfTwoIn(distance) / common_),
@@ -62,7 +61,8 @@ private:
         return number & (0U - number);
     }
 
-    /// The inverse of an odd number modulo 2^32: each line doubles the bits that are right.
+    /// The inverse of an odd number modulo 2^32: each line doubles the bits that are right. Of an
+    /// even one no bit is used.
     static std::uint32_t InverseOf(std::uint32_t odd) noexcept {
         std::uint32_t inverse = odd;
         inverse *= 2 - odd * inverse;

@@ -89,6 +89,14 @@ class Runs(unittest.TestCase):
                 time.sleep(0.05)
             self.fail("it goes on")
 
+    def test_wait_for_a_processor_but_for_nothing_else(self):
+        with tempfile.TemporaryDirectory() as folder:
+            tree = Tree(PROJECT, folder, MODULE)
+            works = "import time\nwhile time.process_time() < 1: pass"
+            self.assertEqual(tree.run(["python3", "-c", works], seconds=0.3, processor_seconds=60)[0], 0)
+            self.assertEqual(tree.run(["sleep", "600"], seconds=0.3, processor_seconds=60), (-1, ""))
+            self.assertEqual(tree.run(["python3", "-c", works], seconds=0.3), (-1, ""))
+
 
 class SeveralExamples(unittest.TestCase):
     def test_are_one_run_in_their_order(self):
